@@ -1,0 +1,1 @@
+#include "platform/variant/Variant.h"

@@ -1,0 +1,7 @@
+#include "zolmar.h"
+
+namespace zlx {
+
+QString LibraryVersion() { return QStringLiteral(ZLX_VERSION); }
+
+} // namespace zlx
