@@ -10,6 +10,7 @@ pgdir=$(mktemp -d /tmp/zlx-pg.XXXXXX)
 port=${ZLX_PG_PORT:-55432}
 trap '"$root/scripts/pg-cluster.sh" stop "$pgdir"' EXIT
 "$root/scripts/pg-cluster.sh" start "$pgdir" "$port"
+export ZLX_REQUIRE_PG=1
 export ZLX_TEST_PG="host=127.0.0.1 port=$port user=postgres dbname=zlxtest"
 export ZLX_TEST_ODBC_PG="Driver=/usr/lib/x86_64-linux-gnu/odbc/psqlodbcw.so;Server=127.0.0.1;Port=$port;Database=zlxtest;Uid=postgres;Pwd="
 cd "$build"

@@ -1,0 +1,61 @@
+#pragma once
+// Enumerations of the connection subsystem, with their original values.
+
+namespace zlx {
+
+enum zlxDataProviderConstants {
+    zlxDataProvider_None = 0,
+    zlxDataProvider_JET40 = 1,
+    zlxDataProvider_MSDE = 2,
+    zlxDataProvider_FOX = 3,
+    zlxDataProvider_EXCEL = 4
+};
+
+enum zlxLikeConstants {
+    zlxLikeConstantsNone = 0,
+    zlxLikeConstantsBefore = 1,
+    zlxLikeConstantsAfter = 2,
+    zlxLikeConstantsAll = 3
+};
+
+enum zlxTblColumnType {
+    zlxTblColumnTypeNone = 0,
+    zlxTblColumnTypeI1 = 1,
+    zlxTblColumnTypeI2 = 2,
+    zlxTblColumnTypeI4 = 3,
+    zlxTblColumnTypeI8 = 4,
+    zlxTblColumnTypeSingle = 5,
+    zlxTblColumnTypeDouble = 6,
+    zlxTblColumnTypeChar = 7,
+    zlxTblColumnTypeCharFixed = 8,
+    zlxTblColumnTypeMemo = 9,
+    zlxTblColumnTypeDate = 10,
+    zlxTblColumnTypeTime = 11,
+    zlxTblColumnTypeDateTime = 12,
+    zlxTblColumnTypeImage = 13,
+    zlxTblColumnTypeCurrency = 14,
+    zlxTblColumnTypeDecimal = 15
+};
+
+// Display type of the companion controls: what kind of text box shows a column.
+enum zlxDisplayType { zlxDisplayText = 0, zlxDisplayNumber = 1, zlxDisplayDate = 2 };
+
+enum zlxWhereConstants {
+    zlxWhere_Like = 0,
+    zlxWhere_Menor = 1,
+    zlxWhere_MenorIgual = 2,
+    zlxWhere_Igual = 3,
+    zlxWhere_MayorIgual = 4,
+    zlxWhere_Mayor = 5,
+    zlxWhere_Distinto = 6,
+    zlxWhere_Codigos = 7,
+    zlxWhere_ListaPalabras = 8
+};
+
+enum zlxChk2WhereConstants {
+    zlxChk2Where_Enumerados = 0,
+    zlxChk2Where_Alguno = 1,
+    zlxChk2Where_Todos = 2
+};
+
+} // namespace zlx
