@@ -18,9 +18,8 @@ TEST(PonComillas, QuotesDoublesApostrophesAndTrimsAfterWildcards) {
 
 TEST(SqlText, DateAndTimeExpressions) {
     EXPECT_EQ(SqlText::SoloFecha("f.Alta"), "CAST(FLOOR(CAST(f.Alta AS FLOAT)) AS DATETIME)");
-    EXPECT_EQ(SqlText::SoloHora("h"),
-              "RIGHT('00'+RTRIM(CAST(DATEPART(hh,h) AS CHAR)),2) + ':' + "
-              "RIGHT('00'+RTRIM(CAST(DATEPART(mi,h) AS CHAR)),2)");
+    EXPECT_EQ(SqlText::SoloHora("h"), "RIGHT('00'+RTRIM(CAST(DATEPART(hh,h) AS CHAR)),2) + ':' + "
+                                      "RIGHT('00'+RTRIM(CAST(DATEPART(mi,h) AS CHAR)),2)");
     EXPECT_EQ(SqlText::SoloHora("h", true),
               "RIGHT('00'+RTRIM(CAST(DATEPART(hh,h) AS CHAR)),2) + ':' + "
               "RIGHT('00'+RTRIM(CAST(DATEPART(mi,h) AS CHAR)),2) + ':' + "

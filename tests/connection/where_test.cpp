@@ -24,7 +24,7 @@ TEST(Str2Where, SearchLanguageInLikeMode) {
     EXPECT_EQ(Typed("*gar*"), " AND C.nombre LIKE '%gar%'");
     EXPECT_EQ(Typed("gar*cia"), " AND C.nombre LIKE 'gar%cia'");
     EXPECT_EQ(Typed("10%"), " AND C.nombre LIKE '10|%' ESCAPE '|'");
-    EXPECT_EQ(Typed("a_b"), " AND C.nombre LIKE 'a|_b' ESCAPE '|'");
+    EXPECT_EQ(Typed("a_b"), " AND C.nombre LIKE 'a|_b%' ESCAPE '|'");
     EXPECT_EQ(Typed("|*"), " AND C.nombre LIKE '*'");
     EXPECT_EQ(Typed("a|*b"), " AND C.nombre LIKE 'a*b'");
     EXPECT_EQ(Typed("O'Neil"), " AND C.nombre LIKE 'O''Neil%'");
@@ -48,8 +48,9 @@ TEST(Str2Where, ComparisonsAndWordLists) {
 }
 
 TEST(Str2Where, CodeListsAndRanges) {
-    EXPECT_EQ(Typed("1, 5-9, -3, 20-, 0, 7", zlxWhere_Codigos),
-              " AND ((C.codigo BETWEEN 5 AND 9) OR C.codigo<=3 OR C.codigo>=20 OR C.codigo IN (1, 7))");
+    EXPECT_EQ(
+        Typed("1, 5-9, -3, 20-, 0, 7", zlxWhere_Codigos),
+        " AND ((C.codigo BETWEEN 5 AND 9) OR C.codigo<=3 OR C.codigo>=20 OR C.codigo IN (1, 7))");
     EXPECT_EQ(Typed("0, ,", zlxWhere_Codigos), "");
     EXPECT_EQ(Typed("4", zlxWhere_Codigos), " AND (C.codigo IN (4))");
 }
@@ -71,9 +72,9 @@ TEST(CheckBoxes2Where, BitsAndEnumerations) {
 }
 
 TEST(ReplaceWhere, SwapsPiecesIncludingTheFirstCondition) {
-    EXPECT_EQ(WhereBuilder::ReplaceWhere("SELECT * FROM t WHERE a=1 AND b=2", {" AND a=1"},
-                                         {" AND a=3"}),
-              "SELECT * FROM t WHERE b=2 AND a=3");
+    EXPECT_EQ(
+        WhereBuilder::ReplaceWhere("SELECT * FROM t WHERE a=1 AND b=2", {" AND a=1"}, {" AND a=3"}),
+        "SELECT * FROM t WHERE b=2 AND a=3");
 }
 
 TEST(Str2Where, AnyTypedTextGivesAnAppendablePieceOrNothing) {

@@ -61,10 +61,13 @@ public:
 };
 using ObjectPtr = std::shared_ptr<Object>;
 
+struct Decimal;
+
 // Currency: a 64-bit integer scaled by 10,000 (four decimals).
 struct Currency {
     std::int64_t scaled = 0;
     static Currency FromDouble(double value); // rounds half to even; throws overflow
+    static Currency FromDecimal(const Decimal& value);
     double ToDouble() const { return static_cast<double>(scaled) / 10000.0; }
     friend bool operator==(Currency a, Currency b) { return a.scaled == b.scaled; }
 };
@@ -155,8 +158,8 @@ public:
     Variant(ObjectPtr v) : m_value(std::move(v)) {}
     Variant(VariantArrayPtr v) : m_value(std::move(v)) {}
     template <class T>
-        requires std::is_base_of_v<Object, T>
-    Variant(std::shared_ptr<T> v) : m_value(ObjectPtr(std::move(v))) {}
+    requires std::is_base_of_v<Object, T> Variant(std::shared_ptr<T> v)
+        : m_value(ObjectPtr(std::move(v))) {}
     // 64-bit integers have no VB kind: they become Decimal (as ADO's adBigInt read into VB6).
     static Variant FromInt64(std::int64_t v);
 
@@ -168,43 +171,39 @@ public:
     static Variant MakeArray(std::vector<VariantArray::Bound> bounds);
 
     // Kind
-    VbVarType VarType() const;    // vbArray | vbVariant for arrays
-    QString TypeName() const;     // "Empty", "Null", "Integer", ..., "Variant()", object's name
+    VbVarType VarType() const; // vbArray | vbVariant for arrays
+    QString TypeName() const;  // "Empty", "Null", "Integer", ..., "Variant()", object's name
     bool IsEmpty() const { return m_value.index() == 0; }
     bool IsNull() const { return m_value.index() == 1; }
     bool IsArray() const;
     bool IsObject() const;
-    bool IsNumeric() const;       // VB's IsNumeric (strings that parse as numbers too)
-    bool IsDate() const;          // VB's IsDate
+    bool IsNumeric() const; // VB's IsNumeric (strings that parse as numbers too)
+    bool IsDate() const;    // VB's IsDate
     bool IsMissing() const;
 
     // Conversions with VB's rules (CInt, CLng, ...). They throw VariantError
     // (13 type mismatch, 6 overflow, 94 invalid use of Null).
-    bool ToBool() const;                // CBool
-    std::uint8_t ToByte() const;        // CByte
-    std::int16_t ToInt() const;         // CInt: halves round to even
-    std::int32_t ToLong() const;        // CLng: halves round to even
-    std::int64_t ToInt64() const;       // for 64-bit columns
-    float ToSingle() const;             // CSng
-    double ToDouble() const;            // CDbl
-    Currency ToCurrency() const;        // CCur
-    Decimal ToDecimal() const;          // CDec
-    Date ToDate() const;                // CDate
-    QString ToString() const;           // CStr, Spanish regional settings: "1,5", dd/mm/yyyy
-    QString ToInvariantString() const;  // as CStr but numbers with "." and dates yyyy-mm-dd hh:nn:ss
-    ObjectPtr ToObject() const;         // Set x = v (Nothing gives nullptr; non-objects throw 424)
-    VariantArrayPtr ToArray() const;    // nullptr when not an array
+    bool ToBool() const;               // CBool
+    std::uint8_t ToByte() const;       // CByte
+    std::int16_t ToInt() const;        // CInt: halves round to even
+    std::int32_t ToLong() const;       // CLng: halves round to even
+    std::int64_t ToInt64() const;      // for 64-bit columns
+    float ToSingle() const;            // CSng
+    double ToDouble() const;           // CDbl
+    Currency ToCurrency() const;       // CCur
+    Decimal ToDecimal() const;         // CDec
+    Date ToDate() const;               // CDate
+    QString ToString() const;          // CStr, Spanish regional settings: "1,5", dd/mm/yyyy
+    QString ToInvariantString() const; // as CStr but numbers with "." and dates yyyy-mm-dd hh:nn:ss
+    ObjectPtr ToObject() const;        // Set x = v (Nothing gives nullptr; non-objects throw 424)
+    VariantArrayPtr ToArray() const;   // nullptr when not an array
 
-    template <class T>
-    std::shared_ptr<T> As() const {
+    template <class T> std::shared_ptr<T> As() const {
         return std::dynamic_pointer_cast<T>(ToObject());
     }
 
     // Direct access to the stored value when the kind is known.
-    template <class T>
-    const T* Get() const {
-        return std::get_if<T>(&m_value);
-    }
+    template <class T> const T* Get() const { return std::get_if<T>(&m_value); }
 
     // VB's comparison of two variants: -1, 0, 1. Null compares as unknown: the result is
     // then 2 (callers treat it as "not equal"). Numbers compare by value whatever their kind,

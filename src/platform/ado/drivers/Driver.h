@@ -20,8 +20,8 @@ struct ColumnInfo {
     std::int32_t definedSize = 0; // characters for text, bytes for binary, ADO's size otherwise
     std::uint8_t precision = 0;
     std::uint8_t numericScale = 0;
-    std::int32_t attributes = 0;  // FieldAttributeEnum bits
-    QString baseTable;            // table the column comes from, when the engine tells
+    std::int32_t attributes = 0; // FieldAttributeEnum bits
+    QString baseTable;           // table the column comes from, when the engine tells
     QString baseColumn;
     bool keyColumn = false;
     bool autoIncrement = false;
@@ -44,16 +44,24 @@ public:
 };
 
 struct ConnectParams {
-    QString target;           // engine-specific: folder/file for SQLite, conninfo, ODBC string
-    QString defaultDatabase;  // SQL Server database name, "" for the engine's default
+    QString target;          // engine-specific: folder/file for SQLite, conninfo, ODBC string
+    QString defaultDatabase; // SQL Server database name, "" for the engine's default
     int connectionTimeoutSeconds = 15;
     ConnectModeEnum mode = adModeUnknown;
 };
+
+// The SQL dialect an engine speaks; SQL Server's is T-SQL, the others get it translated.
+enum class SqlDialect { SqlServer, SQLite, PostgreSQL };
 
 // One open session with an engine. Not thread-safe: used from one thread at a time.
 class Driver {
 public:
     virtual ~Driver() = default;
+
+    virtual SqlDialect Dialect() const = 0;
+    // The engine's own handle (sqlite3*, PGconn*, SQLHDBC) for layers that extend the engine,
+    // such as the T-SQL session registering SQL functions; nullptr when not connected.
+    virtual void* NativeHandle() const = 0;
 
     // Synchronous connect; throws AdoError.
     virtual void Connect(const ConnectParams& params) = 0;
