@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "connection/SqlText.h"
 #include "connection/TypeMapping.h"
 

@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "connection/WhereBuilder.h"
 
 #include <QObject>

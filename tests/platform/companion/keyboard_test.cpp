@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "platform/companion/cKeyboard.h"
 
 #include <QGuiApplication>

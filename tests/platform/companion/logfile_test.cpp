@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "platform/companion/cLogFile.h"
 
 #include <QDir>

@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "platform/companion/cMatriz.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/cMsgBox.h"
 

@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "platform/variant/Variant.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+#include "QtPrinters.h"
 #include "platform/companion/cMatriz.h"
 #include "platform/widgets/GridWindow.h"
 #include "platform/widgets/QtMsgPresenter.h"
