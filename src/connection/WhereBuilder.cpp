@@ -1,6 +1,7 @@
 #include "connection/WhereBuilder.h"
 
 #include "connection/SqlText.h"
+#include "platform/variant/NumberText.h"
 
 #include <QObject>
 #include <QStringList>
@@ -28,25 +29,21 @@ void EscapeLikeCharacters(QString& text) {
 }
 
 bool AsteriskIsWildcard(const QString& text, qsizetype i) {
-    if (i == 0)
-        return text != QStringLiteral("*");
-    if (i == 1)
-        return text.at(0) != u'|';
+    if (i == 0) return text != QStringLiteral("*");
+    if (i == 1) return text.at(0) != u'|';
     return (text.at(i - 2) == u'|' && text.at(i - 1) == u'|') || text.at(i - 1) != u'|';
 }
 
 void AsterisksToWildcards(QString& text) {
     for (qsizetype i = 0; i < text.size(); ++i)
-        if (text.at(i) == u'*' && AsteriskIsWildcard(text, i))
-            text[i] = u'%';
+        if (text.at(i) == u'*' && AsteriskIsWildcard(text, i)) text[i] = u'%';
 }
 
 void PrepareLike(QString& text) {
     text = text.trimmed();
     EscapeLikeCharacters(text);
     // A word list keeps its leading "**" and its words as typed.
-    if (!text.startsWith(QStringLiteral("**")))
-        AsterisksToWildcards(text);
+    if (!text.startsWith(QStringLiteral("**"))) AsterisksToWildcards(text);
     if (!text.contains(u'*') && !text.contains(u'%') && !text.isEmpty() &&
         text != QStringLiteral("''"))
         text += u'%';
@@ -81,12 +78,10 @@ bool ResolveEscapes(PreparedText& prepared) {
 
 PreparedText PrepareText(QString text, int nModo) {
     PreparedText prepared{std::move(text), nModo};
-    if (nModo == zlxWhere_Like)
-        PrepareLike(prepared.text);
+    if (nModo == zlxWhere_Like) PrepareLike(prepared.text);
     const bool escapedAsterisk = ResolveEscapes(prepared);
     if (prepared.text.startsWith(QStringLiteral("**"))) {
-        if (nModo == zlxWhere_Like)
-            prepared.mode = zlxWhere_ListaPalabras;
+        if (nModo == zlxWhere_Like) prepared.mode = zlxWhere_ListaPalabras;
     } else if (prepared.text == QStringLiteral("*") && !escapedAsterisk) {
         prepared = {QString(), zlxWhere_Distinto, false, true};
     } else if (prepared.text == QStringLiteral("''")) {
@@ -99,12 +94,18 @@ PreparedText PrepareText(QString text, int nModo) {
 
 QString Operator(int nModo) {
     switch (nModo) {
-    case zlxWhere_Menor: return QStringLiteral("<");
-    case zlxWhere_MenorIgual: return QStringLiteral("<=");
-    case zlxWhere_Igual: return QStringLiteral("=");
-    case zlxWhere_MayorIgual: return QStringLiteral(">=");
-    case zlxWhere_Mayor: return QStringLiteral(">");
-    default: return QStringLiteral("<>");
+    case zlxWhere_Menor:
+        return QStringLiteral("<");
+    case zlxWhere_MenorIgual:
+        return QStringLiteral("<=");
+    case zlxWhere_Igual:
+        return QStringLiteral("=");
+    case zlxWhere_MayorIgual:
+        return QStringLiteral(">=");
+    case zlxWhere_Mayor:
+        return QStringLiteral(">");
+    default:
+        return QStringLiteral("<>");
     }
 }
 
@@ -132,16 +133,14 @@ QString CodeList(const QString& cField, const QString& text) {
     QStringList codes;
     for (const QString& rawPiece : text.trimmed().split(u',')) {
         const QString piece = rawPiece.trimmed();
-        if (piece.isEmpty())
-            continue;
+        if (piece.isEmpty()) continue;
         const qsizetype dash = piece.indexOf(u'-');
         if (dash < 0) {
-            if (piece != QStringLiteral("0"))
-                codes << piece;
+            if (piece != QStringLiteral("0")) codes << piece;
             continue;
         }
-        const auto a = static_cast<long long>(std::trunc(LeadingNumber(piece.left(dash))));
-        const auto b = static_cast<long long>(std::trunc(LeadingNumber(piece.mid(dash + 1))));
+        const auto a = static_cast<long long>(std::trunc(NumberText::Val(piece.left(dash))));
+        const auto b = static_cast<long long>(std::trunc(NumberText::Val(piece.mid(dash + 1))));
         if (a != 0 && b != 0)
             ranges += QStringLiteral(" OR (%1 BETWEEN %2 AND %3)").arg(cField).arg(a).arg(b);
         else if (b != 0)
@@ -165,10 +164,9 @@ QString Build(const QString& cField, const Variant& value, int nModo, const Prep
     switch (nModo) {
     case zlxWhere_Like: {
         const QString literal = text ? text->text : value.ToString();
-        if (literal.isEmpty())
-            return QString();
-        QString condition =
-            QStringLiteral(" AND ") + cField + QStringLiteral(" LIKE ") + SqlText::PonComillas(literal);
+        if (literal.isEmpty()) return QString();
+        QString condition = QStringLiteral(" AND ") + cField + QStringLiteral(" LIKE ") +
+                            SqlText::PonComillas(literal);
         if (text && text->escape)
             condition += QStringLiteral(" ESCAPE ") + SqlText::PonComillas(QStringLiteral("|"));
         return condition;
@@ -181,38 +179,27 @@ QString Build(const QString& cField, const Variant& value, int nModo, const Prep
     case zlxWhere_Distinto:
         return text ? Comparison(cField, Variant(text->text), nModo, text->special)
                     : Comparison(cField, value, nModo, false);
-    case zlxWhere_Codigos: return CodeList(cField, text ? text->text : value.ToInvariantString());
-    case zlxWhere_ListaPalabras: return WordList(cField, text ? text->text : value.ToString());
-    default: return QString();
+    case zlxWhere_Codigos:
+        return CodeList(cField, text ? text->text : value.ToInvariantString());
+    case zlxWhere_ListaPalabras:
+        return WordList(cField, text ? text->text : value.ToString());
+    default:
+        return QString();
     }
 }
 
 } // namespace
 
-double LeadingNumber(const QString& text) {
-    const QByteArray latin = text.trimmed().toLatin1();
-    qsizetype end = 0;
-    if (end < latin.size() && (latin[end] == '-' || latin[end] == '+'))
-        ++end;
-    while (end < latin.size() && ((latin[end] >= '0' && latin[end] <= '9') || latin[end] == '.'))
-        ++end;
-    bool ok = false;
-    const double value = latin.left(end).toDouble(&ok);
-    return ok ? value : 0.0;
-}
-
 QString Condition(const QString& cField, const Variant& xValor, int nModo) {
-    if (xValor.IsNull() || xValor.IsEmpty())
-        return QString();
-    if (xValor.VarType() != vbString)
-        return Build(cField, xValor, nModo, nullptr);
+    if (xValor.IsNull() || xValor.IsEmpty()) return QString();
+    if (xValor.VarType() != vbString) return Build(cField, xValor, nModo, nullptr);
     const PreparedText prepared = PrepareText(xValor.ToString(), nModo);
     return Build(cField, xValor, prepared.mode, &prepared);
 }
 
 QString ControlCondition(const QObject& oControl, int nModo) {
-    const QString field = oControl.property("Alias").toString() + u'.' +
-                          oControl.property("Campo").toString();
+    const QString field =
+        oControl.property("Alias").toString() + u'.' + oControl.property("Campo").toString();
     return Condition(field, Variant(oControl.property("Text").toString()), nModo);
 }
 
@@ -221,8 +208,7 @@ QString CheckBoxes(const std::vector<Variant>& aBoxValues, const QString& cField
     std::int64_t mask = 0;
     QString list;
     for (std::size_t i = 0; i < aBoxValues.size() && i < aValues.size(); ++i) {
-        if (aBoxValues[i].ToDouble() == 0)
-            continue;
+        if (aBoxValues[i].ToDouble() == 0) continue;
         mask |= aValues[i].ToInt64();
         list += u',' + aValues[i].ToInvariantString();
     }
@@ -230,8 +216,7 @@ QString CheckBoxes(const std::vector<Variant>& aBoxValues, const QString& cField
         return list.isEmpty() ? QString()
                               : QStringLiteral(" AND ") + cField + QStringLiteral(" IN (") +
                                     list.mid(1) + u')';
-    if (mask == 0)
-        return QString();
+    if (mask == 0) return QString();
     const QString test = QStringLiteral(" AND (%1 & %2)").arg(cField).arg(mask);
     return nModo == zlxChk2Where_Alguno ? test + QStringLiteral(">0")
                                         : test + QStringLiteral("=%1").arg(mask);
@@ -244,8 +229,7 @@ QString ReplaceWhere(const QString& cFiltroOriginal, const std::vector<QString>&
     QString filter = cFiltroOriginal;
     filter.replace(QStringLiteral("WHERE "), dummy);
     for (const QString& piece : aSustituidos)
-        if (!piece.isEmpty())
-            filter.remove(piece);
+        if (!piece.isEmpty()) filter.remove(piece);
     for (const QString& piece : aSustitutos)
         filter += piece;
     return filter.replace(dummy, QStringLiteral("WHERE "));

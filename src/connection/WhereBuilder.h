@@ -28,8 +28,4 @@ QString CheckBoxes(const std::vector<Variant>& aBoxValues, const QString& cField
 QString ReplaceWhere(const QString& cFiltroOriginal, const std::vector<QString>& aSustituidos,
                      const std::vector<QString>& aSustitutos);
 
-// VB's Val: the number at the start of a text (blanks skipped, "." as decimal point), 0 when
-// there is none.
-double LeadingNumber(const QString& text);
-
 } // namespace zlx::WhereBuilder

@@ -6,6 +6,8 @@
 #include "platform/companion/cLogFile.h"
 #include "platform/variant/Variant.h"
 
+#include <QMetaType>
+
 namespace zlx {
 
 class cGlobales : public Object {
@@ -47,3 +49,6 @@ using cGlobalesPtr = std::shared_ptr<cGlobales>;
 bool ValorEnLista(const Variant& xValor, const Variant& aLista);
 
 } // namespace zlx
+
+// Forms carry their cGlobales in the Qt property "oAppGlobal".
+Q_DECLARE_METATYPE(zlx::cGlobalesPtr)

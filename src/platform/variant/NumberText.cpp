@@ -38,4 +38,20 @@ std::optional<QString> Normalise(const QString& input) {
     return candidate;
 }
 
+double Val(const QString& text) {
+    const QString t = text.trimmed();
+    qsizetype end = 0;
+    if (end < t.size() && (t[end] == u'-' || t[end] == u'+')) ++end;
+    bool seenDot = false;
+    for (; end < t.size(); ++end) {
+        if (t[end] == u'.' && !seenDot)
+            seenDot = true;
+        else if (!t[end].isDigit() || t[end].unicode() > 127)
+            break;
+    }
+    bool ok = false;
+    const double value = t.left(end).toDouble(&ok);
+    return ok ? value : 0.0;
+}
+
 } // namespace zlx::NumberText

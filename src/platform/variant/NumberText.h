@@ -11,4 +11,8 @@ namespace zlx::NumberText {
 // separator of either kind that appears once is decimal, repeated it groups thousands.
 std::optional<QString> Normalise(const QString& text);
 
+// The number a text begins with, as VB's Val reads it: "12abc" is 12, "1.5.3" is 1.5, "-3x"
+// is -3, text without a leading number is 0. Always "." as the decimal separator.
+double Val(const QString& text);
+
 } // namespace zlx::NumberText
