@@ -58,4 +58,35 @@ enum zlxChk2WhereConstants {
     zlxChk2Where_Todos = 2
 };
 
+enum zlxConexionErrors {
+    zlxConexionError_None = 0,
+    zlxConexionError_GenericErr = 1,
+    zlxConexionError_ConnectionBroken = 2,
+    zlxConexionError_InitExclusiveFailed = 3,
+    zlxConexionError_InitBadServer = 4,
+    zlxConexionError_InitBadUser = 5,
+    zlxConexionError_InsertBadParameter = 6,
+    zlxConexionError_InsertBadValue = 7,
+    zlxConexionError_CadInsertNull = 8,
+    zlxConexionError_XLockError = 9,
+    zlxConexionError_XLockNotSet = 10,
+    zlxConexionError_XLockLockUpdated = 11,
+    zlxConexionError_RegReadFailed = 12,
+    zlxConexionError_ExecuteFailed = 13,
+    zlxConexionError_ExecuteAsyncFailed = 14
+};
+
+enum zlxExecuteReturnConstants {
+    zlxExecuteReturn_Nothing = 0,
+    zlxExecuteReturn_Nothing_NoRowCount = 1,
+    zlxExecuteReturn_Value = 2,
+    zlxExecuteReturn_RecordSet = 3,
+    zlxExecuteReturn_Array = 4,
+    zlxExecuteReturn_cMatriz = 5,
+    zlxExecuteReturn_cDatos_Copy = 6,
+    zlxExecuteReturn_cDatos_Disconnected = 7,
+    zlxExecuteReturn_cDatos_Connected = 8,
+    zlxExecuteReturn_NewID = 9
+};
+
 } // namespace zlx
