@@ -40,4 +40,9 @@ inline cLogFile& LibraryLog() {
     return LibraryState::Instance().Log();
 }
 
+// Shorthand for the keyboard the library asks about held keys.
+inline cKeyboard& LibraryKeyboard() {
+    return *LibraryState::Instance().Keyboard();
+}
+
 } // namespace zlx

@@ -14,6 +14,8 @@ TEST(LibraryState, StartUpOpensTheLogBesideTheLibraryAndClearsTheSwitches) {
     EXPECT_FALSE(state.CtlFichaReadOnly());
     EXPECT_FALSE(state.HabilitarRegistro_LogFichas());
     ASSERT_NE(state.Keyboard(), nullptr);
+    EXPECT_EQ(&LibraryKeyboard(), state.Keyboard().get());
+    EXPECT_EQ(&LibraryLog(), &state.Log());
     EXPECT_EQ(state.Log().FileName(), LibraryState::LibraryFolder() + "/ZolmarDataCtl.log");
     QFile log(state.Log().FileName());
     ASSERT_TRUE(log.open(QIODevice::ReadOnly));

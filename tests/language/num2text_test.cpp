@@ -97,3 +97,43 @@ TEST(Num2Text, FractionsUnitsAndDecimals) {
     EXPECT_EQ(idioma.Num2Text(-0.5), "menos cincuenta céntimos de euro");
     EXPECT_EQ(idioma.Num2Text(5, 2, "dólar", "dólares"), "cinco dólares");
 }
+
+TEST(Num2Text, UnitsTeensAndHundredsOfEveryKind) {
+    const char* const units[] = {"un",   "dos",   "tres", "cuatro", "cinco",
+                                 "seis", "siete", "ocho", "nueve"};
+    for (int n = 1; n <= 9; ++n)
+        EXPECT_EQ(Plain(n), QString::fromUtf8(units[n - 1])) << n;
+    EXPECT_EQ(Plain(11), "once");
+    EXPECT_EQ(Plain(16), QString::fromUtf8("dieciséis"));
+    EXPECT_EQ(Plain(19), "diecinueve");
+    EXPECT_EQ(Plain(21), "veintiuno");
+    EXPECT_EQ(Plain(29), "veintinueve");
+    EXPECT_EQ(Plain(36), "treinta y seis");
+    EXPECT_EQ(Plain(200), "doscientos");
+    EXPECT_EQ(Plain(301), "trescientos uno");
+    EXPECT_EQ(Plain(415), "cuatrocientos quince");
+    EXPECT_EQ(Plain(666), "seiscientos sesenta y seis");
+    EXPECT_EQ(Plain(822), QString::fromUtf8("ochocientos veintidós"));
+    EXPECT_EQ(Plain(1100), "mil cien");
+    EXPECT_EQ(Plain(100100), "cien mil cien");
+    EXPECT_EQ(Plain(111000), "ciento once mil");
+    EXPECT_EQ(Plain(561000), "quinientos sesenta y un mil");
+    EXPECT_EQ(Pesetas(500), "quinientas pesetas");
+    EXPECT_EQ(Pesetas(961), "novecientas sesenta y una pesetas");
+    EXPECT_EQ(Pesetas(100), "cien pesetas");
+}
+
+TEST(Num2Text, GroupsJoinWithCommasAndLimits) {
+    EXPECT_EQ(Euros(1000000000000.0 + 1000000.0),
+              QString::fromUtf8("un billón, un millón de euros"));
+    EXPECT_EQ(Euros(2000000000000.5),
+              QString::fromUtf8("dos billones de euros con cincuenta céntimos"));
+    EXPECT_EQ(Euros(21000000.01), QString::fromUtf8("veintiuno millones de euros con un céntimo"));
+    EXPECT_EQ(Pesetas(2000001), QString::fromUtf8("dos millones, una peseta"));
+    EXPECT_EQ(Pesetas(1000000), QString::fromUtf8("un millón de pesetas"));
+    EXPECT_EQ(Plain(-2147483647 - 1),
+              QString::fromUtf8("menos dos mil ciento cuarenta y siete millones, cuatrocientos "
+                                "ochenta y tres mil seiscientos cuarenta y ocho"));
+    EXPECT_EQ(Euros(-0.001), "cero euros");
+    EXPECT_EQ(Euros(1e18), "");
+}

@@ -1,0 +1,93 @@
+#include "BatchFunctions.h"
+#include "BatchRunner.h"
+#include "QtPrinters.h"
+
+#include <QTemporaryFile>
+#include <gtest/gtest.h>
+
+using namespace zlx;
+
+namespace {
+
+QByteArray Answer(const char* line) {
+    return AnswerBatchLine(QByteArray(line), LibraryBatchFunctions());
+}
+
+} // namespace
+
+TEST(Batch, LibraryFunctionsWithTheirDefaults) {
+    EXPECT_EQ(Answer(R"({"fn": "Num2Text", "args": [1.5]})"),
+              QString::fromUtf8(R"({"ok":"un euro con cincuenta céntimos"})").toUtf8());
+    EXPECT_EQ(Answer(R"({"fn":"Num2Text","args":[21000,2,"peseta","pesetas","","",true,true]})"),
+              R"({"ok":"veintiuna mil pesetas"})");
+    EXPECT_EQ(Answer(R"({"fn":"Num2Text","args":[12.5,2,"","","","",false,false]})"),
+              R"({"ok":"doce  con cincuenta"})");
+    // Integer parameters convert as CLng does: 2.5 rounds to 2 decimals.
+    EXPECT_EQ(Answer(R"({"fn":"Num2Text","args":[3.14159,2.5,"metro","metros"]})"),
+              QString::fromUtf8(R"({"ok":"tres metros con catorce céntimos"})").toUtf8());
+    EXPECT_EQ(Answer(R"({"fn":"Long2Text","args":[1515]})"), R"({"ok":"mil quinientos quince"})");
+    EXPECT_EQ(Answer(R"({"fn":"Long2Text","args":["21"]})"), R"({"ok":"veintiuno"})");
+    EXPECT_EQ(Answer(R"({"fn":"String2ID","args":["-123x"]})"), R"({"ok":123})");
+    EXPECT_EQ(Answer(R"({"fn":"String2ID","args":[-45]})"), R"({"ok":45})");
+    EXPECT_EQ(Answer(R"({"fn":"ValidarNombre","args":["Pérez"]})"), R"({"ok":""})");
+    EXPECT_NE(Answer(R"({"fn":"ValidarNombre","args":["-5"]})"), R"({"ok":""})");
+    EXPECT_EQ(Answer(R"({"fn":"ValidarNombre","args":["-5",true,true,true,false]})"),
+              R"({"ok":""})");
+}
+
+TEST(Batch, BadLinesAnswerAnErrorText) {
+    EXPECT_TRUE(Answer("").startsWith(R"({"error":"invalid JSON: )"));
+    EXPECT_TRUE(Answer(R"({"fn": "Num2Text", "args": [1)").startsWith(R"({"error":"invalid JSON)"));
+    EXPECT_EQ(Answer("[1]"), R"({"error":"a call must be a JSON object"})");
+    EXPECT_EQ(Answer(R"({"args": [1]})"), R"({"error":"\"fn\" must be a function name"})");
+    EXPECT_EQ(Answer(R"({"fn": "Num2Text", "args": 1})"),
+              R"({"error":"\"args\" must be an array"})");
+    EXPECT_EQ(Answer(R"({"fn": "Nada", "args": []})"), R"({"error":"unknown function \"Nada\""})");
+    EXPECT_EQ(Answer(R"({"fn": "Long2Text"})"),
+              R"({"error":"Long2Text takes 1 arguments, got 0"})");
+    EXPECT_EQ(Answer(R"({"fn": "Num2Text", "args": [1,2,"","","","",false,true,0]})"),
+              R"({"error":"Num2Text takes 1 to 8 arguments, got 9"})");
+    EXPECT_EQ(Answer(R"({"fn": "Long2Text", "args": ["doce"]})"), R"({"error":"Type mismatch"})");
+    EXPECT_EQ(Answer(R"({"fn": "Long2Text", "args": [3000000000]})"), R"({"error":"Overflow"})");
+    EXPECT_EQ(Answer(R"({"fn": "Num2Text", "args": [null]})"),
+              R"({"error":"Invalid use of Null"})");
+    EXPECT_EQ(Answer(R"({"fn": "Num2Text", "args": [{"hex": "0"}]})"),
+              R"({"error":"invalid hex \"0\""})");
+}
+
+TEST(Batch, FunctionsAreAddedByName) {
+    BatchFunctions functions;
+    functions.Add("Suma", 2, 3, [](const BatchArguments& a) {
+        return Variant(a.Double(0) + a.Double(1) + (a.Given(2) ? a.Double(2) : 100.0));
+    });
+    EXPECT_EQ(AnswerBatchLine(R"({"fn":"Suma","args":[1,2]})", functions), R"({"ok":103})");
+    EXPECT_EQ(AnswerBatchLine(R"({"fn":"Suma","args":[1,2,3]})", functions), R"({"ok":6})");
+    EXPECT_EQ(AnswerBatchLine(R"({"fn":"Num2Text","args":[1]})", functions),
+              R"({"error":"unknown function \"Num2Text\""})");
+}
+
+TEST(Batch, RunAnswersEveryLineInOrder) {
+    QTemporaryFile input, output;
+    ASSERT_TRUE(input.open());
+    ASSERT_TRUE(output.open());
+    input.write("{\"fn\":\"Long2Text\",\"args\":[1]}\r\n"
+                "not json\n"
+                "\n"
+                "{\"fn\":\"Long2Text\",\"args\":[100]}"); // no line end on the last line
+    input.close();
+    output.close();
+    std::FILE* in = std::fopen(input.fileName().toLocal8Bit().constData(), "r");
+    std::FILE* out = std::fopen(output.fileName().toLocal8Bit().constData(), "w");
+    ASSERT_TRUE(in && out);
+    EXPECT_EQ(RunBatch(in, out, LibraryBatchFunctions(), false), 0);
+    std::fclose(in);
+    std::fclose(out);
+    ASSERT_TRUE(output.open());
+    const QList<QByteArray> lines = output.readAll().split('\n');
+    ASSERT_EQ(lines.size(), 5); // four answers and the final line end
+    EXPECT_EQ(lines[0], R"({"ok":"un"})");
+    EXPECT_TRUE(lines[1].startsWith(R"({"error":"invalid JSON)"));
+    EXPECT_TRUE(lines[2].startsWith(R"({"error":"invalid JSON)"));
+    EXPECT_EQ(lines[3], R"({"ok":"cien"})");
+    EXPECT_EQ(lines[4], "");
+}

@@ -1,0 +1,103 @@
+// Runs the built `zolmar` program as a user would and checks its exact output.
+
+#include "QtPrinters.h"
+#include "zolmar.h"
+
+#include <QProcess>
+#include <QTemporaryFile>
+#include <gtest/gtest.h>
+
+namespace {
+
+struct ProgramRun {
+    int exitCode = -1;
+    QByteArray out;
+};
+
+ProgramRun Zolmar(const QStringList& arguments, const QByteArray& input = QByteArray()) {
+    QProcess process;
+    QTemporaryFile inputFile;
+    if (!inputFile.open()) return {};
+    inputFile.write(input);
+    inputFile.close();
+    process.setStandardInputFile(inputFile.fileName());
+    process.start(QStringLiteral(ZOLMAR_BIN), arguments);
+    if (!process.waitForFinished(60000)) return {};
+    return {process.exitCode(), process.readAllStandardOutput()};
+}
+
+} // namespace
+
+TEST(ZolmarProgram, VersionAndUsage) {
+    const ProgramRun version = Zolmar({"--version"});
+    EXPECT_EQ(version.exitCode, 0);
+    EXPECT_EQ(version.out, "zolmar " + zlx::LibraryVersion().toUtf8() + "\n");
+    EXPECT_EQ(Zolmar({"nada"}).exitCode, 2);
+    EXPECT_EQ(Zolmar({}).exitCode, 2);
+}
+
+TEST(ZolmarProgram, BatchAnswersEachLineInOrder) {
+    const QByteArray input = QString::fromUtf8(
+                                 R"({"fn": "Num2Text", "args": [0.25]}
+{"fn": "Num2Text", "args": [1000001]}
+{"fn": "Num2Text", "args": [200, 2, "peseta", "pesetas", "", "", true]}
+{"fn": "Num2Text", "args": [-1234.5, 0, "", "", "", "", false, false]}
+{"fn": "Long2Text", "args": [2147483647]}
+{"fn": "Long2Text", "args": [-21]}
+{"fn": "String2ID", "args": ["-0042"]}
+{"fn": "ValidarNombre", "args": ["*x", false]}
+oops
+{"fn": "Num2Text", "args": ["uno"]}
+{"fn": "Long2Text", "args": [0]}
+)")
+                                 .toUtf8();
+    const ProgramRun batch = Zolmar({"batch"}, input);
+    EXPECT_EQ(batch.exitCode, 0);
+    const QStringList lines = QString::fromUtf8(batch.out).split(u'\n');
+    const QStringList expected = {
+        R"({"ok":"veinticinco céntimos de euro"})",
+        R"({"ok":"un millón, un euro"})",
+        R"({"ok":"doscientas pesetas"})",
+        // With no decimals the half carries into the whole part.
+        R"({"ok":"menos mil doscientos treinta y cinco"})",
+        R"({"ok":"dos mil ciento cuarenta y siete millones, cuatrocientos ochenta y tres mil )"
+        R"(seiscientos cuarenta y siete"})",
+        R"({"ok":"menos veintiuno"})",
+        R"({"ok":42})",
+        R"({"ok":""})",
+        R"({"error":"invalid JSON: illegal value"})",
+        R"({"error":"Type mismatch"})",
+        R"({"ok":"cero"})",
+        "",
+    };
+    ASSERT_EQ(lines.size(), expected.size()) << batch.out.toStdString();
+    for (qsizetype i = 0; i < expected.size(); ++i)
+        EXPECT_EQ(lines[i], expected[i]) << i;
+}
+
+TEST(ZolmarProgram, DemoRunsTheLibraryEndToEnd) {
+    const ProgramRun demo = Zolmar({"demo"});
+    EXPECT_EQ(demo.exitCode, 0);
+    const QStringList lines = QString::fromUtf8(demo.out).split(u'\n');
+    ASSERT_GT(lines.size(), 3);
+    EXPECT_EQ(lines[0], "ZolmarDataComponents " + zlx::LibraryVersion());
+    EXPECT_TRUE(lines[1].startsWith("Registro de la biblioteca: /")) << lines[1].toStdString();
+    EXPECT_TRUE(lines[1].endsWith("/ZolmarDataCtl.log")) << lines[1].toStdString();
+    EXPECT_TRUE(lines[2].endsWith(" Procedimiento de inicio realizado con éxito"))
+        << lines[2].toStdString();
+    for (const char* line :
+         {"Interruptores: HabilitarRegistro_LogFichas=False CtlFichaReadOnly=False "
+          "AutoReconectar=False",
+          "Num2Text(1234.56) = mil doscientos treinta y cuatro euros con cincuenta y seis céntimos",
+          "Num2Text(21000, pesetas, femenino) = veintiuna mil pesetas",
+          "Long2Text(1515) = mil quinientos quince", "ValorEnLista(3, Array(1, 2, 3)) = True",
+          "ValorEnLista(\"3\", Array(1, 2, 3)) = False", "String2ID(\"-123x\") = 123",
+          "[información] Información",
+          "Importe: mil doscientos treinta y cuatro euros con cincuenta y seis céntimos"})
+        EXPECT_TRUE(lines.contains(QString::fromUtf8(line))) << line;
+    // The message's markup line break becomes a line of its own.
+    const qsizetype amount = lines.indexOf(
+        "Importe: mil doscientos treinta y cuatro euros con cincuenta y seis céntimos");
+    ASSERT_GE(amount, 0);
+    EXPECT_EQ(lines.value(amount + 1), QString::fromUtf8("Operación terminada."));
+}
