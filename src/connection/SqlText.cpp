@@ -18,15 +18,12 @@ QString TwoDigitPart(const QString& part, const QString& cCampo) {
 } // namespace
 
 QString PonComillas(const Variant& xValor, int nLike) {
-    if (xValor.IsNull())
-        return QStringLiteral("''");
+    if (xValor.IsNull()) return QStringLiteral("''");
     QString text = xValor.ToString();
     text.replace(u'\'', QStringLiteral("''"));
     text.replace(QChar(0), u' ');
-    if (nLike == zlxLikeConstantsBefore || nLike == zlxLikeConstantsAll)
-        text.prepend(u'%');
-    if (nLike == zlxLikeConstantsAfter || nLike == zlxLikeConstantsAll)
-        text.append(u'%');
+    if (nLike == zlxLikeConstantsBefore || nLike == zlxLikeConstantsAll) text.prepend(u'%');
+    if (nLike == zlxLikeConstantsAfter || nLike == zlxLikeConstantsAll) text.append(u'%');
     return u'\'' + WithoutTrailingBlanks(text) + u'\'';
 }
 
@@ -37,22 +34,19 @@ QString SoloFecha(const QString& cCampo) {
 QString SoloHora(const QString& cCampo, bool lSegundos) {
     QString text = TwoDigitPart(QStringLiteral("hh"), cCampo) + QStringLiteral(" + ':' + ") +
                    TwoDigitPart(QStringLiteral("mi"), cCampo);
-    if (lSegundos)
-        text += QStringLiteral(" + ':' + ") + TwoDigitPart(QStringLiteral("ss"), cCampo);
+    if (lSegundos) text += QStringLiteral(" + ':' + ") + TwoDigitPart(QStringLiteral("ss"), cCampo);
     return text;
 }
 
 bool FiltroPorPalabras(const QString& cCampo, const QString& cTextoBuscado,
                        QString& cFiltroPorPalabras) {
-    if (!cTextoBuscado.startsWith(QStringLiteral("**")))
-        return false;
+    if (!cTextoBuscado.startsWith(QStringLiteral("**"))) return false;
     const QString words = cTextoBuscado.mid(2);
     bool appended = false;
     qsizetype start = 0;
     while (start <= words.size()) {
         qsizetype blank = words.indexOf(u' ', start);
-        if (blank < 0)
-            blank = words.size();
+        if (blank < 0) blank = words.size();
         const QString word = words.mid(start, blank - start).trimmed();
         if (!word.isEmpty()) {
             cFiltroPorPalabras += QStringLiteral(" AND ((") + cCampo + QStringLiteral(") LIKE ") +
@@ -62,8 +56,7 @@ bool FiltroPorPalabras(const QString& cCampo, const QString& cTextoBuscado,
         start = blank + 1;
     }
     // The first condition loses its leading " AND " and the whole is bracketed.
-    if (appended)
-        cFiltroPorPalabras = QStringLiteral(" (") + cFiltroPorPalabras.mid(5) + u')';
+    if (appended) cFiltroPorPalabras = QStringLiteral(" (") + cFiltroPorPalabras.mid(5) + u')';
     return !cFiltroPorPalabras.isEmpty();
 }
 

@@ -43,6 +43,15 @@ public:
     virtual void Info(const ErrorRecord&) {}
 };
 
+// A sink for batches whose results nobody reads (transaction statements, DDL).
+class DiscardingSink : public ResultSink {
+public:
+    void BeginRowset(const std::vector<ColumnInfo>&) override {}
+    bool Row(std::vector<Variant>&) override { return true; }
+    void EndRowset() override {}
+    void RowsAffected(std::int64_t) override {}
+};
+
 struct ConnectParams {
     QString target;          // engine-specific: folder/file for SQLite, conninfo, ODBC string
     QString defaultDatabase; // SQL Server database name, "" for the engine's default
@@ -82,6 +91,11 @@ public:
     virtual bool PollExecute(ResultSink& sink) = 0;
     // Asks the engine to stop the running statement; safe to call when nothing runs.
     virtual void Cancel() = 0;
+
+    // Makes `database` (a SQL Server database name) the default one; throws AdoError with
+    // native 4060 when it does not exist.
+    virtual void UseDatabase(const QString& database) = 0;
+    virtual QString CurrentDatabase() const = 0;
 
     virtual void BeginTransaction() = 0;
     virtual void Commit() = 0;

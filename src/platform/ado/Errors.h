@@ -1,0 +1,25 @@
+#pragma once
+// Connection.Errors: the provider's error records of the last operation that failed.
+
+#include "platform/ado/AdoError.h"
+
+#include <vector>
+
+namespace zlx::ado {
+
+class Errors {
+public:
+    int Count() const { return static_cast<int>(m_records.size()); }
+    // Zero-based, as ADO's Errors(i); raises 3265 when out of range.
+    const ErrorRecord& Item(int index) const;
+    void Clear() { m_records.clear(); }
+
+    // Keeps the records of `error`; an error without records is listed as one record.
+    void Fill(const AdoError& error);
+    void Add(const ErrorRecord& record) { m_records.push_back(record); }
+
+private:
+    std::vector<ErrorRecord> m_records;
+};
+
+} // namespace zlx::ado

@@ -1,0 +1,433 @@
+#include "platform/ado/drivers/PostgresDriver.h"
+
+#include "platform/ado/drivers/DriverErrors.h"
+#include "platform/ado/drivers/TextValue.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QSysInfo>
+#include <libpq-fe.h>
+#include <poll.h>
+
+namespace zlx::ado {
+
+namespace {
+
+const QString kSource = QStringLiteral("PostgreSQL");
+const QString kLinkBroken = QStringLiteral("08S01");
+constexpr std::int32_t kNativeLinkBroken = 11; // SQL Server's "General network error"
+constexpr int kWaitSliceMs = 50;
+constexpr qint64 kCancelRepeatMs = 200;
+
+enum Oid : unsigned {
+    kBool = 16,
+    kBytea = 17,
+    kChar = 18,
+    kName = 19,
+    kInt8 = 20,
+    kInt2 = 21,
+    kInt4 = 23,
+    kText = 25,
+    kOid = 26,
+    kFloat4 = 700,
+    kFloat8 = 701,
+    kMoney = 790,
+    kBpchar = 1042,
+    kVarchar = 1043,
+    kDate = 1082,
+    kTime = 1083,
+    kTimestamp = 1114,
+    kTimestampTz = 1184,
+    kNumeric = 1700,
+    kUuid = 2950
+};
+
+constexpr std::int32_t kLongTextSize = 1073741823;
+constexpr std::int32_t kLongBinarySize = 2147483647;
+
+void Describe(ColumnInfo& column, unsigned type, int modifier) {
+    auto set = [&](DataTypeEnum ado, std::int32_t size, int precision = 255, int scale = 255) {
+        column.type = ado;
+        column.definedSize = size;
+        column.precision = static_cast<std::uint8_t>(precision);
+        column.numericScale = static_cast<std::uint8_t>(scale);
+        const bool isLong = ado == adLongVarWChar || ado == adLongVarBinary;
+        const bool variable = isLong || ado == adVarWChar;
+        column.attributes |= (isLong ? adFldLong : 0) | (variable ? 0 : adFldFixed);
+    };
+    switch (type) {
+    case kBool:
+        set(adBoolean, 2);
+        break;
+    case kInt2:
+        set(adSmallInt, 2, 5);
+        break;
+    case kInt4:
+    case kOid:
+        set(adInteger, 4, 10);
+        break;
+    case kInt8:
+        set(adBigInt, 8, 19);
+        break;
+    case kFloat4:
+        set(adSingle, 4, 7);
+        break;
+    case kFloat8:
+        set(adDouble, 8, 15);
+        break;
+    case kMoney:
+        set(adCurrency, 8, 19);
+        break;
+    case kNumeric:
+        if (modifier >= 4)
+            set(adNumeric, 19, ((modifier - 4) >> 16) & 0xffff, (modifier - 4) & 0xffff);
+        else
+            set(adNumeric, 19, 38, 0);
+        break;
+    case kDate:
+        set(adDBDate, 6, 10, 0);
+        break;
+    case kTime:
+        set(adDBTime, 6, 8, 0);
+        break;
+    case kTimestamp:
+    case kTimestampTz:
+        set(adDBTimeStamp, 16, 23, 3);
+        break;
+    case kBpchar:
+    case kChar:
+        set(adWChar, modifier >= 4 ? modifier - 4 : 1);
+        break;
+    case kVarchar:
+        if (modifier >= 4)
+            set(adVarWChar, modifier - 4);
+        else
+            set(adLongVarWChar, kLongTextSize);
+        break;
+    case kText:
+        set(adLongVarWChar, kLongTextSize);
+        break;
+    case kBytea:
+        set(adLongVarBinary, kLongBinarySize);
+        break;
+    case kUuid:
+        set(adGUID, 16);
+        break;
+    case kName:
+        set(adVarWChar, 63);
+        break;
+    default:
+        set(adVarWChar, 4000);
+        break;
+    }
+}
+
+std::vector<ColumnInfo> Columns(const PGresult* result) {
+    std::vector<ColumnInfo> columns(static_cast<std::size_t>(PQnfields(result)));
+    for (int i = 0; i < PQnfields(result); ++i) {
+        ColumnInfo& column = columns[static_cast<std::size_t>(i)];
+        column.name = QString::fromUtf8(PQfname(result, i));
+        column.attributes = adFldIsNullable | adFldMayBeNull;
+        Describe(column, PQftype(result, i), PQfmod(result, i));
+    }
+    return columns;
+}
+
+Variant Bytes(const char* text) {
+    std::size_t size = 0;
+    unsigned char* raw = PQunescapeBytea(reinterpret_cast<const unsigned char*>(text), &size);
+    std::vector<Variant> items;
+    items.reserve(size);
+    for (std::size_t k = 0; k < size; ++k)
+        items.emplace_back(static_cast<std::uint8_t>(raw[k]));
+    PQfreemem(raw);
+    return Variant::Array(std::move(items));
+}
+
+Variant Value(const PGresult* result, int row, int i, const ColumnInfo& column) {
+    if (PQgetisnull(result, row, i)) return Variant::Null();
+    const char* raw = PQgetvalue(result, row, i);
+    if (column.type == adLongVarBinary) return Bytes(raw);
+    return ValueFromText(QString::fromUtf8(raw, PQgetlength(result, row, i)), column.type);
+}
+
+QString ApplicationName() {
+    return QSysInfo::machineHostName() + u':' + QString::number(QCoreApplication::applicationPid());
+}
+
+} // namespace
+
+// What a running batch has seen so far.
+struct PostgresDriver::Batch {
+    std::vector<ColumnInfo> columns;
+    bool inRowset = false;
+    bool discarding = false; // the sink refused a row: the rest of this rowset is dropped
+    std::optional<ErrorRecord> failure;
+    qint64 deadline = 0;
+};
+
+PostgresDriver::PostgresDriver() = default;
+
+PostgresDriver::~PostgresDriver() {
+    Disconnect();
+}
+
+bool PostgresDriver::IsConnected() const {
+    return m_conn && PQstatus(m_conn) == CONNECTION_OK;
+}
+
+void PostgresDriver::StartConnect(const ConnectParams& params) {
+    Disconnect();
+    m_params = params;
+    const QByteArray conninfo = params.target.toUtf8();
+    const QByteArray application = ApplicationName().toUtf8();
+    const char* keys[] = {"dbname", "application_name", "client_encoding", nullptr};
+    const char* values[] = {conninfo.constData(), application.constData(), "UTF8", nullptr};
+    m_conn = PQconnectStartParams(keys, values, 1);
+    m_connectDeadline =
+        params.connectionTimeoutSeconds > 0
+            ? QDateTime::currentMSecsSinceEpoch() + qint64(params.connectionTimeoutSeconds) * 1000
+            : 0;
+    if (!m_conn || PQstatus(m_conn) == CONNECTION_BAD) {
+        const QString message =
+            m_conn ? QString::fromUtf8(PQerrorMessage(m_conn)).trimmed() : QString();
+        Disconnect();
+        ThrowConnectFailed(message, kSource, 17, "08001");
+    }
+}
+
+bool PostgresDriver::PollConnect() {
+    if (!m_conn) ThrowNotConnected();
+    const PostgresPollingStatusType status = PQconnectPoll(m_conn);
+    m_connectWantsWrite = status == PGRES_POLLING_WRITING;
+    if (status == PGRES_POLLING_OK) {
+        FinishConnect();
+        return true;
+    }
+    if (status == PGRES_POLLING_FAILED) {
+        const QString message = QString::fromUtf8(PQerrorMessage(m_conn)).trimmed();
+        Disconnect();
+        ThrowConnectFailed(message, kSource, 17, "08001");
+    }
+    if (m_connectDeadline != 0 && QDateTime::currentMSecsSinceEpoch() >= m_connectDeadline) {
+        Disconnect();
+        ThrowConnectFailed(QStringLiteral("Timeout expired"), kSource, 0, "HYT00");
+    }
+    return false;
+}
+
+void PostgresDriver::Connect(const ConnectParams& params) {
+    StartConnect(params);
+    while (!PollConnect())
+        WaitReady(kWaitSliceMs, m_connectWantsWrite);
+}
+
+void PostgresDriver::FinishConnect() {
+    m_cancel = PQgetCancel(m_conn);
+    PQsetNoticeReceiver(m_conn, &PostgresDriver::OnNotice, this);
+    try {
+        UseDatabase(m_params.defaultDatabase.isEmpty() ? QStringLiteral("master")
+                                                       : m_params.defaultDatabase);
+    } catch (...) {
+        Disconnect();
+        throw;
+    }
+}
+
+void PostgresDriver::Disconnect() {
+    m_batch.reset();
+    if (m_cancel) PQfreeCancel(m_cancel);
+    m_cancel = nullptr;
+    if (m_conn) PQfinish(m_conn);
+    m_conn = nullptr;
+    m_database.clear();
+}
+
+void PostgresDriver::OnNotice(void* self, const PGresult* result) {
+    auto* driver = static_cast<PostgresDriver*>(self);
+    if (!driver->m_noticeSink) return;
+    const char* state = PQresultErrorField(result, PG_DIAG_SQLSTATE);
+    driver->m_noticeSink->Info(
+        MakeRecord(0, QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY)),
+                   kSource, 0, QString::fromLatin1(state ? state : "01000")));
+}
+
+bool PostgresDriver::WaitReady(int milliseconds, bool forWriting) const {
+    pollfd descriptor{PQsocket(m_conn), static_cast<short>(forWriting ? POLLOUT : POLLIN), 0};
+    return descriptor.fd >= 0 && ::poll(&descriptor, 1, milliseconds) > 0;
+}
+
+void PostgresDriver::StartExecute(const QString& batch) {
+    if (!IsConnected()) ThrowNotConnected();
+    m_cancelRequested = false;
+    m_timedOut = false;
+    if (!PQsendQuery(m_conn, batch.toUtf8().constData())) {
+        m_batch = std::make_unique<Batch>();
+        RecordFailure(nullptr);
+        m_batch.reset();
+        ThrowFailure();
+    }
+    PQsetSingleRowMode(m_conn);
+    m_batch = std::make_unique<Batch>();
+}
+
+bool PostgresDriver::PollExecute(ResultSink& sink) {
+    if (!m_batch) return true;
+    // A cancel that reached the server before the statement began is lost: repeat it.
+    if (m_cancelRequested && QDateTime::currentMSecsSinceEpoch() - m_lastCancel >= kCancelRepeatMs)
+        Cancel();
+    m_noticeSink = &sink;
+    if (!PQconsumeInput(m_conn)) RecordFailure(nullptr);
+    while (PQstatus(m_conn) == CONNECTION_OK && !PQisBusy(m_conn)) {
+        PGresult* result = PQgetResult(m_conn);
+        if (!result) {
+            m_noticeSink = nullptr;
+            if (m_batch->failure) ThrowFailure();
+            m_batch.reset();
+            return true;
+        }
+        Process(result, sink);
+        PQclear(result);
+    }
+    m_noticeSink = nullptr;
+    if (PQstatus(m_conn) != CONNECTION_OK) {
+        if (!m_batch->failure) RecordFailure(nullptr);
+        ThrowFailure();
+    }
+    return false;
+}
+
+void PostgresDriver::Execute(const QString& batch, ResultSink& sink, int timeoutSeconds) {
+    StartExecute(batch);
+    m_batch->deadline = timeoutSeconds > 0
+                            ? QDateTime::currentMSecsSinceEpoch() + qint64(timeoutSeconds) * 1000
+                            : 0;
+    while (!PollExecute(sink)) {
+        WaitReady(kWaitSliceMs, false);
+        if (m_batch->deadline != 0 && !m_timedOut &&
+            QDateTime::currentMSecsSinceEpoch() >= m_batch->deadline) {
+            m_timedOut = true;
+            Cancel();
+        }
+    }
+}
+
+void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
+    Batch& batch = *m_batch;
+    switch (PQresultStatus(result)) {
+    case PGRES_SINGLE_TUPLE:
+    case PGRES_TUPLES_OK: {
+        if (batch.failure) return;
+        if (!batch.inRowset) {
+            batch.columns = Columns(result);
+            sink.BeginRowset(batch.columns);
+            batch.inRowset = true;
+            batch.discarding = false;
+        }
+        std::vector<Variant> values(batch.columns.size());
+        for (int row = 0; row < PQntuples(result) && !batch.discarding; ++row) {
+            for (std::size_t i = 0; i < values.size(); ++i)
+                values[i] = Value(result, row, static_cast<int>(i), batch.columns[i]);
+            batch.discarding = !sink.Row(values);
+            values.assign(batch.columns.size(), Variant());
+        }
+        if (PQresultStatus(result) == PGRES_TUPLES_OK) {
+            sink.EndRowset();
+            batch.inRowset = false;
+        }
+        break;
+    }
+    case PGRES_COMMAND_OK: {
+        if (batch.failure) return;
+        const char* count = PQcmdTuples(result);
+        sink.RowsAffected(count && *count ? QByteArray(count).toLongLong() : -1);
+        break;
+    }
+    case PGRES_EMPTY_QUERY:
+        break;
+    default:
+        if (batch.inRowset) sink.EndRowset();
+        batch.inRowset = false;
+        if (!batch.failure) RecordFailure(result);
+        break;
+    }
+}
+
+void PostgresDriver::RecordFailure(PGresult* result) {
+    const bool broken = PQstatus(m_conn) != CONNECTION_OK;
+    const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
+    const char* message = result ? PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY) : nullptr;
+    const QString text = QString::fromUtf8(message ? message : PQerrorMessage(m_conn)).trimmed();
+    const std::int32_t number = broken ? adHrConnectFailed : adHrCommandFailed;
+    m_batch->failure =
+        MakeRecord(number, text, kSource, broken ? kNativeLinkBroken : 0,
+                   broken ? kLinkBroken : QString::fromLatin1(state ? state : "42000"));
+}
+
+void PostgresDriver::ThrowFailure() {
+    ErrorRecord record =
+        m_batch ? *m_batch->failure
+                : MakeRecord(adHrConnectFailed, QString::fromUtf8(PQerrorMessage(m_conn)).trimmed(),
+                             kSource, kNativeLinkBroken, kLinkBroken);
+    if (m_batch) {
+        // Drain what is left so that the session is ready for the next batch.
+        while (PQstatus(m_conn) == CONNECTION_OK) {
+            PGresult* rest = PQgetResult(m_conn);
+            if (!rest) break;
+            PQclear(rest);
+        }
+        m_batch.reset();
+    }
+    if (record.sqlState == QLatin1String("57014")) {
+        if (m_timedOut) ThrowTimeout(kSource);
+        if (m_cancelRequested) ThrowCanceled(kSource);
+    }
+    throw AdoError(record.number, record.description, {record});
+}
+
+void PostgresDriver::Cancel() {
+    if (!m_cancel) return;
+    m_cancelRequested = true;
+    m_lastCancel = QDateTime::currentMSecsSinceEpoch();
+    char error[256];
+    PQcancel(m_cancel, error, sizeof error);
+}
+
+void PostgresDriver::RunSimple(const QString& sql) {
+    DiscardingSink none;
+    Execute(sql, none, 0);
+}
+
+void PostgresDriver::UseDatabase(const QString& database) {
+    if (!IsConnected()) ThrowNotConnected();
+    const QByteArray schema = database.toLower().toUtf8();
+    const char* values[] = {schema.constData()};
+    PGresult* found = PQexecParams(m_conn, "SELECT 1 FROM pg_namespace WHERE nspname = $1", 1,
+                                   nullptr, values, nullptr, nullptr, 0);
+    const bool exists = PQresultStatus(found) == PGRES_TUPLES_OK && PQntuples(found) > 0;
+    PQclear(found);
+    char* quoted = PQescapeIdentifier(m_conn, schema.constData(), schema.size());
+    const QString identifier = QString::fromUtf8(quoted);
+    PQfreemem(quoted);
+    // master always exists on a server: made on first use, as the embedded engine does.
+    if (!exists && database.compare(QStringLiteral("master"), Qt::CaseInsensitive) == 0)
+        RunSimple(QStringLiteral("CREATE SCHEMA IF NOT EXISTS ") + identifier);
+    else if (!exists)
+        ThrowCannotOpenDatabase(database, kSource);
+    RunSimple(QStringLiteral("SET search_path TO ") + identifier);
+    m_database = database;
+}
+
+void PostgresDriver::BeginTransaction() {
+    RunSimple(QStringLiteral("BEGIN"));
+}
+
+void PostgresDriver::Commit() {
+    RunSimple(QStringLiteral("COMMIT"));
+}
+
+void PostgresDriver::Rollback() {
+    RunSimple(QStringLiteral("ROLLBACK"));
+}
+
+} // namespace zlx::ado

@@ -1,0 +1,68 @@
+#pragma once
+// PostgreSQL through libpq's asynchronous API. A SQL Server database X is the schema x of
+// the PostgreSQL database named in the conninfo; the default database is the search_path.
+
+#include "platform/ado/drivers/Driver.h"
+
+#include <atomic>
+#include <memory>
+#include <optional>
+
+struct pg_conn;
+struct pg_result;
+struct pg_cancel;
+
+namespace zlx::ado {
+
+class PostgresDriver : public Driver {
+public:
+    PostgresDriver();
+    ~PostgresDriver() override;
+
+    SqlDialect Dialect() const override { return SqlDialect::PostgreSQL; }
+    void* NativeHandle() const override { return m_conn; }
+
+    void Connect(const ConnectParams& params) override;
+    void StartConnect(const ConnectParams& params) override;
+    bool PollConnect() override;
+    void Disconnect() override;
+    bool IsConnected() const override;
+
+    void Execute(const QString& batch, ResultSink& sink, int timeoutSeconds) override;
+    void StartExecute(const QString& batch) override;
+    bool PollExecute(ResultSink& sink) override;
+    void Cancel() override;
+
+    void UseDatabase(const QString& database) override;
+    QString CurrentDatabase() const override { return m_database; }
+
+    void BeginTransaction() override;
+    void Commit() override;
+    void Rollback() override;
+
+    QString EngineName() const override { return QStringLiteral("PostgreSQL"); }
+
+private:
+    struct Batch;
+    void FinishConnect();
+    void Process(pg_result* result, ResultSink& sink);
+    void RecordFailure(pg_result* result);
+    [[noreturn]] void ThrowFailure();
+    void RunSimple(const QString& sql);
+    bool WaitReady(int milliseconds, bool forWriting) const;
+    static void OnNotice(void* self, const pg_result* result);
+
+    pg_conn* m_conn = nullptr;
+    pg_cancel* m_cancel = nullptr;
+    ConnectParams m_params;
+    qint64 m_connectDeadline = 0;
+    bool m_connectWantsWrite = true;
+    QString m_database;
+    std::unique_ptr<Batch> m_batch;
+    ResultSink* m_noticeSink = nullptr;
+    std::atomic<bool> m_cancelRequested{false};
+    std::atomic<qint64> m_lastCancel{0};
+    bool m_timedOut = false;
+};
+
+} // namespace zlx::ado

@@ -1,0 +1,331 @@
+#include "platform/ado/drivers/SqliteDriver.h"
+
+#include "platform/ado/drivers/DeclaredType.h"
+#include "platform/ado/drivers/DriverErrors.h"
+#include "platform/ado/drivers/IsoDate.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <sqlite3.h>
+#include <thread>
+
+namespace zlx::ado {
+
+namespace {
+
+const QString kSource = QStringLiteral("SQLite");
+constexpr int kBusyTimeoutMs = 10000;
+constexpr int kProgressSteps = 1000;
+constexpr int kBusyWaitMs = 5;
+
+QString SqlStateFor(int code) {
+    switch (code & 0xff) {
+    case SQLITE_CONSTRAINT:
+        return QStringLiteral("23000");
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        return QStringLiteral("40001");
+    case SQLITE_INTERRUPT:
+        return QStringLiteral("HY008");
+    case SQLITE_CANTOPEN:
+    case SQLITE_NOTADB:
+        return QStringLiteral("08001");
+    default:
+        return QStringLiteral("42000");
+    }
+}
+
+bool ReportsChanges(sqlite3_stmt* statement) {
+    const QString sql = QString::fromUtf8(sqlite3_sql(statement)).trimmed().toUpper();
+    for (const char* verb : {"INSERT", "UPDATE", "DELETE", "REPLACE"})
+        if (sql.startsWith(QLatin1String(verb))) return true;
+    return false;
+}
+
+// Dates are stored as ISO-8601 text; numbers in a date column are taken as OLE dates.
+Variant DateValue(sqlite3_stmt* statement, int i) {
+    if (sqlite3_column_type(statement, i) != SQLITE_TEXT)
+        return Variant(Date{sqlite3_column_double(statement, i)});
+    const QString text =
+        QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)));
+    if (const auto date = ParseIsoDate(text)) return Variant(*date);
+    return Variant(text);
+}
+
+Variant BlobValue(sqlite3_stmt* statement, int i) {
+    const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_column_blob(statement, i));
+    const int size = sqlite3_column_bytes(statement, i);
+    std::vector<Variant> items;
+    items.reserve(static_cast<std::size_t>(size));
+    for (int k = 0; k < size; ++k)
+        items.emplace_back(bytes[k]);
+    return Variant::Array(std::move(items));
+}
+
+QString TextOf(sqlite3_stmt* statement, int i) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(statement, i)),
+                             sqlite3_column_bytes(statement, i));
+}
+
+Variant ValueOf(sqlite3_stmt* statement, int i, DataTypeEnum type) {
+    const int kind = sqlite3_column_type(statement, i);
+    if (kind == SQLITE_NULL) return Variant::Null();
+    if (kind == SQLITE_BLOB && type != adLongVarWChar && type != adVarWChar)
+        return BlobValue(statement, i);
+    switch (type) {
+    case adBoolean:
+        return Variant(sqlite3_column_int64(statement, i) != 0);
+    case adUnsignedTinyInt:
+        return Variant(static_cast<std::uint8_t>(sqlite3_column_int(statement, i)));
+    case adSmallInt:
+        return Variant(static_cast<std::int16_t>(sqlite3_column_int(statement, i)));
+    case adInteger: {
+        const auto value = sqlite3_column_int64(statement, i);
+        if (value == static_cast<std::int32_t>(value))
+            return Variant(static_cast<std::int32_t>(value));
+        return Variant::FromInt64(value);
+    }
+    case adBigInt:
+        return Variant::FromInt64(sqlite3_column_int64(statement, i));
+    case adSingle:
+        return Variant(static_cast<float>(sqlite3_column_double(statement, i)));
+    case adDouble:
+        return Variant(sqlite3_column_double(statement, i));
+    case adCurrency:
+        return Variant(Currency::FromDouble(sqlite3_column_double(statement, i)));
+    case adNumeric: {
+        bool ok = false;
+        const Decimal value = Decimal::FromString(TextOf(statement, i), &ok);
+        return ok ? Variant(value) : Variant(TextOf(statement, i));
+    }
+    case adDBTimeStamp:
+    case adDBDate:
+    case adDBTime:
+        return DateValue(statement, i);
+    default:
+        return Variant(TextOf(statement, i));
+    }
+}
+
+DataTypeEnum KindOfValue(sqlite3_stmt* statement, int i) {
+    switch (sqlite3_column_type(statement, i)) {
+    case SQLITE_INTEGER: {
+        const auto value = sqlite3_column_int64(statement, i);
+        return value == static_cast<std::int32_t>(value) ? adInteger : adBigInt;
+    }
+    case SQLITE_FLOAT:
+        return adDouble;
+    case SQLITE_BLOB:
+        return adLongVarBinary;
+    default:
+        return adVarWChar;
+    }
+}
+
+// Columns come from the declared types; an expression column takes the kind of its value
+// in the first row (`hasRow`), as SQLite has no other way to tell.
+std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow) {
+    std::vector<ColumnInfo> columns(static_cast<std::size_t>(sqlite3_column_count(statement)));
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+        ColumnInfo& column = columns[static_cast<std::size_t>(i)];
+        column.name = QString::fromUtf8(sqlite3_column_name(statement, i));
+        column.attributes = adFldIsNullable | adFldMayBeNull;
+        if (const char* table = sqlite3_column_table_name(statement, i))
+            column.baseTable = QString::fromUtf8(table);
+        if (const char* origin = sqlite3_column_origin_name(statement, i))
+            column.baseColumn = QString::fromUtf8(origin);
+        const char* declared = sqlite3_column_decltype(statement, i);
+        if (!declared || !ApplyDeclaredType(QString::fromUtf8(declared), column))
+            ApplyValueKind(hasRow ? KindOfValue(statement, i) : adVarWChar, column);
+    }
+    return columns;
+}
+
+} // namespace
+
+SqliteDriver::SqliteDriver(Layout layout) : m_layout(layout) {}
+
+SqliteDriver::~SqliteDriver() {
+    Disconnect();
+}
+
+QString SqliteDriver::FileFor(const QString& database) const {
+    return QDir(m_target).filePath(database + QStringLiteral(".sqlite"));
+}
+
+void SqliteDriver::Connect(const ConnectParams& params) {
+    Disconnect();
+    m_target = params.target;
+    m_readOnly = params.mode == adModeRead;
+    if (m_layout == Layout::SingleFile) {
+        OpenFile(m_target, true);
+        m_database = QFileInfo(m_target).completeBaseName();
+        return;
+    }
+    if (!QFileInfo(m_target).isDir())
+        ThrowConnectFailed(
+            QStringLiteral("[DBNETLIB][ConnectionOpen (Connect()).]SQL Server does not exist or "
+                           "access denied."),
+            kSource, 17, "08001");
+    const QString database =
+        params.defaultDatabase.isEmpty() ? QStringLiteral("master") : params.defaultDatabase;
+    if (database.compare(QStringLiteral("master"), Qt::CaseInsensitive) != 0 &&
+        !QFileInfo::exists(FileFor(database)))
+        ThrowCannotOpenDatabase(database, kSource);
+    OpenFile(FileFor(database), true);
+    m_database = database;
+}
+
+void SqliteDriver::OpenFile(const QString& path, bool create) {
+    const int flags = (m_readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) |
+                      (create && !m_readOnly ? SQLITE_OPEN_CREATE : 0) | SQLITE_OPEN_FULLMUTEX;
+    sqlite3* db = nullptr;
+    const int code = sqlite3_open_v2(path.toUtf8().constData(), &db, flags, nullptr);
+    if (code != SQLITE_OK) {
+        const QString message = QString::fromUtf8(db ? sqlite3_errmsg(db) : sqlite3_errstr(code));
+        sqlite3_close(db);
+        ThrowConnectFailed(message + QStringLiteral(": ") + path, kSource, code, "08001");
+    }
+    m_db = db;
+    sqlite3_busy_handler(m_db, &SqliteDriver::Busy, this);
+    sqlite3_extended_result_codes(m_db, 1);
+    sqlite3_progress_handler(m_db, kProgressSteps, &SqliteDriver::Progress, this);
+    if (!m_readOnly) sqlite3_exec(m_db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+}
+
+void SqliteDriver::Disconnect() {
+    Cancel();
+    m_worker.Abandon();
+    if (m_db) sqlite3_close_v2(m_db);
+    m_db = nullptr;
+}
+
+int SqliteDriver::Progress(void* self) {
+    auto* driver = static_cast<SqliteDriver*>(self);
+    if (driver->m_cancelRequested) return 1;
+    const qint64 deadline = driver->m_deadline;
+    if (deadline != 0 && QDateTime::currentMSecsSinceEpoch() >= deadline) {
+        driver->m_timedOut = true;
+        return 1;
+    }
+    return 0;
+}
+
+// Waits for another connection's lock, but no longer than the command time-out allows and
+// not after a cancel.
+int SqliteDriver::Busy(void* self, int attempts) {
+    auto* driver = static_cast<SqliteDriver*>(self);
+    if (Progress(self) != 0 || attempts * kBusyWaitMs >= kBusyTimeoutMs) return 0;
+    std::this_thread::sleep_for(std::chrono::milliseconds(kBusyWaitMs));
+    return driver->m_cancelRequested ? 0 : 1;
+}
+
+void SqliteDriver::ThrowEngineError(int code) {
+    const int primary = code & 0xff;
+    if ((primary == SQLITE_INTERRUPT || primary == SQLITE_BUSY) && m_timedOut)
+        ThrowTimeout(kSource);
+    if (primary == SQLITE_INTERRUPT) ThrowCanceled(kSource);
+    ThrowCommandFailed(QString::fromUtf8(sqlite3_errmsg(m_db)), kSource,
+                       sqlite3_extended_errcode(m_db), SqlStateFor(code));
+}
+
+void SqliteDriver::RunStatement(sqlite3_stmt* statement, ResultSink& sink) {
+    int code = sqlite3_step(statement);
+    if (code != SQLITE_ROW && code != SQLITE_DONE) ThrowEngineError(code);
+    if (sqlite3_column_count(statement) == 0) {
+        sink.RowsAffected(ReportsChanges(statement) ? sqlite3_changes64(m_db) : -1);
+        return;
+    }
+    const auto columns = Describe(statement, code == SQLITE_ROW);
+    sink.BeginRowset(columns);
+    std::vector<Variant> values(columns.size());
+    while (code == SQLITE_ROW) {
+        for (int i = 0; i < static_cast<int>(columns.size()); ++i)
+            values[static_cast<std::size_t>(i)] =
+                ValueOf(statement, i, columns[static_cast<std::size_t>(i)].type);
+        if (!sink.Row(values)) break;
+        values.assign(columns.size(), Variant());
+        code = sqlite3_step(statement);
+    }
+    if (code != SQLITE_ROW && code != SQLITE_DONE) ThrowEngineError(code);
+    sink.EndRowset();
+}
+
+void SqliteDriver::Arm(int timeoutSeconds) {
+    if (!m_db) ThrowNotConnected();
+    m_cancelRequested = false;
+    m_timedOut = false;
+    m_deadline = timeoutSeconds > 0
+                     ? QDateTime::currentMSecsSinceEpoch() + qint64(timeoutSeconds) * 1000
+                     : 0;
+}
+
+void SqliteDriver::Run(const QString& batch, ResultSink& sink) {
+    const QByteArray text = batch.toUtf8();
+    const char* next = text.constData();
+    const char* end = next + text.size();
+    while (next < end) {
+        sqlite3_stmt* statement = nullptr;
+        const char* tail = nullptr;
+        const int code =
+            sqlite3_prepare_v2(m_db, next, static_cast<int>(end - next), &statement, &tail);
+        if (code != SQLITE_OK) ThrowEngineError(code);
+        next = tail;
+        if (!statement) continue; // only white space or a comment was left
+        std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> owner(statement, sqlite3_finalize);
+        RunStatement(statement, sink);
+    }
+    m_deadline = 0;
+}
+
+void SqliteDriver::Execute(const QString& batch, ResultSink& sink, int timeoutSeconds) {
+    Arm(timeoutSeconds);
+    Run(batch, sink);
+}
+
+// The flags are armed here, on the caller's thread, so that a Cancel right after the start
+// is not lost.
+void SqliteDriver::StartExecute(const QString& batch) {
+    Arm(0);
+    m_worker.Start([this, batch](ResultSink& sink) { Run(batch, sink); });
+}
+
+bool SqliteDriver::PollExecute(ResultSink& sink) {
+    return m_worker.Poll(sink);
+}
+
+void SqliteDriver::Cancel() {
+    m_cancelRequested = true;
+    if (m_db) sqlite3_interrupt(m_db);
+}
+
+void SqliteDriver::UseDatabase(const QString& database) {
+    if (m_layout == Layout::SingleFile || database.compare(m_database, Qt::CaseInsensitive) == 0)
+        return;
+    if (!QFileInfo::exists(FileFor(database))) ThrowCannotOpenDatabase(database, kSource);
+    sqlite3_close_v2(m_db);
+    m_db = nullptr;
+    OpenFile(FileFor(database), false);
+    m_database = database;
+}
+
+void SqliteDriver::RunSimple(const char* sql) {
+    if (!m_db) ThrowNotConnected();
+    const int code = sqlite3_exec(m_db, sql, nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) ThrowEngineError(code);
+}
+
+void SqliteDriver::BeginTransaction() {
+    RunSimple("BEGIN");
+}
+
+void SqliteDriver::Commit() {
+    RunSimple("COMMIT");
+}
+
+void SqliteDriver::Rollback() {
+    RunSimple("ROLLBACK");
+}
+
+} // namespace zlx::ado
