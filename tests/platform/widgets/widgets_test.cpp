@@ -75,3 +75,24 @@ TEST_F(Widgets, GridWindowShowsEveryCellWithItsBounds) {
     EXPECT_EQ(table->item(1, 1)->text(), "Null");
     EXPECT_EQ(table->horizontalHeaderItem(0)->text(), "0");
 }
+
+// Linking the widgets replaces the console stand-ins by dialogs and grid windows.
+TEST_F(Widgets, LinkedWidgetsBecomeTheDefaultPresenterAndViewer) {
+    EXPECT_NE(dynamic_cast<QtMsgPresenter*>(&CurrentMsgPresenter()), nullptr);
+    cMatriz m;
+    m.Dimension(1, 2, 1, 1);
+    m.SetValue(2, 1, Variant("celda"));
+    QString shownTitle, shownCell;
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        auto* window = dynamic_cast<GridWindow*>(QApplication::activeModalWidget());
+        if (!window) return;
+        shownTitle = window->windowTitle();
+        shownCell = window->Table()->item(0, 1)->text();
+        window->done(0);
+    });
+    poll.start(10);
+    m.ShowData("Ver datos (1 filas)");
+    EXPECT_EQ(shownTitle, "Ver datos (1 filas)");
+    EXPECT_EQ(shownCell, "celda");
+}

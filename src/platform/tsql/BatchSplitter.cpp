@@ -1,0 +1,136 @@
+#include "platform/tsql/BatchSplitter.h"
+
+#include "platform/tsql/TsqlErrors.h"
+
+#include <QStringList>
+
+namespace zlx::tsql {
+namespace {
+
+bool IsStarterWord(const Token& token) {
+    static const QStringList starters = {
+        QStringLiteral("SELECT"),   QStringLiteral("INSERT"),  QStringLiteral("UPDATE"),
+        QStringLiteral("DELETE"),   QStringLiteral("SET"),     QStringLiteral("IF"),
+        QStringLiteral("BEGIN"),    QStringLiteral("COMMIT"),  QStringLiteral("ROLLBACK"),
+        QStringLiteral("DBCC"),     QStringLiteral("EXEC"),    QStringLiteral("EXECUTE"),
+        QStringLiteral("CREATE"),   QStringLiteral("ALTER"),   QStringLiteral("DROP"),
+        QStringLiteral("TRUNCATE"), QStringLiteral("DECLARE"), QStringLiteral("PRINT"),
+        QStringLiteral("USE"),      QStringLiteral("SAVE")};
+    return token.kind == TokenKind::Word && starters.contains(token.text, Qt::CaseInsensitive);
+}
+
+bool Contains(const Tokens& statement, QStringView word) {
+    return std::any_of(statement.begin(), statement.end(),
+                       [&](const Token& t) { return t.IsWord(word); });
+}
+
+// Whether `word`, met at parenthesis depth 0, continues `statement` instead of starting anew.
+bool Continues(const Tokens& statement, const Token& word, const Token* next) {
+    const Token& first = statement.front();
+    const Token& previous = statement.back();
+    if (word.IsWord(u"SELECT")) {
+        if (previous.IsWord(u"UNION") || previous.IsWord(u"ALL") || previous.IsWord(u"EXCEPT") ||
+            previous.IsWord(u"INTERSECT") || previous.IsWord(u"AS"))
+            return true;
+        // INSERT INTO t (a, b) SELECT ...: only while the INSERT has no source yet.
+        return first.IsWord(u"INSERT") && !Contains(statement, u"VALUES") &&
+               !Contains(statement, u"SELECT") && !Contains(statement, u"DEFAULT");
+    }
+    if (previous.IsWord(u"ON") && (word.IsWord(u"DELETE") || word.IsWord(u"UPDATE")))
+        return true; // a foreign key's ON DELETE / ON UPDATE
+    if (previous.IsWord(u"TABLE") || previous.IsWord(u"GRANT"))
+        return true; // DROP TABLE IF EXISTS, GRANT SELECT
+    if (word.IsWord(u"SET")) {
+        if (previous.IsWord(u"DELETE") || previous.IsWord(u"UPDATE"))
+            return true; // ON DELETE SET NULL
+        if (first.IsWord(u"UPDATE")) return !Contains(statement, u"SET");
+        return first.IsWord(u"ALTER");
+    }
+    if (word.IsWord(u"ALTER") ||
+        word.IsWord(u"DROP")) // ALTER TABLE t ALTER COLUMN / DROP CONSTRAINT
+        return first.IsWord(u"ALTER") && next &&
+               (next->IsWord(u"COLUMN") || next->IsWord(u"CONSTRAINT"));
+    if (word.IsWord(u"EXEC") || word.IsWord(u"EXECUTE"))
+        return first.IsWord(u"INSERT") && !Contains(statement, u"VALUES");
+    return false;
+}
+
+// Gathers the tokens of the statement being read; for an IF, remembers where its body starts.
+class Accumulator {
+public:
+    void Add(const Token& token) {
+        if (token.IsSymbol(u"("))
+            ++m_depth;
+        else if (token.IsSymbol(u")"))
+            m_depth = std::max(0, m_depth - 1);
+        m_current.push_back(token);
+    }
+
+    // Whether `token` must open a new statement; marks the body of a pending IF instead.
+    bool StartsStatement(const Token& token, const Token* next) {
+        if (m_current.empty() || m_depth > 0 || !IsStarterWord(token)) return false;
+        if (m_current.front().IsWord(u"IF") && m_bodyStart == 0) {
+            if (m_current.size() == 1) return false; // IF EXISTS ...: the condition starts
+            m_bodyStart = m_current.size();
+            return false;
+        }
+        const Tokens tail(m_current.begin() + static_cast<std::ptrdiff_t>(m_bodyStart),
+                          m_current.end());
+        if (tail.empty()) return false;
+        return !Continues(tail, token, next);
+    }
+
+    Tokens Take() {
+        m_depth = 0;
+        m_bodyStart = 0;
+        return std::exchange(m_current, Tokens());
+    }
+    bool Empty() const { return m_current.empty(); }
+
+private:
+    Tokens m_current;
+    int m_depth = 0;
+    size_t m_bodyStart = 0;
+};
+
+} // namespace
+
+std::vector<Tokens> SplitBatch(const Tokens& tokens) {
+    std::vector<Tokens> statements;
+    Accumulator accumulator;
+    auto flush = [&] {
+        if (!accumulator.Empty()) statements.push_back(accumulator.Take());
+    };
+    for (size_t i = 0; i < tokens.size(); ++i) {
+        const Token& token = tokens[i];
+        if (token.IsSymbol(u";") || (token.kind == TokenKind::Symbol && token.text.isEmpty())) {
+            flush();
+            continue;
+        }
+        if (accumulator.StartsStatement(token, i + 1 < tokens.size() ? &tokens[i + 1] : nullptr))
+            flush();
+        accumulator.Add(token);
+    }
+    flush();
+    return statements;
+}
+
+IfParts SplitIf(const Tokens& statement) {
+    IfParts parts;
+    int depth = 0;
+    for (size_t i = 1; i < statement.size(); ++i) {
+        const Token& token = statement[i];
+        if (depth == 0 && i > 1 && IsStarterWord(token)) {
+            parts.body.assign(statement.begin() + static_cast<std::ptrdiff_t>(i), statement.end());
+            return parts;
+        }
+        if (token.IsSymbol(u"("))
+            ++depth;
+        else if (token.IsSymbol(u")"))
+            depth = std::max(0, depth - 1);
+        parts.condition.push_back(token);
+    }
+    ThrowStatementError(QStringLiteral("Incorrect syntax near the keyword 'IF'."), kNativeSyntax);
+}
+
+} // namespace zlx::tsql

@@ -1,0 +1,165 @@
+#include "platform/tsql/SqliteTableRebuild.h"
+
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlTokenizer.h"
+
+#include <QStringList>
+
+namespace zlx::tsql {
+namespace {
+
+QString SqlString(const QString& value) {
+    return u'\'' + QString(value).replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+bool IsConstraintStart(const Token& token) {
+    static const QStringList words = {
+        QStringLiteral("NOT"),        QStringLiteral("NULL"),       QStringLiteral("DEFAULT"),
+        QStringLiteral("CONSTRAINT"), QStringLiteral("PRIMARY"),    QStringLiteral("UNIQUE"),
+        QStringLiteral("CHECK"),      QStringLiteral("REFERENCES"), QStringLiteral("COLLATE")};
+    return token.kind == TokenKind::Word && words.contains(token.text, Qt::CaseInsensitive);
+}
+
+// Where the default's value ends: one token, a signed number or a parenthesised expression.
+size_t DefaultValueEnd(const Tokens& definition, size_t value) {
+    if (value >= definition.size()) return value;
+    if (definition[value].IsSymbol(u"-") || definition[value].IsSymbol(u"+")) return value + 2;
+    if (!definition[value].IsSymbol(u"(")) return value + 1;
+    int depth = 0;
+    for (size_t i = value; i < definition.size(); ++i) {
+        if (definition[i].IsSymbol(u"("))
+            ++depth;
+        else if (definition[i].IsSymbol(u")") && --depth == 0)
+            return i + 1;
+    }
+    return definition.size();
+}
+
+void RemoveDefault(Tokens& definition) {
+    for (size_t i = 0; i < definition.size(); ++i) {
+        if (definition[i].IsWord(u"DEFAULT")) {
+            definition.erase(definition.begin() + i,
+                             definition.begin() + DefaultValueEnd(definition, i + 1));
+            return;
+        }
+    }
+}
+
+Tokens WithLeadingBlank(Tokens tokens) {
+    if (!tokens.empty()) tokens.front().leading = QStringLiteral(" ");
+    return tokens;
+}
+
+} // namespace
+
+SqliteTableRebuild::SqliteTableRebuild(Runner run, QString schema, QString table)
+    : m_run(std::move(run)), m_schema(std::move(schema)), m_table(std::move(table)) {}
+
+void SqliteTableRebuild::ChangeType(const QString& column, const QString& type) {
+    Rebuild(column, [&](Tokens& definition) {
+        size_t end = 1;
+        while (end < definition.size() && !IsConstraintStart(definition[end]))
+            ++end;
+        definition.erase(definition.begin() + 1, definition.begin() + end);
+        const Tokens typeTokens = WithLeadingBlank(Tokenize(type));
+        definition.insert(definition.begin() + 1, typeTokens.begin(), typeTokens.end());
+    });
+}
+
+void SqliteTableRebuild::ChangeDefault(const QString& column, const QString& value) {
+    Rebuild(column, [&](Tokens& definition) {
+        RemoveDefault(definition);
+        if (!value.isEmpty()) {
+            const Tokens clause = WithLeadingBlank(Tokenize(QStringLiteral("DEFAULT ") + value));
+            definition.insert(definition.end(), clause.begin(), clause.end());
+        }
+    });
+}
+
+void SqliteTableRebuild::Rebuild(const QString& column,
+                                 const std::function<void(Tokens& definition)>& change) {
+    const QString master = m_schema + QStringLiteral(".sqlite_master");
+    const QStringList created =
+        m_run(QStringLiteral("SELECT sql FROM %1 WHERE type = 'table' AND name = %2 COLLATE NOCASE")
+                  .arg(master, SqlString(m_table)));
+    if (created.isEmpty())
+        ThrowStatementError(QStringLiteral("Invalid object name '%1'.").arg(m_table),
+                            kNativeInvalidObject, QStringLiteral("42S02"));
+    const QStringList indexes =
+        m_run(QStringLiteral("SELECT sql FROM %1 WHERE type = 'index' AND tbl_name = %2 COLLATE "
+                             "NOCASE AND sql IS NOT NULL")
+                  .arg(master, SqlString(m_table)));
+    const bool counted = created.front().contains(u"AUTOINCREMENT", Qt::CaseInsensitive);
+    const QStringList sequence =
+        counted ? m_run(QStringLiteral(
+                            "SELECT seq FROM %1.sqlite_sequence WHERE name = %2 COLLATE NOCASE")
+                            .arg(m_schema, SqlString(m_table)))
+                : QStringList();
+
+    // The column definitions are the top-level pieces between the first "(" and its ")".
+    Tokens tokens = Tokenize(created.front());
+    size_t open = 0;
+    while (open < tokens.size() && !tokens[open].IsSymbol(u"("))
+        ++open;
+    std::vector<Tokens> pieces(1);
+    int depth = 0;
+    size_t close = open + 1;
+    for (; close < tokens.size(); ++close) {
+        const Token& token = tokens[close];
+        if (token.IsSymbol(u"("))
+            ++depth;
+        else if (token.IsSymbol(u")") && depth-- == 0)
+            break;
+        if (depth == 0 && token.IsSymbol(u",")) {
+            pieces.emplace_back();
+            continue;
+        }
+        pieces.back().push_back(token);
+    }
+    bool found = false;
+    for (Tokens& piece : pieces) {
+        if (!piece.empty() && piece.front().text.compare(column, Qt::CaseInsensitive) == 0 &&
+            (piece.front().kind == TokenKind::Word ||
+             piece.front().kind == TokenKind::QuotedName)) {
+            change(piece);
+            found = true;
+        }
+    }
+    if (!found)
+        ThrowStatementError(QStringLiteral("Invalid column name '%1'.").arg(column),
+                            kNativeInvalidColumn, QStringLiteral("42S22"));
+    QStringList definitions;
+    for (const Tokens& piece : pieces)
+        definitions << TokensToSql(piece).trimmed();
+
+    const QString rebuilt = m_schema + QStringLiteral(".zlx_rebuild");
+    const QString table = m_schema + u'.' + m_table;
+    m_run(QStringLiteral("SAVEPOINT zlx_rebuild"));
+    m_run(QStringLiteral("CREATE TABLE %1 (%2)")
+              .arg(rebuilt, definitions.join(QStringLiteral(", "))));
+    m_run(QStringLiteral("INSERT INTO %1 SELECT * FROM %2").arg(rebuilt, table));
+    m_run(QStringLiteral("DROP TABLE %1").arg(table));
+    m_run(QStringLiteral("ALTER TABLE %1 RENAME TO \"%2\"").arg(rebuilt, m_table));
+    for (const QString& index : indexes) {
+        // "CREATE [UNIQUE] INDEX name ON t (...)": the index goes back into the table's schema.
+        Tokens indexTokens = Tokenize(index);
+        for (size_t i = 0; i + 1 < indexTokens.size(); ++i) {
+            if (indexTokens[i].IsWord(u"INDEX")) {
+                Token& name = indexTokens[i + 1];
+                name = Token{TokenKind::Symbol, m_schema + QStringLiteral(".\"") + name.text + u'"',
+                             name.leading};
+                break;
+            }
+        }
+        m_run(TokensToSql(indexTokens));
+    }
+    if (!sequence.isEmpty()) {
+        m_run(QStringLiteral("DELETE FROM %1.sqlite_sequence WHERE name = %2")
+                  .arg(m_schema, SqlString(m_table)));
+        m_run(QStringLiteral("INSERT INTO %1.sqlite_sequence (name, seq) VALUES (%2, %3)")
+                  .arg(m_schema, SqlString(m_table), sequence.front()));
+    }
+    m_run(QStringLiteral("RELEASE zlx_rebuild"));
+}
+
+} // namespace zlx::tsql

@@ -1,0 +1,30 @@
+#pragma once
+// SQLite cannot change a column's type or default in place: the table is made again with the
+// changed definition, keeping its rows, indexes and identity counter.
+
+#include "platform/tsql/TsqlToken.h"
+
+#include <functional>
+
+namespace zlx::tsql {
+
+class SqliteTableRebuild {
+public:
+    // Runs engine SQL and answers the first column of each row.
+    using Runner = std::function<QStringList(const QString& sql)>;
+
+    SqliteTableRebuild(Runner run, QString schema, QString table);
+
+    void ChangeType(const QString& column, const QString& type);
+    // An empty value removes the column's default.
+    void ChangeDefault(const QString& column, const QString& value);
+
+private:
+    void Rebuild(const QString& column, const std::function<void(Tokens& definition)>& change);
+
+    Runner m_run;
+    QString m_schema;
+    QString m_table;
+};
+
+} // namespace zlx::tsql

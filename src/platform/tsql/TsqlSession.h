@@ -1,0 +1,100 @@
+#pragma once
+// A connection that speaks T-SQL over SQLite or PostgreSQL: it wraps the engine's driver,
+// cuts each batch into statements, keeps what SQL Server keeps per connection (@@IDENTITY,
+// @@ROWCOUNT, @@TRANCOUNT, SET options), answers the session statements itself and runs
+// the rest, translated, on the engine; results reach the sink as SQL Server sends them.
+
+#include "platform/ado/drivers/Driver.h"
+#include "platform/tsql/SqliteTableRebuild.h"
+#include "platform/tsql/TsqlToken.h"
+#include "platform/tsql/TsqlTranslator.h"
+
+#include <QHash>
+#include <optional>
+
+namespace zlx::tsql {
+
+class TsqlSession : public ado::Driver {
+public:
+    explicit TsqlSession(ado::DriverPtr inner);
+
+    ado::SqlDialect Dialect() const override { return ado::SqlDialect::SqlServer; }
+    void* NativeHandle() const override { return m_inner->NativeHandle(); }
+
+    void Connect(const ado::ConnectParams& params) override;
+    void StartConnect(const ado::ConnectParams& params) override;
+    bool PollConnect() override;
+    void Disconnect() override { m_inner->Disconnect(); }
+    bool IsConnected() const override { return m_inner->IsConnected(); }
+
+    void Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) override;
+    // Batches run whole on the first poll: the translation needs the session's state in order.
+    void StartExecute(const QString& batch) override { m_pendingBatch = batch; }
+    bool PollExecute(ado::ResultSink& sink) override;
+    void Cancel() override { m_inner->Cancel(); }
+
+    void UseDatabase(const QString& database) override;
+    QString CurrentDatabase() const override { return m_inner->CurrentDatabase(); }
+
+    // ADO's BeginTrans/CommitTrans/RollbackTrans count like the T-SQL statements.
+    void BeginTransaction() override;
+    void Commit() override;
+    void Rollback() override;
+
+    QString EngineName() const override { return m_inner->EngineName(); }
+
+    // What the session keeps, as @@TRANCOUNT, @@ROWCOUNT, @@IDENTITY and SET show it.
+    int TranCount() const { return m_tranCount; }
+    std::int64_t RowCount() const { return m_rowCount; }
+    std::optional<std::int64_t> Identity() const { return m_identity; }
+    bool NoCount() const { return m_noCount; }
+    QString DateFormat() const { return m_dateFormat; }
+    int DateFirst() const { return m_dateFirst; }
+    QString Language() const { return m_language; }
+
+private:
+    Target EngineTarget() const;
+    TranslationContext Context();
+    QString GlobalValue(const QString& name) const;
+    QString DatabaseAlias(const QString& database);
+    QString LocksSchema(const QString& database);
+    void RequireDatabaseFile(const QString& database) const;
+    void Prepare();
+
+    void RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
+    bool RunSetOption(const Tokens& statement);
+    bool RunTransactionStatement(const Tokens& statement);
+    void RunIf(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
+    void RunDbcc(const Tokens& statement);
+    bool RunProcedure(const Tokens& statement, ado::ResultSink& sink);
+    bool RunDatabaseStatement(const Tokens& statement);
+    bool RunDefinition(const Tokens& statement);
+    void RunTranslated(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
+    void RunInsert(const QString& sql, const QString& table, ado::ResultSink& sink,
+                   int timeoutSeconds);
+
+    // Runs engine SQL and answers its rows; errors come back mapped.
+    std::vector<std::vector<Variant>> Query(const QString& sql);
+    void Run(const QString& sql);
+    QString EngineName(const QString& tsqlName);
+    SqliteTableRebuild Rebuilder(const QString& table);
+    QString IdentityColumn(const QString& table);
+    void Reseed(const QString& table, std::optional<std::int64_t> seed);
+    void RefreshCatalog(const QString& batch);
+    QString ServerFolder() const;
+
+    ado::DriverPtr m_inner;
+    ado::ConnectParams m_params;
+    QString m_pendingBatch;
+    int m_tranCount = 0;
+    std::int64_t m_rowCount = 0;
+    std::optional<std::int64_t> m_identity;
+    bool m_noCount = false;
+    QString m_dateFormat = QStringLiteral("mdy");
+    int m_dateFirst = 7;
+    QString m_language = QStringLiteral("us_english");
+    QStringList m_attached;
+    QHash<QString, QString> m_defaults; // CREATE DEFAULT name -> value
+};
+
+} // namespace zlx::tsql

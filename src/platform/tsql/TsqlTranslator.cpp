@@ -1,0 +1,673 @@
+#include "platform/tsql/TsqlTranslator.h"
+
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlTokenizer.h"
+
+#include <QDate>
+#include <QRegularExpression>
+#include <QTime>
+#include <map>
+
+namespace zlx::tsql {
+namespace {
+
+Token Raw(const QString& text, const QString& leading = QString()) {
+    return Token{TokenKind::Symbol, text, leading};
+}
+
+bool IsTextFunction(const Token& token) {
+    static const QStringList names = {
+        QStringLiteral("RTRIM"), QStringLiteral("LTRIM"),     QStringLiteral("RIGHT"),
+        QStringLiteral("LEFT"),  QStringLiteral("SUBSTRING"), QStringLiteral("UPPER"),
+        QStringLiteral("LOWER"), QStringLiteral("REPLACE"),   QStringLiteral("STR")};
+    return token.kind == TokenKind::Word && names.contains(token.text, Qt::CaseInsensitive);
+}
+
+QString QuoteName(const QString& name, Target target) {
+    // PostgreSQL folds unquoted names to lower case; quoted ones are lowered alike so that
+    // [Name] and Name stay the same object, as on a case-insensitive SQL Server.
+    QString bare = target == Target::PostgreSQL ? name.toLower() : name;
+    bare.replace(u'"', QStringLiteral("\"\""));
+    return u'"' + bare + u'"';
+}
+
+QString QuoteString(const QString& value) {
+    QString doubled = value;
+    doubled.replace(u'\'', QStringLiteral("''"));
+    return u'\'' + doubled + u'\'';
+}
+
+// The PostgreSQL spelling of a SQL Server column type in DDL and CAST.
+QString PostgresType(const QString& type) {
+    static const std::map<QString, QString> types = {
+        {QStringLiteral("DATETIME"), QStringLiteral("timestamp(3)")},
+        {QStringLiteral("SMALLDATETIME"), QStringLiteral("timestamp(0)")},
+        {QStringLiteral("TINYINT"), QStringLiteral("smallint")},
+        {QStringLiteral("BIT"), QStringLiteral("smallint")},
+        {QStringLiteral("FLOAT"), QStringLiteral("double precision")},
+        {QStringLiteral("MONEY"), QStringLiteral("numeric(19,4)")},
+        {QStringLiteral("SMALLMONEY"), QStringLiteral("numeric(10,4)")},
+        {QStringLiteral("NTEXT"), QStringLiteral("text")},
+        {QStringLiteral("IMAGE"), QStringLiteral("bytea")},
+        {QStringLiteral("NVARCHAR"), QStringLiteral("varchar")},
+        {QStringLiteral("NCHAR"), QStringLiteral("char")},
+        {QStringLiteral("UNIQUEIDENTIFIER"), QStringLiteral("uuid")},
+    };
+    const auto found = types.find(type.toUpper());
+    return found == types.end() ? QString() : found->second;
+}
+
+// Translates one statement; holds the tokens it edits.
+class Rewriter {
+public:
+    Rewriter(const TranslationContext& context, Tokens tokens)
+        : m_context(context), m_t(std::move(tokens)) {}
+
+    Translation Run() {
+        PrepareDefinitions();
+        PrepareSqliteDefaults();
+        Translation translation;
+        translation.sql = Range(0, m_t.size());
+        translation.exclusiveTables = m_exclusive;
+        translation.databases = m_databases;
+        return translation;
+    }
+
+private:
+    bool Sqlite() const { return m_context.target == Target::SQLite; }
+    const Token* At(size_t i) const { return i < m_t.size() ? &m_t[i] : nullptr; }
+    bool WordAt(size_t i, QStringView w) const { return At(i) && At(i)->IsWord(w); }
+    bool SymbolAt(size_t i, QStringView s) const { return At(i) && At(i)->IsSymbol(s); }
+    bool IsDdl() const {
+        return (WordAt(0, u"CREATE") || WordAt(0, u"ALTER")) && WordAt(1, u"TABLE");
+    }
+
+    // Index of the ")" that closes the "(" at `open`.
+    size_t Close(size_t open) const {
+        int depth = 0;
+        for (size_t i = open; i < m_t.size(); ++i) {
+            if (m_t[i].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[i].IsSymbol(u")") && --depth == 0)
+                return i;
+        }
+        ThrowStatementError(QStringLiteral("Incorrect syntax near '('."), kNativeSyntax);
+    }
+
+    // Top-level comma positions between `open` and its closing parenthesis.
+    std::vector<size_t> Commas(size_t open, size_t close) const {
+        std::vector<size_t> commas;
+        int depth = 0;
+        for (size_t i = open + 1; i < close; ++i) {
+            if (m_t[i].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[i].IsSymbol(u")"))
+                --depth;
+            else if (depth == 0 && m_t[i].IsSymbol(u","))
+                commas.push_back(i);
+        }
+        return commas;
+    }
+
+    // IDENTITY(1,1) and Jet's AUTOINCREMENT columns become each engine's own identity.
+    void PrepareDefinitions() {
+        if (!IsDdl()) return;
+        for (size_t i = 0; i < m_t.size(); ++i) {
+            if (m_t[i].IsWord(u"IDENTITY") && SymbolAt(i + 1, u"(")) {
+                const size_t close = Close(i + 1);
+                QString seed =
+                    TokensToSql(Tokens(m_t.begin() + i + 2, m_t.begin() + close)).simplified();
+                if (seed.remove(u' ') != QStringLiteral("1,1"))
+                    ThrowUnsupported(QStringLiteral("IDENTITY(") + seed + u')');
+                m_t.erase(m_t.begin() + i + 1, m_t.begin() + close + 1);
+                if (Sqlite()) {
+                    RetypeAsInteger(i);
+                    m_t[i] = Raw(QStringLiteral("PRIMARY KEY AUTOINCREMENT"), m_t[i].leading);
+                } else {
+                    m_t[i] =
+                        Raw(QStringLiteral("GENERATED BY DEFAULT AS IDENTITY"), m_t[i].leading);
+                }
+            } else if (m_t[i].IsWord(u"AUTOINCREMENT")) {
+                if (Sqlite()) {
+                    m_t[i] = Raw(QStringLiteral("INTEGER"), m_t[i].leading);
+                    MarkAutoincrementKey(i);
+                } else {
+                    m_t[i] = Raw(QStringLiteral("INTEGER GENERATED BY DEFAULT AS IDENTITY"),
+                                 m_t[i].leading);
+                }
+            }
+        }
+    }
+
+    // SQLite makes only an INTEGER PRIMARY KEY an alias of the row id.
+    void RetypeAsInteger(size_t identity) {
+        for (size_t j = identity; j-- > 0;) {
+            if (m_t[j].IsWord(u"INT") || m_t[j].IsWord(u"BIGINT") || m_t[j].IsWord(u"SMALLINT") ||
+                m_t[j].IsWord(u"INTEGER")) {
+                m_t[j].text = QStringLiteral("INTEGER");
+                return;
+            }
+        }
+    }
+
+    void MarkAutoincrementKey(size_t from) {
+        for (size_t j = from; j + 1 < m_t.size(); ++j) {
+            if (m_t[j].IsWord(u"PRIMARY") && m_t[j + 1].IsWord(u"KEY")) {
+                m_t[j + 1].text = QStringLiteral("KEY AUTOINCREMENT");
+                return;
+            }
+        }
+    }
+
+    // SQLite has no DEFAULT inside VALUES: the column and its value leave the list so that the
+    // column takes its default.
+    void PrepareSqliteDefaults() {
+        if (!Sqlite() || !WordAt(0, u"INSERT")) return;
+        size_t values = 0;
+        while (values < m_t.size() && !m_t[values].IsWord(u"VALUES"))
+            ++values;
+        if (values == m_t.size() || !SymbolAt(values + 1, u"(")) return;
+        const size_t valuesClose = Close(values + 1);
+        auto valueCommas = Commas(values + 1, valuesClose);
+        std::vector<std::pair<size_t, size_t>> items = Items(values + 1, valuesClose, valueCommas);
+        std::vector<size_t> defaults;
+        for (size_t k = 0; k < items.size(); ++k) {
+            if (items[k].second - items[k].first == 1 && m_t[items[k].first].IsWord(u"DEFAULT"))
+                defaults.push_back(k);
+        }
+        if (defaults.empty()) return;
+        size_t columnsOpen = 0;
+        while (columnsOpen < values && !m_t[columnsOpen].IsSymbol(u"("))
+            ++columnsOpen;
+        if (columnsOpen == values)
+            ThrowUnsupported(QStringLiteral("DEFAULT en VALUES sin lista de columnas"));
+        const size_t columnsClose = Close(columnsOpen);
+        auto columnItems = Items(columnsOpen, columnsClose, Commas(columnsOpen, columnsClose));
+        if (columnItems.size() != items.size()) return; // the engine reports the mismatch
+        if (defaults.size() == items.size()) {
+            // Every value is DEFAULT: the whole row takes its defaults.
+            Tokens rebuilt(m_t.begin(), m_t.begin() + columnsOpen);
+            rebuilt.push_back(Raw(QStringLiteral("DEFAULT VALUES"), u" "_qs));
+            rebuilt.insert(rebuilt.end(), m_t.begin() + valuesClose + 1, m_t.end());
+            m_t = std::move(rebuilt);
+            return;
+        }
+        RemoveItems(items, defaults); // later in the text first
+        RemoveItems(columnItems, defaults);
+    }
+
+    std::vector<std::pair<size_t, size_t>> Items(size_t open, size_t close,
+                                                 const std::vector<size_t>& commas) const {
+        std::vector<std::pair<size_t, size_t>> items;
+        size_t start = open + 1;
+        for (size_t comma : commas) {
+            items.emplace_back(start, comma);
+            start = comma + 1;
+        }
+        items.emplace_back(start, close);
+        return items;
+    }
+
+    void RemoveItems(const std::vector<std::pair<size_t, size_t>>& items,
+                     const std::vector<size_t>& which) {
+        for (auto k = which.rbegin(); k != which.rend(); ++k) {
+            // Remove the item with the comma before it (or after it, for the first item).
+            const auto [first, end] = items[*k];
+            const size_t from = *k == 0 ? first : first - 1;
+            const size_t to = *k == 0 ? end + 1 : end;
+            m_t.erase(m_t.begin() + from, m_t.begin() + to);
+        }
+    }
+
+    QString Range(size_t begin, size_t end) {
+        QString out;
+        std::multimap<size_t, QString> limits; // " LIMIT n" written before the token at the key
+        for (size_t i = begin; i < end;) {
+            for (auto [from, to] = limits.equal_range(i); from != to; ++from)
+                out += from->second;
+            limits.erase(i);
+            i = Emit(i, end, out, limits);
+        }
+        for (auto [from, to] = limits.equal_range(end); from != to; ++from)
+            out += from->second;
+        return out;
+    }
+
+    // Writes the token at `i` (and whatever construct starts there); returns the next index.
+    size_t Emit(size_t i, size_t end, QString& out, std::multimap<size_t, QString>& limits) {
+        const Token& t = m_t[i];
+        switch (t.kind) {
+        case TokenKind::QuotedName:
+        case TokenKind::Word:
+            return EmitName(i, end, out, limits);
+        case TokenKind::String: {
+            const QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
+            out += t.leading + QuoteString(iso.isEmpty() ? t.text : iso);
+            return i + 1;
+        }
+        case TokenKind::Global:
+            out += t.leading + GlobalValue(t.text);
+            return i + 1;
+        case TokenKind::Variable:
+            ThrowUnsupported(QStringLiteral("variable ") + t.text);
+        case TokenKind::Symbol:
+            if (t.IsSymbol(u"+") && IsConcatenation(i)) {
+                out += t.leading + QStringLiteral("||");
+                return i + 1;
+            }
+            out += t.leading + t.text;
+            return i + 1;
+        case TokenKind::Number:
+            break;
+        }
+        out += t.leading + t.text;
+        return i + 1;
+    }
+
+    QString GlobalValue(const QString& name) const {
+        const QString value =
+            m_context.globalValue ? m_context.globalValue(name.toUpper()) : QString();
+        if (value.isEmpty()) ThrowUnsupported(name);
+        return value;
+    }
+
+    // A "+" joins text when a neighbour is a string literal or a text function's result.
+    bool IsConcatenation(size_t plus) const {
+        const Token* next = At(plus + 1);
+        if (next &&
+            (next->kind == TokenKind::String || IsTextFunction(*next) || IsTextCast(plus + 1)))
+            return true;
+        if (plus == 0) return false;
+        const Token& previous = m_t[plus - 1];
+        if (previous.kind == TokenKind::String) return true;
+        if (!previous.IsSymbol(u")")) return false;
+        for (size_t j = plus - 1; j-- > 0;) {
+            if (m_t[j].IsSymbol(u"(") && Close(j) == plus - 1)
+                return j > 0 && (IsTextFunction(m_t[j - 1]) || IsTextCast(j - 1));
+        }
+        return false;
+    }
+
+    bool IsTextCast(size_t i) const {
+        if (!WordAt(i, u"CAST") || !SymbolAt(i + 1, u"(")) return false;
+        const size_t close = Close(i + 1);
+        for (size_t j = i + 2; j + 1 < close; ++j) {
+            if (m_t[j].IsWord(u"AS")) {
+                const Token& type = m_t[j + 1];
+                return type.IsWord(u"CHAR") || type.IsWord(u"VARCHAR") || type.IsWord(u"NCHAR") ||
+                       type.IsWord(u"NVARCHAR");
+            }
+        }
+        return false;
+    }
+
+    size_t EmitName(size_t i, size_t end, QString& out, std::multimap<size_t, QString>& limits) {
+        const Token& t = m_t[i];
+        const bool call = SymbolAt(i + 1, u"(");
+        if (t.kind == TokenKind::Word) {
+            if (t.IsWord(u"SELECT") && WordAt(i + 1, u"TOP")) return EmitTop(i, end, out, limits);
+            if (call) {
+                const size_t next = EmitFunction(i, out);
+                if (next != i) return next;
+            }
+            if (t.IsWord(u"LIKE") && !Sqlite()) {
+                out += t.leading + QStringLiteral("ILIKE");
+                return i + 1;
+            }
+            if (t.IsWord(u"WITH") && SymbolAt(i + 1, u"(") && IsTableHint(i + 2))
+                return SkipHints(i);
+            if (t.IsWord(u"DEFAULT") && i >= 2 && m_t[i - 1].IsSymbol(u"=") && Sqlite() &&
+                WordAt(0, u"UPDATE"))
+                return EmitSqliteSetDefault(i, out);
+            if (!Sqlite() && t.IsWord(u"COLUMN") && i > 0 && m_t[i - 1].IsWord(u"ALTER") &&
+                i + 1 < end) {
+                out += t.leading + t.text; // PostgreSQL: ALTER COLUMN c TYPE t
+                const size_t next = EmitQualifiedName(i + 1, out);
+                out += QStringLiteral(" TYPE");
+                return next;
+            }
+            if (t.IsWord(u"NONCLUSTERED") || t.IsWord(u"CLUSTERED")) return i + 1;
+            if (t.IsWord(u"ON") && At(i + 1) && At(i + 1)->Is(TokenKind::QuotedName, u"PRIMARY"))
+                return i + 2; // filegroup clause
+            if (!Sqlite() && IsDdl()) {
+                const QString type = PostgresType(t.text);
+                if (!type.isEmpty() && i > 0 &&
+                    (m_t[i - 1].kind != TokenKind::Symbol || m_t[i - 1].text.isEmpty())) {
+                    out += t.leading + type;
+                    return i + 1;
+                }
+            }
+        }
+        return EmitQualifiedName(i, out);
+    }
+
+    // Names, possibly qualified: db..t and db.dbo.t become db.t, dbo.t becomes t; the SQL
+    // Server catalog tables become queries over the engine's catalog.
+    size_t EmitQualifiedName(size_t i, QString& out) {
+        struct Part {
+            QString name;
+            bool quoted;
+        };
+        std::vector<Part> parts{{m_t[i].text, m_t[i].kind == TokenKind::QuotedName}};
+        size_t j = i + 1;
+        while (SymbolAt(j, u".") && At(j + 1) && m_t[j].leading.isEmpty() &&
+               m_t[j + 1].leading.isEmpty()) {
+            if (m_t[j + 1].IsSymbol(u".")) {
+                parts.push_back({QString(), false}); // db..t
+                ++j;
+                continue;
+            }
+            if (m_t[j + 1].kind != TokenKind::Word && m_t[j + 1].kind != TokenKind::QuotedName)
+                break;
+            parts.push_back({m_t[j + 1].text, m_t[j + 1].kind == TokenKind::QuotedName});
+            j += 2;
+        }
+        auto isOwner = [](const Part& part) {
+            return part.name.isEmpty() || part.name.compare(u"dbo", Qt::CaseInsensitive) == 0;
+        };
+        if (parts.size() == 3 && isOwner(parts[1])) parts.erase(parts.begin() + 1);
+        if (parts.size() == 2 && isOwner(parts[0])) parts.erase(parts.begin());
+        const QString catalog = CatalogTable(parts.back().name);
+        if (!catalog.isEmpty()) {
+            out += m_t[i].leading + catalog;
+            return j;
+        }
+        if (m_context.locksSchema &&
+            parts.back().name.compare(u"locks", Qt::CaseInsensitive) == 0) {
+            const QString database = parts.size() == 2 ? parts[0].name : QString();
+            out += m_t[i].leading + m_context.locksSchema(database) + QStringLiteral(".locks");
+            return j;
+        }
+        if (parts.size() == 2) {
+            m_databases << parts[0].name;
+            if (m_context.databaseAlias) parts[0] = {m_context.databaseAlias(parts[0].name), false};
+        }
+        QStringList written;
+        for (const Part& part : parts)
+            written << (part.quoted ? QuoteName(part.name, m_context.target) : part.name);
+        out += m_t[i].leading + written.join(u'.');
+        return j;
+    }
+
+    // The SQL Server catalog tables are views of the session (master..sysdatabases included).
+    static QString CatalogTable(const QString& table) {
+        static const QStringList catalog = {
+            QStringLiteral("sysobjects"), QStringLiteral("syscolumns"),
+            QStringLiteral("sysdatabases"), QStringLiteral("sysprocesses")};
+        const QString name = table.toLower();
+        return catalog.contains(name) ? name : QString();
+    }
+
+    size_t EmitTop(size_t select, size_t end, QString& out,
+                   std::multimap<size_t, QString>& limits) {
+        size_t count = select + 2;
+        QString n;
+        size_t next;
+        if (SymbolAt(count, u"(")) {
+            const size_t close = Close(count);
+            n = Range(count + 1, close).trimmed();
+            next = close + 1;
+        } else if (At(count) && At(count)->kind == TokenKind::Number) {
+            n = m_t[count].text;
+            next = count + 1;
+        } else {
+            ThrowStatementError(QStringLiteral("Incorrect syntax near 'TOP'."), kNativeSyntax);
+        }
+        if (WordAt(next, u"PERCENT")) ThrowUnsupported(QStringLiteral("TOP ... PERCENT"));
+        limits.emplace(ScopeEnd(select, end), QStringLiteral(" LIMIT ") + n);
+        out += m_t[select].leading + m_t[select].text;
+        return next;
+    }
+
+    // Where the SELECT at `select` ends: the ")" closing its parenthesis, or the end.
+    size_t ScopeEnd(size_t select, size_t end) const {
+        int depth = 0;
+        for (size_t i = select + 1; i < end; ++i) {
+            if (m_t[i].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[i].IsSymbol(u")") && --depth < 0)
+                return i;
+            else if (depth == 0 && m_t[i].IsWord(u"UNION"))
+                ThrowUnsupported(QStringLiteral("TOP con UNION"));
+        }
+        return end;
+    }
+
+    bool IsTableHint(size_t i) const {
+        static const QStringList hints = {QStringLiteral("TABLOCKX"), QStringLiteral("TABLOCK"),
+                                          QStringLiteral("NOLOCK"),   QStringLiteral("HOLDLOCK"),
+                                          QStringLiteral("UPDLOCK"),  QStringLiteral("ROWLOCK"),
+                                          QStringLiteral("XLOCK"),    QStringLiteral("READPAST")};
+        return At(i) && At(i)->kind == TokenKind::Word &&
+               hints.contains(At(i)->text, Qt::CaseInsensitive);
+    }
+
+    size_t SkipHints(size_t with) {
+        const size_t close = Close(with + 1);
+        for (size_t j = with + 2; j < close; ++j) {
+            if (m_t[j].IsWord(u"TABLOCKX") || m_t[j].IsWord(u"XLOCK"))
+                m_exclusive << HintedTable(with);
+        }
+        return close + 1;
+    }
+
+    QString HintedTable(size_t with) const {
+        size_t j = with;
+        while (j > 0 && !(m_t[j - 1].IsWord(u"FROM") || m_t[j - 1].IsWord(u"UPDATE") ||
+                          m_t[j - 1].IsWord(u"INTO")))
+            --j;
+        Rewriter copy(m_context, Tokens(m_t.begin() + j, m_t.begin() + with));
+        return copy.Range(0, with - j).trimmed();
+    }
+
+    size_t EmitSqliteSetDefault(size_t i, QString& out) {
+        const QString column = m_t[i - 2].text;
+        const QString table = m_t[1].text;
+        const QString value =
+            m_context.columnDefault ? m_context.columnDefault(table, column) : QString();
+        out += m_t[i].leading + (value.isEmpty() ? QStringLiteral("NULL") : value);
+        return i + 1;
+    }
+
+    // Function calls with another spelling; returns `i` when the call stays as written.
+    size_t EmitFunction(size_t i, QString& out) {
+        const Token& t = m_t[i];
+        const size_t open = i + 1;
+        const size_t close = Close(open);
+        const auto commas = Commas(open, close);
+        auto arg = [&](size_t k) {
+            if (k > commas.size())
+                ThrowStatementError(
+                    QStringLiteral("The %1 function requires more arguments.").arg(t.text), 174);
+            const size_t from = k == 0 ? open + 1 : commas[k - 1] + 1;
+            const size_t to = k < commas.size() ? commas[k] : close;
+            return Range(from, to).trimmed();
+        };
+        const QString lead = t.leading;
+        if (t.IsWord(u"ISNULL")) {
+            out += lead + (Sqlite() ? QStringLiteral("ifnull(") : QStringLiteral("COALESCE(")) +
+                   arg(0) + QStringLiteral(", ") + arg(1) + u')';
+            return close + 1;
+        }
+        if (t.IsWord(u"GETDATE")) {
+            out += lead + (Sqlite() ? QStringLiteral("datetime('now', 'localtime')")
+                                    : QStringLiteral("LOCALTIMESTAMP(3)"));
+            return close + 1;
+        }
+        if (t.IsWord(u"SERVERPROPERTY")) {
+            if (arg(0).compare(u"'ProductVersion'", Qt::CaseInsensitive) != 0)
+                ThrowUnsupported(QStringLiteral("ServerProperty(") + arg(0) + u')');
+            out += lead + QuoteString(QString::fromLatin1(kProductVersion));
+            return close + 1;
+        }
+        if (t.IsWord(u"DATABASEPROPERTY")) {
+            // The engines have no offline or shut-down databases.
+            const QString property = arg(1);
+            if (property.compare(u"'IsShutDown'", Qt::CaseInsensitive) != 0 &&
+                property.compare(u"'IsOffline'", Qt::CaseInsensitive) != 0)
+                ThrowUnsupported(QStringLiteral("DATABASEPROPERTY(") + property + u')');
+            out += lead + QStringLiteral("0");
+            return close + 1;
+        }
+        if (t.IsWord(u"OBJECT_ID")) {
+            out +=
+                lead +
+                (Sqlite() ? QStringLiteral(
+                                "(SELECT rowid FROM sqlite_master WHERE type IN ('table', 'view') "
+                                "AND name = %1 COLLATE NOCASE)")
+                          : QStringLiteral("CAST(CAST(to_regclass(%1) AS oid) AS integer)"))
+                    .arg(arg(0));
+            return close + 1;
+        }
+        if (t.IsWord(u"RIGHT") && commas.size() == 1) {
+            out += lead + (Sqlite() ? QStringLiteral("substr(%1, -(%2))")
+                                    : QStringLiteral("right(%1, %2)"))
+                              .arg(arg(0), arg(1));
+            return close + 1;
+        }
+        if (t.IsWord(u"DATEPART") && commas.size() == 1) {
+            out += lead + DatePart(m_t[open + 1].text, arg(1));
+            return close + 1;
+        }
+        if (t.IsWord(u"CAST")) return EmitCast(i, close, out);
+        if (t.IsWord(u"LEN")) {
+            out += lead + QStringLiteral("length(rtrim(%1))").arg(arg(0));
+            return close + 1;
+        }
+        return i;
+    }
+
+    QString DatePart(const QString& unit, const QString& value) const {
+        static const std::map<QString, std::pair<QString, QString>> units = {
+            {QStringLiteral("hh"), {QStringLiteral("%H"), QStringLiteral("HOUR")}},
+            {QStringLiteral("hour"), {QStringLiteral("%H"), QStringLiteral("HOUR")}},
+            {QStringLiteral("mi"), {QStringLiteral("%M"), QStringLiteral("MINUTE")}},
+            {QStringLiteral("minute"), {QStringLiteral("%M"), QStringLiteral("MINUTE")}},
+            {QStringLiteral("ss"), {QStringLiteral("%S"), QStringLiteral("SECOND")}},
+            {QStringLiteral("second"), {QStringLiteral("%S"), QStringLiteral("SECOND")}},
+            {QStringLiteral("dd"), {QStringLiteral("%d"), QStringLiteral("DAY")}},
+            {QStringLiteral("day"), {QStringLiteral("%d"), QStringLiteral("DAY")}},
+            {QStringLiteral("mm"), {QStringLiteral("%m"), QStringLiteral("MONTH")}},
+            {QStringLiteral("month"), {QStringLiteral("%m"), QStringLiteral("MONTH")}},
+            {QStringLiteral("yyyy"), {QStringLiteral("%Y"), QStringLiteral("YEAR")}},
+            {QStringLiteral("year"), {QStringLiteral("%Y"), QStringLiteral("YEAR")}},
+        };
+        const auto found = units.find(unit.toLower());
+        if (found == units.end()) ThrowUnsupported(QStringLiteral("DATEPART(") + unit + u')');
+        return Sqlite() ? QStringLiteral("CAST(strftime('%1', %2) AS INTEGER)")
+                              .arg(found->second.first, value)
+                        : QStringLiteral("CAST(FLOOR(EXTRACT(%1 FROM %2)) AS INTEGER)")
+                              .arg(found->second.second, value);
+    }
+
+    // CAST(x AS type); CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME) is the date of x at midnight.
+    size_t EmitCast(size_t cast, size_t close, QString& out) {
+        size_t as = close;
+        int depth = 0;
+        for (size_t j = cast + 2; j < close; ++j) {
+            if (m_t[j].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[j].IsSymbol(u")"))
+                --depth;
+            else if (depth == 0 && m_t[j].IsWord(u"AS"))
+                as = j;
+        }
+        if (as == close)
+            ThrowStatementError(QStringLiteral("Incorrect syntax near 'CAST'."), kNativeSyntax);
+        const QString type =
+            TokensToSql(Tokens(m_t.begin() + as + 1, m_t.begin() + close)).simplified().toUpper();
+        const QString lead = m_t[cast].leading;
+        if (type == u"DATETIME" && WordAt(cast + 2, u"FLOOR") && WordAt(cast + 4, u"CAST")) {
+            const size_t innerClose = Close(cast + 5);
+            size_t innerAs = innerClose - 2;
+            if (m_t[innerAs].IsWord(u"AS") && m_t[innerAs + 1].IsWord(u"FLOAT")) {
+                const QString value = Range(cast + 6, innerAs).trimmed();
+                out += lead + (Sqlite() ? QStringLiteral("datetime(date(%1))")
+                                        : QStringLiteral("date_trunc('day', %1)"))
+                                  .arg(value);
+                return close + 1;
+            }
+        }
+        const QString value = Range(cast + 2, as).trimmed();
+        out +=
+            lead + QStringLiteral("CAST(") + value + QStringLiteral(" AS ") + CastType(type) + u')';
+        return close + 1;
+    }
+
+    QString CastType(const QString& type) const {
+        static const QRegularExpression sized(
+            QStringLiteral("^(N?VARCHAR|N?CHAR)\\s*(\\(\\s*(\\d+)\\s*\\))?$"));
+        const auto match = sized.match(type);
+        if (match.hasMatch()) {
+            // A CHAR without a length is 30 characters in T-SQL.
+            const QString length =
+                match.captured(3).isEmpty() ? QStringLiteral("30") : match.captured(3);
+            if (Sqlite()) return QStringLiteral("TEXT");
+            return (match.captured(1).endsWith(u"VARCHAR") ? QStringLiteral("varchar(")
+                                                           : QStringLiteral("char(")) +
+                   length + u')';
+        }
+        if (type == u"FLOAT" || type == u"REAL")
+            return Sqlite() ? QStringLiteral("REAL") : QStringLiteral("double precision");
+        if (type == u"DATETIME" || type == u"SMALLDATETIME")
+            return Sqlite() ? QStringLiteral("TEXT") : QStringLiteral("timestamp(3)");
+        if (type == u"INT" || type == u"INTEGER" || type == u"BIGINT" || type == u"SMALLINT" ||
+            type == u"TINYINT")
+            return Sqlite()
+                       ? QStringLiteral("INTEGER")
+                       : (type == u"BIGINT" ? QStringLiteral("bigint") : QStringLiteral("integer"));
+        if (type.startsWith(u"DECIMAL") || type.startsWith(u"NUMERIC") || type == u"MONEY")
+            return Sqlite() ? QStringLiteral("NUMERIC")
+                            : (type == u"MONEY" ? QStringLiteral("numeric(19,4)") : type.toLower());
+        ThrowUnsupported(QStringLiteral("CAST AS ") + type);
+    }
+
+    const TranslationContext& m_context;
+    Tokens m_t;
+    QStringList m_exclusive;
+    QStringList m_databases;
+};
+
+bool ValidDateTime(int y, int m, int d, int hh, int mi, int ss) {
+    return y >= 1753 && QDate::isValid(y, m, d) && QTime::isValid(hh, mi, ss);
+}
+
+} // namespace
+
+QString NormalizedDateLiteral(const QString& text, bool dayMonthYear) {
+    static const QRegularExpression compact(
+        QStringLiteral("^(\\d{4})(\\d{2})(\\d{2})(?: (\\d{1,2}):(\\d{2})(?::(\\d{2}))?)?$"));
+    static const QRegularExpression slashed(
+        QStringLiteral("^(\\d{1,2})/(\\d{1,2})/(\\d{4})(?: (\\d{1,2}):(\\d{2})(?::(\\d{2}))?)?$"));
+    int y = 0, m = 0, d = 0;
+    QRegularExpressionMatch match = compact.match(text);
+    if (match.hasMatch()) {
+        y = match.captured(1).toInt();
+        m = match.captured(2).toInt();
+        d = match.captured(3).toInt();
+    } else if (dayMonthYear && (match = slashed.match(text)).hasMatch()) {
+        d = match.captured(1).toInt();
+        m = match.captured(2).toInt();
+        y = match.captured(3).toInt();
+    } else {
+        return QString();
+    }
+    const int hh = match.captured(4).toInt(), mi = match.captured(5).toInt(),
+              ss = match.captured(6).toInt();
+    if (!ValidDateTime(y, m, d, hh, mi, ss)) return QString();
+    return QStringLiteral("%1-%2-%3 %4:%5:%6")
+        .arg(y, 4, 10, QChar(u'0'))
+        .arg(m, 2, 10, QChar(u'0'))
+        .arg(d, 2, 10, QChar(u'0'))
+        .arg(hh, 2, 10, QChar(u'0'))
+        .arg(mi, 2, 10, QChar(u'0'))
+        .arg(ss, 2, 10, QChar(u'0'));
+}
+
+TsqlTranslator::TsqlTranslator(TranslationContext context) : m_context(std::move(context)) {}
+
+Translation TsqlTranslator::Translate(const Tokens& statement) const {
+    return Rewriter(m_context, statement).Run();
+}
+
+} // namespace zlx::tsql

@@ -1,0 +1,56 @@
+#pragma once
+// Rewrites one T-SQL statement into the SQL of SQLite or PostgreSQL: TOP, db..table, [names],
+// isnull, GetDate, the CAST/FLOOR/DATEPART/RIGHT/RTRIM date forms, string "+", LIKE, date
+// literals, DEFAULT in VALUES and SET, table hints, IDENTITY and AUTOINCREMENT columns,
+// @@ variables, ServerProperty, object_id and the SQL Server catalog tables.
+
+#include "platform/tsql/TsqlToken.h"
+
+#include <QStringList>
+#include <functional>
+
+namespace zlx::tsql {
+
+enum class Target { SQLite, PostgreSQL };
+
+// What the translator asks of the session it works for.
+struct TranslationContext {
+    Target target = Target::SQLite;
+    bool dayMonthYear = true; // SET DATEFORMAT dmy
+    // The literal that stands for a @@ variable ("@@IDENTITY" -> "12"); empty: unsupported.
+    std::function<QString(const QString& name)> globalValue;
+    // SQLite: the default expression of a column, for "DEFAULT" in VALUES and SET lists.
+    std::function<QString(const QString& table, const QString& column)> columnDefault;
+    // The engine's name for a database named in db..table (an attached file or a schema);
+    // unset: the name itself.
+    std::function<QString(const QString& database)> databaseAlias;
+    // SQLite keeps each database's `locks` table in a file of its own: the schema that holds
+    // it for `database` ("" for the current one). Unset: `locks` is an ordinary table.
+    std::function<QString(const QString& database)> locksSchema;
+};
+
+struct Translation {
+    QString sql;
+    QStringList exclusiveTables; // tables named WITH (TABLOCKX)
+    QStringList databases;       // databases named in db..table, as written
+};
+
+// The version this layer reports as ServerProperty('ProductVersion').
+inline constexpr char kProductVersion[] = "8.00.2039";
+
+class TsqlTranslator {
+public:
+    explicit TsqlTranslator(TranslationContext context);
+    // Throws ado::AdoError 0x80040E14 naming a construct that has no translation.
+    Translation Translate(const Tokens& statement) const;
+    QString Expression(const Tokens& tokens) const { return Translate(tokens).sql; }
+
+private:
+    TranslationContext m_context;
+};
+
+// 'yyyymmdd', 'yyyymmdd hh:mm:ss' and (day first) 'dd/mm/yyyy[ hh:mm:ss]' as ISO
+// 'yyyy-mm-dd hh:mm:ss'; any other text comes back empty.
+QString NormalizedDateLiteral(const QString& text, bool dayMonthYear);
+
+} // namespace zlx::tsql

@@ -1,0 +1,479 @@
+// The T-SQL session on a real engine: what SQL Server would answer, statement by statement.
+#include "GoldenCorpus.h"
+#include "QtPrinters.h"
+#include "platform/ado/drivers/PostgresDriver.h"
+#include "platform/ado/drivers/SqliteDriver.h"
+#include "platform/tsql/TsqlSession.h"
+
+#include <QDir>
+#include <QStringList>
+#include <QUuid>
+#include <gtest/gtest.h>
+
+using namespace zlx;
+using namespace zlx::tsql;
+
+namespace {
+
+// Writes every result event as one line of text.
+class RecordingSink : public ado::ResultSink {
+public:
+    void BeginRowset(const std::vector<ado::ColumnInfo>&) override {
+        events << QStringLiteral("rowset");
+    }
+    bool Row(std::vector<Variant>& values) override {
+        QStringList cells;
+        for (const Variant& value : values)
+            cells << (value.IsNull() ? QStringLiteral("NULL") : value.ToInvariantString());
+        events << QStringLiteral("row ") + cells.join(u'|');
+        return true;
+    }
+    void EndRowset() override { events << QStringLiteral("end"); }
+    void RowsAffected(std::int64_t count) override {
+        events << QStringLiteral("count %1").arg(count);
+    }
+    QStringList events;
+};
+
+QString TestFolder() {
+    const QString base = qEnvironmentVariable("ZLX_TEST_TMP", QDir::tempPath());
+    const QString folder =
+        QDir(base).filePath(QStringLiteral("tsql-") + QUuid::createUuid().toString(QUuid::Id128));
+    QDir().mkpath(folder);
+    return folder;
+}
+
+enum class Engine { SQLite, PostgreSQL };
+
+class SessionTest : public ::testing::TestWithParam<Engine> {
+protected:
+    void SetUp() override {
+        if (Postgres()) {
+            m_server = qEnvironmentVariable("ZLX_TEST_PG");
+            if (m_server.isEmpty()) {
+                if (qEnvironmentVariable("ZLX_REQUIRE_PG") == u"1")
+                    FAIL() << "ZLX_TEST_PG is not set";
+                GTEST_SKIP() << "ZLX_TEST_PG is not set";
+            }
+            DropSchemas();
+        } else {
+            m_server = TestFolder();
+        }
+        m_session = Open(QStringLiteral("master"));
+        Exec(QStringLiteral("IF NOT EXISTS (SELECT name FROM sysdatabases WHERE name = 'empresa') "
+                            "CREATE DATABASE empresa"));
+        m_session->UseDatabase(QStringLiteral("empresa"));
+        Exec(QStringLiteral("CREATE TABLE clientes (zolmarID INT NOT NULL IDENTITY(1,1))"));
+        Exec(QStringLiteral("ALTER TABLE clientes ADD Nombre NVARCHAR(40) NOT NULL DEFAULT ''"));
+        Exec(QStringLiteral("ALTER TABLE clientes ADD Alta DATETIME NOT NULL DEFAULT '17530101'"));
+        Exec(QStringLiteral("ALTER TABLE clientes ADD Activo INT NOT NULL DEFAULT 1"));
+    }
+    void TearDown() override {
+        m_session.reset();
+        if (!Postgres() && !m_server.isEmpty()) QDir(m_server).removeRecursively();
+    }
+
+    bool Postgres() const { return GetParam() == Engine::PostgreSQL; }
+
+    // Each test starts from a server without the databases the tests make.
+    void DropSchemas() {
+        ado::PostgresDriver driver;
+        ado::ConnectParams params;
+        params.target = m_server;
+        driver.Connect(params);
+        RecordingSink sink;
+        driver.Execute(
+            QStringLiteral(
+                "DROP SCHEMA IF EXISTS empresa CASCADE; DROP SCHEMA IF EXISTS grupo CASCADE"),
+            sink, 0);
+    }
+
+    std::unique_ptr<TsqlSession> Open(const QString& database) {
+        ado::DriverPtr driver;
+        if (Postgres())
+            driver = std::make_unique<ado::PostgresDriver>();
+        else
+            driver = std::make_unique<ado::SqliteDriver>(ado::SqliteDriver::Layout::ServerFolder);
+        auto session = std::make_unique<TsqlSession>(std::move(driver));
+        ado::ConnectParams params;
+        params.target = m_server;
+        params.defaultDatabase = database;
+        session->Connect(params);
+        return session;
+    }
+
+    QStringList Exec(const QString& batch, TsqlSession* session = nullptr) {
+        RecordingSink sink;
+        (session ? session : m_session.get())->Execute(batch, sink, 0);
+        return sink.events;
+    }
+
+    QString Value(const QString& batch) {
+        for (const QString& event : Exec(batch)) {
+            if (event.startsWith(u"row ")) return event.mid(4);
+        }
+        return QStringLiteral("<no row>");
+    }
+
+    std::int32_t NativeErrorOf(const QString& batch) {
+        try {
+            Exec(batch);
+        } catch (const ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14)) << batch.toStdString();
+            return error.Records().empty() ? -1 : error.Records().front().nativeError;
+        }
+        ADD_FAILURE() << "no error: " << batch.toStdString();
+        return 0;
+    }
+
+    QString m_server; // the SQLite server folder or the PostgreSQL conninfo
+    std::unique_ptr<TsqlSession> m_session;
+};
+
+} // namespace
+
+INSTANTIATE_TEST_SUITE_P(Engines, SessionTest,
+                         ::testing::Values(Engine::SQLite, Engine::PostgreSQL),
+                         [](const ::testing::TestParamInfo<Engine>& info) {
+                             return info.param == Engine::SQLite ? "SQLite" : "PostgreSQL";
+                         });
+
+TEST_P(SessionTest, InsertReportsItsIdentityAndNoCountHidesCounts) {
+    EXPECT_EQ(
+        Exec(QStringLiteral(
+            "SET NOCOUNT ON ; INSERT INTO clientes(Nombre) VALUES ('Ana') ; SELECT @@Identity; "
+            "SET NOCOUNT OFF")),
+        (QStringList{"rowset", "row 1", "end"}));
+    EXPECT_EQ(Exec(QStringLiteral("SET NOCOUNT ON INSERT INTO clientes DEFAULT VALUES SELECT "
+                                  "@@Identity  SET NOCOUNT OFF")),
+              (QStringList{"rowset", "row 2", "end"}));
+    EXPECT_EQ(Exec(QStringLiteral("INSERT INTO clientes (Nombre, Activo) VALUES ('Eva', DEFAULT)")),
+              QStringList{"count 1"});
+    EXPECT_EQ(m_session->Identity(), 3);
+    EXPECT_EQ(
+        Value(QStringLiteral(
+            "SELECT Nombre + '/' + RTRIM(CAST(Activo AS CHAR)) FROM clientes WHERE zolmarID = 3")),
+        QStringLiteral("Eva/1"));
+    EXPECT_EQ(Exec(QStringLiteral(
+                  "SET NOCOUNT ON ; UPDATE clientes SET Activo = 0 WHERE zolmarID > 1 ; SELECT "
+                  "@@RowCount ; SET NOCOUNT OFF")),
+              (QStringList{"rowset", "row 2", "end"}));
+    EXPECT_EQ(Exec(QStringLiteral("UPDATE clientes SET Activo=DEFAULT WHERE zolmarID = 2")),
+              QStringList{"count 1"});
+    EXPECT_EQ(Value(QStringLiteral("SELECT sum(Activo) FROM clientes")), QStringLiteral("2"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT isnull(max(zolmarID),0) AS ultimo FROM clientes")),
+              QStringLiteral("3"));
+}
+
+TEST_P(SessionTest, NestedTransactionsCountLikeSqlServer) {
+    Exec(QStringLiteral("BEGIN TRANSACTION uno"));
+    Exec(QStringLiteral("BEGIN TRANSACTION dos"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT @@Trancount")), QStringLiteral("2"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('dentro')"));
+    Exec(QStringLiteral("COMMIT TRANSACTION dos"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT @@TranCount")), QStringLiteral("1"));
+    Exec(QStringLiteral("ROLLBACK TRANSACTION"));
+    EXPECT_EQ(m_session->TranCount(), 0);
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes")), QStringLiteral("0"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("COMMIT TRANSACTION uno")), 3902);
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("ROLLBACK TRANSACTION")), 3903);
+
+    Exec(QStringLiteral("BEGIN TRANSACTION a"));
+    Exec(QStringLiteral("BEGIN TRANSACTION b"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('guardado')"));
+    Exec(QStringLiteral("COMMIT TRANSACTION b COMMIT TRANSACTION a"));
+    EXPECT_EQ(m_session->TranCount(), 0);
+    auto other = Open(QStringLiteral("empresa"));
+    EXPECT_EQ(Exec(QStringLiteral("SELECT Nombre FROM clientes"), other.get()),
+              (QStringList{"rowset", "row guardado", "end"}));
+}
+
+TEST_P(SessionTest, SessionSettingsAreRemembered) {
+    EXPECT_TRUE(
+        Exec(QStringLiteral(
+                 "SET XACT_ABORT ON ; SET LANGUAGE Español ; SET DATEFORMAT dmy ; SET DATEFIRST 1"))
+            .isEmpty());
+    EXPECT_EQ(m_session->Language(), QStringLiteral("Español"));
+    EXPECT_EQ(m_session->DateFormat(), QStringLiteral("dmy"));
+    EXPECT_EQ(m_session->DateFirst(), 1);
+    EXPECT_EQ(
+        Value(QStringLiteral("SELECT CAST(ServerProperty('ProductVersion') AS VARCHAR(128))")),
+        QStringLiteral("8.00.2039"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SET ROWCOUNT 5")), 102);
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("PRINT 'hola'")), 102);
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("master.dbo.sp_addlinkedserver [remoto],'SQL Server'")),
+              102);
+    Exec(QStringLiteral("USE master"));
+    EXPECT_EQ(m_session->CurrentDatabase(), QStringLiteral("master"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT * FROM clientes")), 208);
+}
+
+TEST_P(SessionTest, DatesAndTheirPartsCompareAsOnSqlServer) {
+    Exec(QStringLiteral("SET DATEFORMAT dmy"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre, Alta) VALUES ('a', '20240131 07:05:09')"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre, Alta) VALUES ('b', '01/02/2024')"));
+    EXPECT_EQ(
+        Value(QStringLiteral(
+            "SELECT Nombre FROM clientes WHERE CAST(FLOOR(CAST(Alta AS FLOAT)) AS DATETIME) = "
+            "'20240131'")),
+        QStringLiteral("a"));
+    EXPECT_EQ(
+        Value(QStringLiteral("SELECT RIGHT('00'+RTRIM(CAST(DATEPART(hh,Alta) AS CHAR)),2) + ':' + "
+                             "RIGHT('00'+RTRIM(CAST(DATEPART(mi,Alta) AS CHAR)),2) + ':' + "
+                             "RIGHT('00'+RTRIM(CAST(DATEPART(ss,Alta) AS CHAR)),2) FROM clientes "
+                             "WHERE Nombre = 'a'")),
+        QStringLiteral("07:05:09"));
+    EXPECT_EQ(Value(QStringLiteral(
+                  "SELECT count(*) FROM clientes WHERE Alta >= '1/2/2024' AND Alta < '20240202'")),
+              QStringLiteral("1"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT TOP 1 Nombre FROM clientes ORDER BY Alta DESC")),
+              QStringLiteral("b"));
+}
+
+TEST_P(SessionTest, IdentityReseedAndTruncate) {
+    for (int i = 0; i < 3; ++i)
+        Exec(QStringLiteral("INSERT INTO clientes DEFAULT VALUES"));
+    Exec(QStringLiteral("DELETE FROM clientes WHERE zolmarID > 1"));
+    Exec(QStringLiteral("DBCC CHECKIDENT ('clientes', RESEED, 1)"));
+    Exec(QStringLiteral("DBCC DBREINDEX ('empresa.dbo.clientes')"));
+    Exec(QStringLiteral("DBCC SHRINKDATABASE (empresa)"));
+    Exec(QStringLiteral("INSERT INTO clientes DEFAULT VALUES"));
+    EXPECT_EQ(m_session->Identity(), 2);
+    Exec(QStringLiteral(
+        "SELECT zolmarID FROM clientes WITH (TABLOCKX) WHERE zolmarID > 5 IF @@ROWCOUNT=0 TRUNCATE "
+        "TABLE clientes"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes")), QStringLiteral("0"));
+    Exec(QStringLiteral("INSERT INTO clientes DEFAULT VALUES"));
+    EXPECT_EQ(m_session->Identity(), 1);
+}
+
+TEST_P(SessionTest, CatalogTablesDescribeTheSchema) {
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM sysdatabases WHERE name = 'empresa'")),
+              QStringLiteral("1"));
+    EXPECT_EQ(
+        Value(QStringLiteral("SELECT count(*) FROM master..sysdatabases WHERE name = 'nada'")),
+        QStringLiteral("0"));
+    EXPECT_EQ(
+        Exec(QStringLiteral("SELECT name FROM sysobjects WHERE xtype = 'U' AND name = 'clientes'")),
+        (QStringList{"rowset", "row clientes", "end"}));
+    // PostgreSQL keeps names in lower case and has no national character types.
+    const QStringList columns =
+        Postgres() ? QStringList{"rowset",          "row nombre|167|40", "row alta|61|8",
+                                 "row activo|56|4", "row zolmarid|56|4", "end"}
+                   : QStringList{"rowset",          "row Nombre|231|80", "row Alta|61|8",
+                                 "row Activo|56|4", "row zolmarID|56|4", "end"};
+    EXPECT_EQ(
+        Exec(QStringLiteral(
+            "SELECT name, xtype, length FROM syscolumns WHERE id = object_id('clientes') ORDER BY "
+            "xtype DESC, length DESC, name")),
+        columns);
+    EXPECT_EQ(
+        Value(QStringLiteral(
+            "SELECT count(*) FROM syscolumns WHERE id = object_id('clientes') AND name='NOMBRE'")),
+        QStringLiteral("1"));
+    Exec(QStringLiteral(
+        "ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY NONCLUSTERED "
+        "(zolmarID) ON [PRIMARY]"));
+    Exec(QStringLiteral("CREATE INDEX clientes_nombre ON clientes (Nombre)"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM sysobjects WHERE xtype = 'I'")),
+              QStringLiteral("2"));
+    const QStringList index =
+        Exec(QStringLiteral("EXEC sp_indexes_rowset 'clientes','clientes_PKEY_zolmarID'"));
+    ASSERT_EQ(index.size(), 3);
+    EXPECT_EQ(index[1].compare(u"row clientes|clientes_PKEY_zolmarID", Qt::CaseInsensitive), 0)
+        << index[1].toStdString();
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'clientes','otro'")),
+              (QStringList{"rowset", "end"}));
+    Exec(QStringLiteral("DROP INDEX clientes.clientes_nombre"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM sysobjects WHERE xtype = 'I'")),
+              QStringLiteral("1"));
+    Exec(QStringLiteral("ALTER TABLE clientes DROP CONSTRAINT clientes_PKEY_zolmarID"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM sysobjects WHERE xtype = 'I'")),
+              QStringLiteral("0"));
+    Exec(QStringLiteral("sp_rename 'clientes.[Nombre]', 'Razon', 'COLUMN'"));
+    EXPECT_EQ(
+        Value(QStringLiteral(
+            "SELECT count(*) FROM syscolumns WHERE id = object_id('clientes') AND name='Razon'")),
+        QStringLiteral("1"));
+}
+
+TEST_P(SessionTest, EngineErrorsCarrySqlServerNumbers) {
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT * FROM nada")), 208);
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT nada FROM clientes")), 207);
+    Exec(QStringLiteral(
+        "ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY NONCLUSTERED "
+        "(zolmarID) ON [PRIMARY]"));
+    Exec(QStringLiteral("INSERT INTO clientes (zolmarID, Nombre) VALUES (7, 'x')"));
+    EXPECT_EQ(
+        NativeErrorOf(QStringLiteral("INSERT INTO clientes (zolmarID, Nombre) VALUES (7, 'y')")),
+        2627);
+    Exec(QStringLiteral("CREATE UNIQUE INDEX clientes_nombre ON clientes (Nombre)"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('x')")), 2601);
+}
+
+TEST_P(SessionTest, CrossDatabaseNamesReachTheOtherFile) {
+    Exec(QStringLiteral("CREATE DATABASE grupo"));
+    Exec(QStringLiteral(
+        "CREATE TABLE grupo..locks (zolmarID INT NOT NULL IDENTITY(1,1), tabla NVARCHAR(40))"));
+    Exec(QStringLiteral("INSERT INTO grupo..locks (tabla) VALUES ('clientes')"));
+    EXPECT_EQ(m_session->Identity(), 1);
+    EXPECT_EQ(
+        Value(QStringLiteral("SELECT count(*) FROM grupo.dbo.locks WHERE tabla = 'clientes'")),
+        QStringLiteral("1"));
+    Exec(QStringLiteral("DELETE FROM empresa..clientes"));
+    auto other = Open(QStringLiteral("grupo"));
+    EXPECT_EQ(Exec(QStringLiteral("SELECT tabla FROM locks"), other.get()),
+              (QStringList{"rowset", "row clientes", "end"}));
+    other.reset();
+    Exec(QStringLiteral(
+        "ALTER DATABASE grupo SET AUTO_CLOSE OFF, AUTO_CREATE_STATISTICS OFF, AUTO_SHRINK ON, "
+        "AUTO_UPDATE_STATISTICS OFF, RECOVERY SIMPLE"));
+    Exec(QStringLiteral("DROP DATABASE grupo"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM sysdatabases WHERE name = 'grupo'")),
+              QStringLiteral("0"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT * FROM grupo..locks")), 208);
+}
+
+TEST_P(SessionTest, TwoWorkstationsLockRecordsWhileOneHoldsAWriteTransaction) {
+    Exec(QStringLiteral("CREATE TABLE locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla "
+                        "NVARCHAR(40), id_zolmar INT, "
+                        "maquina NVARCHAR(40), pid INT)"));
+    auto lockConnection = Open(QStringLiteral("empresa"));
+
+    Exec(QStringLiteral("BEGIN TRANSACTION Grabar"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('en curso')"));
+
+    // The lock connection writes its lock while the first one still holds its write transaction.
+    Exec(QStringLiteral("BEGIN TRANSACTION"), lockConnection.get());
+    EXPECT_EQ(Exec(QStringLiteral(
+                       "SELECT * FROM empresa..locks WITH (TABLOCKX) WHERE tabla = 'clientes' AND "
+                       "id_zolmar = 1"),
+                   lockConnection.get()),
+              (QStringList{"rowset", "end"}));
+    Exec(QStringLiteral("INSERT INTO empresa..locks(tabla, id_zolmar, maquina, pid) VALUES "
+                        "('clientes',1,'pc1',77)"),
+         lockConnection.get());
+    Exec(QStringLiteral("COMMIT TRANSACTION"), lockConnection.get());
+    EXPECT_EQ(lockConnection->Identity(), 1);
+
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM locks WHERE tabla = 'clientes'")),
+              QStringLiteral("1"));
+    Exec(QStringLiteral("COMMIT TRANSACTION Grabar"));
+
+    // A lock whose process is gone is removed; the emptied table numbers from 1 again.
+    Exec(QStringLiteral(
+             "IF NOT EXISTS (SELECT hostprocess FROM master..sysprocesses WHERE hostname='pc1' AND "
+             "hostprocess=77) DELETE FROM empresa..locks WHERE maquina='pc1' AND PID=77"),
+         lockConnection.get());
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM locks")), QStringLiteral("0"));
+    Exec(QStringLiteral("SELECT ZolmarID FROM empresa..locks WITH (TABLOCKX) IF @@ROWCOUNT=0 "
+                        "TRUNCATE TABLE empresa..locks"),
+         lockConnection.get());
+    Exec(QStringLiteral("INSERT INTO locks (tabla) VALUES ('otra')"), lockConnection.get());
+    EXPECT_EQ(lockConnection->Identity(), 1);
+}
+
+TEST_P(SessionTest, AlteredColumnsKeepRowsIndexesIdentityAndBoundDefaults) {
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Ana')"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Luis')"));
+    Exec(QStringLiteral("CREATE INDEX clientes_nombre ON clientes(Nombre)"));
+    Exec(QStringLiteral("ALTER TABLE clientes ALTER COLUMN Nombre NVARCHAR(60)"));
+    EXPECT_EQ(
+        Value(QStringLiteral(
+            "SELECT length FROM syscolumns WHERE id = object_id('clientes') AND name='Nombre'")),
+        Postgres() ? QStringLiteral("60") : QStringLiteral("120"));
+    EXPECT_EQ(Exec(QStringLiteral("SELECT Nombre FROM clientes ORDER BY zolmarID")),
+              (QStringList{"rowset", "row Ana", "row Luis", "end"}));
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'clientes','clientes_nombre'")).size(),
+              3);
+    Exec(QStringLiteral("DELETE FROM clientes WHERE zolmarID = 2"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Eva')"));
+    EXPECT_EQ(m_session->Identity(), 3);
+
+    Exec(QStringLiteral("CREATE DEFAULT clientes_activo AS 5"));
+    Exec(QStringLiteral("EXEC sp_bindefault 'clientes_activo', 'clientes.Activo'"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Pia')"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT Activo FROM clientes WHERE Nombre = 'Pia'")),
+              QStringLiteral("5"));
+    Exec(QStringLiteral("EXEC sp_unbindefault 'clientes.Activo'"));
+    EXPECT_THROW(Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Sin')")),
+                 ado::AdoError);
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes")), QStringLiteral("3"));
+}
+
+// Every statement of the corpus runs on the engine against tables made for it.
+TEST_P(SessionTest, GoldenStatementsRunOnTheEngine) {
+    const char* schema[] = {
+        "ALTER TABLE clientes ADD Flags INT NOT NULL DEFAULT 0",
+        "ALTER TABLE clientes ADD [Código] NVARCHAR(10) NULL",
+        "ALTER TABLE clientes ADD [Nombre Largo] NVARCHAR(60) NULL",
+        "ALTER TABLE clientes ADD codigo NVARCHAR(10) NULL",
+        "ALTER TABLE clientes ADD name NVARCHAR(10) NULL",
+        "ALTER TABLE clientes ADD Nota NVARCHAR(40) NULL",
+        "CREATE TABLE apuntes (zolmarID INT NOT NULL IDENTITY(1,1), Fecha DATETIME NULL, Alta "
+        "DATETIME NULL)",
+        "CREATE TABLE traducciones (zolmarID INT NOT NULL IDENTITY(1,1), texto NVARCHAR(500), "
+        "traduccion "
+        "NVARCHAR(500), revisar INT, idioma INT)",
+        "CREATE TABLE t (a INT, b INT, n INT)",
+        "CREATE TABLE u (b INT, c INT)",
+        "CREATE DATABASE grupo",
+    };
+    Exec(QStringLiteral("SET DATEFORMAT dmy"));
+    for (const char* sql : schema)
+        Exec(QString::fromUtf8(sql));
+    for (const QString& database : {QStringLiteral("empresa.."), QStringLiteral("grupo..")})
+        Exec(QStringLiteral("CREATE TABLE %1locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla "
+                            "NVARCHAR(40), id_zolmar "
+                            "INT, maquina NVARCHAR(40), usr_windows NVARCHAR(40), usr_zolmar INT, "
+                            "pid INT, cuando "
+                            "DATETIME, tipo INT, subtipo NVARCHAR(10), ClientName NVARCHAR(60))")
+                 .arg(database));
+    Exec(QStringLiteral(
+        "INSERT INTO clientes (Nombre, Alta, Flags) VALUES ('Ana', '20240131 07:05:09', 4)"));
+    Exec(QStringLiteral(
+        "INSERT INTO apuntes (Fecha, Alta) VALUES ('20240131 07:05:09', '31/01/2024')"));
+
+    for (const Golden& golden : GoldenCorpus()) {
+        const QString sql = QString::fromUtf8(golden.tsql);
+        if (sql.startsWith(u"CREATE TABLE") || sql.startsWith(u"ALTER TABLE"))
+            continue; // definitions run in the tests that build tables
+        try {
+            Exec(sql);
+        } catch (const ado::AdoError& error) {
+            ADD_FAILURE() << golden.tsql << "\n" << error.what();
+        }
+    }
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes")), QStringLiteral("4"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM locks WHERE usr_zolmar = 2")),
+              QStringLiteral("1"));
+}
+
+TEST(SingleFileSession, JetTablesNumberTheirRowsAndKeepLocksInTheSameFile) {
+    const QString folder = TestFolder();
+    TsqlSession session(std::make_unique<ado::SqliteDriver>(ado::SqliteDriver::Layout::SingleFile));
+    ado::ConnectParams params;
+    params.target = QDir(folder).filePath(QStringLiteral("datos.mdb"));
+    session.Connect(params);
+    RecordingSink sink;
+    session.Execute(QStringLiteral("CREATE TABLE articulos (zolmarID AUTOINCREMENT CONSTRAINT "
+                                   "articulos_PKEY_zolmarID PRIMARY KEY)"),
+                    sink, 0);
+    session.Execute(QStringLiteral("ALTER TABLE articulos ADD Precio MONEY NOT NULL DEFAULT 0"),
+                    sink, 0);
+    session.Execute(
+        QStringLiteral("CREATE TABLE locks (ZolmarID AUTOINCREMENT CONSTRAINT locks_PKEY_zolmarID "
+                       "PRIMARY KEY, tabla VARCHAR(40))"),
+        sink, 0);
+    RecordingSink inserts;
+    session.Execute(
+        QStringLiteral(
+            "INSERT INTO articulos (Precio) VALUES (2.5) INSERT INTO locks (tabla) VALUES "
+            "('articulos') INSERT INTO articulos DEFAULT VALUES SELECT @@Identity"),
+        inserts, 0);
+    EXPECT_EQ(inserts.events,
+              (QStringList{"count 1", "count 1", "count 1", "rowset", "row 2", "end"}));
+    EXPECT_TRUE(QDir(folder).entryList({QStringLiteral("*.sqlite")}).isEmpty());
+    session.Disconnect();
+    QDir(folder).removeRecursively();
+}

@@ -1,0 +1,107 @@
+#include "GoldenCorpus.h"
+#include "QtPrinters.h"
+#include "platform/ado/AdoError.h"
+#include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TsqlTranslator.h"
+
+#include <gtest/gtest.h>
+
+using namespace zlx::tsql;
+
+namespace {
+
+TranslationContext Context(Target target) {
+    TranslationContext context;
+    context.target = target;
+    context.globalValue = [](const QString& name) {
+        if (name == u"@@IDENTITY") return QStringLiteral("41");
+        if (name == u"@@ROWCOUNT") return QStringLiteral("3");
+        return QString();
+    };
+    context.columnDefault = [](const QString& table, const QString& column) {
+        return table == u"clientes" && column == u"Activo" ? QStringLiteral("1") : QString();
+    };
+    if (target == Target::SQLite) {
+        context.locksSchema = [](const QString& database) {
+            return (database.isEmpty() ? QStringLiteral("empresa") : database.toLower()) +
+                   QStringLiteral("_locks");
+        };
+    }
+    context.databaseAlias = [target](const QString& database) {
+        if (target == Target::SQLite && database.compare(u"empresa", Qt::CaseInsensitive) == 0)
+            return QStringLiteral("main");
+        return database.toLower();
+    };
+    return context;
+}
+
+QString Translated(const char* tsql, Target target) {
+    const auto statements = SplitBatch(Tokenize(QString::fromUtf8(tsql)));
+    EXPECT_EQ(statements.size(), 1u) << tsql;
+    return TsqlTranslator(Context(target)).Translate(statements.front()).sql;
+}
+
+} // namespace
+
+TEST(TsqlTranslator, GoldenStatementsForSqlite) {
+    for (const Golden& golden : GoldenCorpus())
+        EXPECT_EQ(Translated(golden.tsql, Target::SQLite), QString::fromUtf8(golden.sqlite))
+            << golden.tsql;
+}
+
+TEST(TsqlTranslator, GoldenStatementsForPostgres) {
+    for (const Golden& golden : GoldenCorpus())
+        EXPECT_EQ(Translated(golden.tsql, Target::PostgreSQL), QString::fromUtf8(golden.postgres))
+            << golden.tsql;
+}
+
+TEST(TsqlTranslator, ExclusiveHintNamesTheTable) {
+    const auto statement = SplitBatch(
+        Tokenize(QStringLiteral("SELECT * FROM empresa..locks WITH (TABLOCKX) WHERE pid=1")));
+    const Translation translation =
+        TsqlTranslator(Context(Target::PostgreSQL)).Translate(statement.front());
+    EXPECT_EQ(translation.exclusiveTables, QStringList{QStringLiteral("empresa.locks")});
+    EXPECT_EQ(translation.databases, QStringList{QStringLiteral("empresa")});
+}
+
+TEST(TsqlTranslator, DateLiteralsAreNormalisedOnlyWhenValid) {
+    EXPECT_EQ(NormalizedDateLiteral(QStringLiteral("20240229"), true),
+              QStringLiteral("2024-02-29 00:00:00"));
+    EXPECT_EQ(NormalizedDateLiteral(QStringLiteral("1/2/2024 7:05"), true),
+              QStringLiteral("2024-02-01 07:05:00"));
+    EXPECT_EQ(NormalizedDateLiteral(QStringLiteral("20230229"), true), QString());
+    EXPECT_EQ(NormalizedDateLiteral(QStringLiteral("1/2/2024"), false), QString());
+    EXPECT_EQ(NormalizedDateLiteral(QStringLiteral("12345678"), true), QString());
+    EXPECT_EQ(NormalizedDateLiteral(QStringLiteral("20240131 25:00:00"), true), QString());
+}
+
+TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
+    for (const char* sql :
+         {"SELECT TOP 10 PERCENT * FROM t", "SELECT @local", "SELECT DATEPART(week, f) FROM t",
+          "CREATE TABLE t (id INT IDENTITY(5,2))", "SELECT @@SPID"}) {
+        const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
+        try {
+            TsqlTranslator(Context(Target::SQLite)).Translate(statement.front());
+            ADD_FAILURE() << sql;
+        } catch (const zlx::ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14));
+            EXPECT_TRUE(
+                error.Description().startsWith(QStringLiteral("Construcción T-SQL no soportada: ")))
+                << sql;
+        }
+    }
+}
+
+TEST(TsqlTranslator, MalformedStatementsAreCommandErrors) {
+    for (const char* sql : {"SELECT isnull(a) FROM t", "SELECT RIGHT(", "SELECT TOP",
+                            "SELECT CAST(x) FROM t", "INSERT INTO t (a, b) VALUES (DEFAULT, (1)"}) {
+        try {
+            const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
+            TsqlTranslator(Context(Target::SQLite)).Translate(statement.front());
+            ADD_FAILURE() << sql;
+        } catch (const zlx::ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14)) << sql;
+        }
+    }
+}
