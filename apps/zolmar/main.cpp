@@ -2,6 +2,7 @@
 
 #include "BatchFunctions.h"
 #include "BatchRunner.h"
+#include "DbfCommand.h"
 #include "Demo.h"
 #include "zolmar.h"
 
@@ -12,13 +13,22 @@
 namespace {
 
 int Usage() {
-    std::fprintf(stderr, "usage: zolmar --version | demo | batch < calls.jsonl\n");
+    std::fprintf(
+        stderr,
+        "usage: zolmar --version | demo | batch < calls.jsonl | dbf dump FILE | dbf create FILE < "
+        "table.json\n");
     return 2;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
+    if (argc >= 2 && std::strcmp(argv[1], "dbf") == 0) {
+        QStringList args;
+        for (int i = 2; i < argc; ++i)
+            args << QString::fromLocal8Bit(argv[i]);
+        return zlx::RunDbfCommand(args);
+    }
     if (argc != 2) return Usage();
     if (std::strcmp(argv[1], "--version") == 0) {
         std::printf("zolmar %s\n", zlx::LibraryVersion().toUtf8().constData());

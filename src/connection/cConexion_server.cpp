@@ -18,10 +18,10 @@ QString ParentFolder(const QString& path) {
 } // namespace
 
 ado::SqlDialect cConexion::ServerEngine() const {
-    try {
-        if (m_cn && m_cn->State() == ado::adStateOpen) return m_cn->ActiveDriver().Dialect();
-    } catch (const ado::AdoError&) {
-    }
+    if (m_server.startsWith(QStringLiteral("sqlite:"), Qt::CaseInsensitive))
+        return ado::SqlDialect::SQLite;
+    if (m_server.startsWith(QStringLiteral("postgres:"), Qt::CaseInsensitive))
+        return ado::SqlDialect::PostgreSQL;
     return ado::SqlDialect::SqlServer;
 }
 

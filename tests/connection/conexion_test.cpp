@@ -163,7 +163,11 @@ TEST_F(FileConexion, FailedStatementsLeaveTheErrorStateAndOneMessage) {
     EXPECT_TRUE(m_messages.Messages().empty()); // lHideError
     EXPECT_EQ(m_cn.Execute("SELECT 1", zlxExecuteReturn_Value).ToLong(), 1);
     EXPECT_EQ(m_cn.GetLastError(), 0);
-    EXPECT_EQ(m_cn.ChkError(), 0);
+    // The connection keeps the last failure's records: ChkError shows and answers them.
+    EXPECT_EQ(m_cn.ChkError(), static_cast<std::int32_t>(0x80040E14));
+    ASSERT_EQ(m_messages.Messages().size(), 1u);
+    EXPECT_EQ(m_messages.Last().title, "Error de ADO");
+    EXPECT_TRUE(m_messages.Last().text.startsWith("Error ADO: -2147217900\rDescription: "));
 }
 
 TEST_F(FileConexion, TransactionsKeepTheLibraryCount) {
@@ -172,7 +176,7 @@ TEST_F(FileConexion, TransactionsKeepTheLibraryCount) {
     m_cn.Execute("INSERT INTO t (ZolmarID) VALUES (1)");
     m_cn.RollBackTrans();
     EXPECT_EQ(m_cn.InternalTransactionCount(), 0);
-    EXPECT_EQ(m_cn.RecCount("t"), 1); // the file provider has no transaction statements
+    EXPECT_EQ(m_cn.RecCount("t"), 0);
     m_cn.CommitTrans();
     EXPECT_EQ(m_cn.InternalTransactionCount(), 0);
     EXPECT_TRUE(

@@ -58,8 +58,13 @@ enum ConnectOptionEnum { adConnectUnspecified = -1, adAsyncConnect = 16 };
 enum BookmarkEnum { adBookmarkCurrent = 0, adBookmarkFirst = 1, adBookmarkLast = 2 };
 enum AffectEnum { adAffectCurrent = 1, adAffectGroup = 2, adAffectAll = 3 };
 enum SearchDirectionEnum { adSearchForward = 1, adSearchBackward = -1 };
-enum CompareEnum { adCompareLessThan = 0, adCompareEqual = 1, adCompareGreaterThan = 2,
-                   adCompareNotEqual = 3, adCompareNotComparable = 4 };
+enum CompareEnum {
+    adCompareLessThan = 0,
+    adCompareEqual = 1,
+    adCompareGreaterThan = 2,
+    adCompareNotEqual = 3,
+    adCompareNotComparable = 4
+};
 enum PositionEnum { adPosUnknown = -1, adPosBOF = -2, adPosEOF = -3 };
 enum GetRowsOptionEnum { adGetRowsRest = -1 };
 enum PersistFormatEnum { adPersistADTG = 0, adPersistXML = 1 };
@@ -189,10 +194,13 @@ enum ErrorValueEnum {
 };
 
 // HRESULTs that ADO raises as error numbers (as negative 32-bit values in VB).
-constexpr std::int32_t adHrCommandFailed = static_cast<std::int32_t>(0x80040E14);   // DB_E_ERRORSINCOMMAND
-constexpr std::int32_t adHrTimeout = static_cast<std::int32_t>(0x80040E31);         // DB_E_ABORTLIMITREACHED
-constexpr std::int32_t adHrCanceled = static_cast<std::int32_t>(0x80040E4E);        // DB_E_CANCELED
+constexpr std::int32_t adHrCommandFailed =
+    static_cast<std::int32_t>(0x80040E14); // DB_E_ERRORSINCOMMAND
+constexpr std::int32_t adHrTimeout =
+    static_cast<std::int32_t>(0x80040E31); // DB_E_ABORTLIMITREACHED
+constexpr std::int32_t adHrCanceled = static_cast<std::int32_t>(0x80040E4E); // DB_E_CANCELED
 constexpr std::int32_t adHrIntegrityViolation = static_cast<std::int32_t>(0x80040E2F);
-constexpr std::int32_t adHrConnectFailed = static_cast<std::int32_t>(0x80004005);   // E_FAIL, the generic one
+constexpr std::int32_t adHrConnectFailed =
+    static_cast<std::int32_t>(0x80004005); // E_FAIL, the generic one
 
 } // namespace zlx::ado

@@ -11,7 +11,7 @@ namespace zlx::ado {
 
 // One record of Connection.Errors.
 struct ErrorRecord {
-    std::int32_t number = 0;      // ADO number or HRESULT (0x80040E14 ...)
+    std::int32_t number = 0; // ADO number or HRESULT (0x80040E14 ...)
     QString description;
     QString source;               // "Microsoft OLE DB Provider for SQL Server", "SQLite", ...
     std::int32_t nativeError = 0; // the engine's own code (SQL Server numbers after mapping)
@@ -20,7 +20,8 @@ struct ErrorRecord {
 
 class AdoError : public std::runtime_error {
 public:
-    AdoError(std::int32_t number, const QString& description, std::vector<ErrorRecord> records = {});
+    AdoError(std::int32_t number, const QString& description,
+             std::vector<ErrorRecord> records = {});
     std::int32_t Number() const { return m_number; }
     QString Description() const { return QString::fromUtf8(what()); }
     const std::vector<ErrorRecord>& Records() const { return m_records; }

@@ -4,6 +4,7 @@
 #include "platform/ado/drivers/OdbcDriver.h"
 #include "platform/ado/drivers/PostgresDriver.h"
 #include "platform/ado/drivers/SqliteDriver.h"
+#include "platform/tsql/TsqlSession.h"
 
 namespace zlx::ado {
 
@@ -58,6 +59,20 @@ Connection::~Connection() {
 }
 
 DriverPtr Connection::CreateDriver(const ado::ConnectionString& connection) {
+    // The embedded and PostgreSQL engines run the library's T-SQL through a session that
+    // translates it; a real SQL Server (ODBC) gets the statements unchanged, and so does an
+    // engine opened with "SQL Dialect=Native" (its own SQL, for tools and tests).
+    DriverPtr native = CreateNativeDriver(connection);
+    const bool translated = connection.Which() == ado::ConnectionString::Engine::SqliteFolder ||
+                            connection.Which() == ado::ConnectionString::Engine::SqliteFile ||
+                            connection.Which() == ado::ConnectionString::Engine::Postgres;
+    if (!translated ||
+        connection.Value({"SQL Dialect"}).compare(u"Native", Qt::CaseInsensitive) == 0)
+        return native;
+    return std::make_unique<tsql::TsqlSession>(std::move(native));
+}
+
+DriverPtr Connection::CreateNativeDriver(const ado::ConnectionString& connection) {
     switch (connection.Which()) {
     case ado::ConnectionString::Engine::SqliteFolder:
         return std::make_unique<SqliteDriver>(SqliteDriver::Layout::ServerFolder);
@@ -75,10 +90,12 @@ DriverPtr Connection::CreateDriver(const ado::ConnectionString& connection) {
 }
 
 template <class Operation> void Connection::Guarded(Operation&& operation) {
-    m_errors.Clear();
+    // As ADO: the collection keeps the last failure's records until another error replaces
+    // them, so a caller can still read them after later successful calls.
     try {
         operation();
     } catch (const AdoError& error) {
+        m_errors.Clear();
         m_errors.Fill(error);
         throw;
     }

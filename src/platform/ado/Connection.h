@@ -62,6 +62,7 @@ public:
     // The one place that chooses the engine for a connection string; layers that extend an
     // engine (such as a SQL dialect session) wrap the driver here.
     static DriverPtr CreateDriver(const ado::ConnectionString& connection);
+    static DriverPtr CreateNativeDriver(const ado::ConnectionString& connection);
 
 signals:
     // An asynchronous (or synchronous) open has ended: errorNumber 0 when it succeeded.

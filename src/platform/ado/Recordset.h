@@ -150,7 +150,6 @@ signals:
     void FetchComplete();
 
 private:
-
     void RequireOpen() const;
     void RequireCurrent() const;
     bool HasCurrent() const;

@@ -120,9 +120,12 @@ bool TsqlSession::PollConnect() {
     return true;
 }
 
+void TsqlSession::StartExecute(const QString& batch) {
+    m_worker.Start([this, batch](ado::ResultSink& sink) { Execute(batch, sink, 0); });
+}
+
 bool TsqlSession::PollExecute(ado::ResultSink& sink) {
-    Execute(std::exchange(m_pendingBatch, QString()), sink, 0);
-    return true;
+    return m_worker.Poll(sink);
 }
 
 void TsqlSession::UseDatabase(const QString& database) {

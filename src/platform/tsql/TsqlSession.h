@@ -5,6 +5,7 @@
 // the rest, translated, on the engine; results reach the sink as SQL Server sends them.
 
 #include "platform/ado/drivers/Driver.h"
+#include "platform/ado/drivers/WorkerExecution.h"
 #include "platform/tsql/SqliteTableRebuild.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/tsql/TsqlTranslator.h"
@@ -29,7 +30,9 @@ public:
 
     void Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) override;
     // Batches run whole on the first poll: the translation needs the session's state in order.
-    void StartExecute(const QString& batch) override { m_pendingBatch = batch; }
+    // The whole session work of an asynchronous batch runs on a worker thread, so that a
+    // slow statement can be cancelled through the engine while the caller keeps polling.
+    void StartExecute(const QString& batch) override;
     bool PollExecute(ado::ResultSink& sink) override;
     void Cancel() override { m_inner->Cancel(); }
 
@@ -85,7 +88,7 @@ private:
 
     ado::DriverPtr m_inner;
     ado::ConnectParams m_params;
-    QString m_pendingBatch;
+    ado::WorkerExecution m_worker;
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;
     std::optional<std::int64_t> m_identity;

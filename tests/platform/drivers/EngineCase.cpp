@@ -22,8 +22,9 @@ class SqliteFolder : public ScratchDatabase {
 public:
     SqliteFolder() : m_dir(TempRoot() + QStringLiteral("/drivers-XXXXXX")) {}
     QString ConnectionString() const override {
+        // The engine's own SQL: these tests exercise the driver, not the T-SQL layer.
         return QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;Database=master;"
-                              "Server=sqlite:") +
+                              "SQL Dialect=Native;Server=sqlite:") +
                m_dir.path();
     }
 
@@ -101,7 +102,8 @@ EngineCase PostgresCase() {
                 if (conninfo.isEmpty()) return nullptr;
                 return std::make_unique<PostgresSchema>(
                     QStringLiteral("Server=postgres:") + conninfo,
-                    QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;"));
+                    QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;"
+                                   "SQL Dialect=Native;"));
             },
             QStringLiteral("SELECT pg_sleep(30)")};
 }

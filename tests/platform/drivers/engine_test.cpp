@@ -158,9 +158,12 @@ TEST_P(EngineTest, FailedStatementRaisesCommandFailedWithRecords) {
     } catch (const AdoError& error) {
         EXPECT_EQ(error.Number(), adErrItemNotFound);
     }
-    // The next successful call clears the collection.
+    // A successful call keeps the records; the next failure replaces them.
     EXPECT_EQ(Scalar("SELECT 1"), 1);
-    EXPECT_EQ(m_connection->GetErrors().Count(), 0);
+    EXPECT_EQ(m_connection->GetErrors().Count(), 1);
+    EXPECT_THROW(Run("SELECT * FROM other_missing_table"), AdoError);
+    ASSERT_EQ(m_connection->GetErrors().Count(), 1);
+    EXPECT_TRUE(m_connection->GetErrors().Item(0).description.contains("other_missing_table"));
 }
 
 TEST_P(EngineTest, CommandTimeoutCancelsTheStatement) {

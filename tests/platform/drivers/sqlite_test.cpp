@@ -20,7 +20,7 @@ protected:
     }
     QString Server(const QString& database) const {
         return QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;Database=%1;"
-                              "Server=sqlite:%2")
+                              "SQL Dialect=Native;Server=sqlite:%2")
             .arg(database, m_dir.path());
     }
     QString Path(const QString& name) const { return m_dir.filePath(name); }

@@ -1,0 +1,15 @@
+#pragma once
+// Windows-1252 (Windows ANSI) text conversion for DBF records.
+
+#include <QByteArray>
+#include <QString>
+#include <cstddef>
+
+namespace zlx::Cp1252 {
+
+// Decodes `size` bytes; bytes without a character in the code page keep their Latin-1 value.
+QString Decode(const char* bytes, std::size_t size);
+// Encodes the text; characters outside the code page become '?'.
+QByteArray Encode(const QString& text);
+
+} // namespace zlx::Cp1252

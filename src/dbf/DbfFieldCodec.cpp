@@ -1,0 +1,186 @@
+#include "dbf/DbfFieldCodec.h"
+
+#include "dbf/Cp1252.h"
+#include "platform/variant/NumberText.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <optional>
+
+namespace zlx::DbfFieldCodec {
+
+namespace {
+
+// A plain decimal text ("  -12.50 "): digits and scale, without allocating. Anything else
+// (exponents, signs inside, more than 18 digits) is left to the general reader.
+struct FixedNumber {
+    std::int64_t digits = 0;
+    int scale = 0;
+};
+
+std::optional<FixedNumber> ParseFixed(const char* bytes, std::size_t length) {
+    std::size_t i = 0;
+    while (i < length && bytes[i] == ' ')
+        ++i;
+    std::size_t end = length;
+    while (end > i && bytes[end - 1] == ' ')
+        --end;
+    const bool negative = i < end && bytes[i] == '-';
+    if (negative) ++i;
+    FixedNumber number;
+    int digitCount = 0;
+    bool point = false;
+    for (; i < end; ++i) {
+        const char c = bytes[i];
+        if (c == '.' && !point) {
+            point = true;
+        } else if (c >= '0' && c <= '9' && digitCount < 18) {
+            number.digits = number.digits * 10 + (c - '0');
+            ++digitCount;
+            number.scale += point ? 1 : 0;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (negative) number.digits = -number.digits;
+    return number;
+}
+
+double GeneralValue(const char* bytes, std::size_t length) {
+    return NumberText::Val(
+        QString::fromLatin1(QByteArray(bytes, static_cast<qsizetype>(length)).trimmed()));
+}
+
+constexpr std::int64_t kPowersOfTen[] = {1, 10, 100, 1000, 10000};
+// Exact doubles: an exact integer divided by one of them rounds correctly.
+constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
+                                        1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
+
+Variant DecodeNumber(const char* bytes, std::size_t length, std::size_t decimals) {
+    const std::optional<FixedNumber> fixed = ParseFixed(bytes, length);
+    const bool currency = decimals >= 1 && decimals <= 4;
+    try {
+        if (fixed && (currency || (decimals == 0 && length >= 10 && length <= 14)) &&
+            fixed->scale <= 4)
+            return Currency{fixed->digits * kPowersOfTen[4 - fixed->scale]};
+        if (fixed && decimals == 0 && length < 10 && fixed->scale == 0)
+            return static_cast<std::int32_t>(fixed->digits);
+        if (fixed && decimals > 4 && std::llabs(fixed->digits) < (std::int64_t{1} << 53))
+            return static_cast<double>(fixed->digits) / kExactPowersOfTen[fixed->scale];
+        const double value = GeneralValue(bytes, length);
+        if (decimals > 4) return value;
+        if (currency || (length >= 10 && length <= 14)) return Currency::FromDouble(value);
+        if (length < 10) return static_cast<std::int32_t>(value);
+        bool ok = false;
+        const Decimal exact = Decimal::FromString(
+            QString::fromLatin1(QByteArray(bytes, static_cast<qsizetype>(length)).trimmed()), &ok);
+        return ok ? exact : Decimal::FromDouble(value);
+    } catch (const VariantError&) {
+        return GeneralValue(bytes,
+                            length); // too wide for its kind (damaged file): keep it readable
+    }
+}
+
+int DigitsValue(const char* bytes, std::size_t count) {
+    const std::optional<FixedNumber> fixed = ParseFixed(bytes, count);
+    return fixed && fixed->scale == 0 ? static_cast<int>(fixed->digits)
+                                      : static_cast<int>(GeneralValue(bytes, count));
+}
+
+bool IsCalendarDate(int year, int month, int day) {
+    static constexpr int kDaysInMonth[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    if (year < 1 || month < 1 || month > 12 || day < 1) return false;
+    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
+    return day <= kDaysInMonth[month - 1] + (month == 2 && leap ? 1 : 0);
+}
+
+Variant DecodeDate(const char* bytes, std::size_t length) {
+    if (length < 8) return Variant::Null();
+    const int year = DigitsValue(bytes, 4), month = DigitsValue(bytes + 4, 2),
+              day = DigitsValue(bytes + 6, 2);
+    if (!IsCalendarDate(year, month, day)) return Variant::Null();
+    return MakeDate(year, month, day);
+}
+
+bool DecodeLogical(const char* bytes, std::size_t length) {
+    return length == 1 && (bytes[0] == 'Y' || bytes[0] == 'T' || bytes[0] == 'S');
+}
+
+bool IsNumber(const Variant& value) {
+    switch (value.VarType()) {
+    case vbInteger:
+    case vbLong:
+    case vbSingle:
+    case vbDouble:
+    case vbCurrency:
+    case vbDecimal:
+    case vbByte:
+        return true;
+    default:
+        return false;
+    }
+}
+
+// The number with `decimals` places, halves away from zero, "." as separator.
+QByteArray FormatNumber(const Variant& value, std::size_t decimals) {
+    if (const auto* whole = value.Get<std::int32_t>(); whole && decimals == 0)
+        return QByteArray::number(*whole);
+    const double scale = std::pow(10.0, static_cast<double>(decimals));
+    double rounded = std::round(value.ToDouble() * scale) / scale;
+    if (rounded == 0.0) rounded = 0.0; // no "-0"
+    return QByteArray::number(rounded, 'f', static_cast<int>(decimals));
+}
+
+QByteArray FormatDate(const Variant& value) {
+    int year, month, day, hour, minute, second;
+    SplitDate(value.ToDate(), year, month, day, hour, minute, second);
+    return QStringLiteral("%1%2%3")
+        .arg(year, 4, 10, QLatin1Char('0'))
+        .arg(month, 2, 10, QLatin1Char('0'))
+        .arg(day, 2, 10, QLatin1Char('0'))
+        .toLatin1();
+}
+
+} // namespace
+
+Variant Decode(char type, const char* bytes, std::size_t length, std::size_t decimals) {
+    switch (type) {
+    case 'N':
+        return DecodeNumber(bytes, length, decimals);
+    case 'D':
+        return DecodeDate(bytes, length);
+    case 'L':
+        return DecodeLogical(bytes, length);
+    default:
+        return Cp1252::Decode(bytes, length);
+    }
+}
+
+bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals) {
+    QByteArray text;
+    bool rightAligned = false;
+    try {
+        if (value.IsEmpty() || value.IsNull()) {
+            text.clear();
+        } else if (IsNumber(value)) {
+            text = FormatNumber(value, decimals);
+            rightAligned = true;
+            if (static_cast<std::size_t>(text.size()) > length) return false;
+        } else if (value.VarType() == vbDate) {
+            text = FormatDate(value);
+        } else if (value.VarType() == vbBoolean) {
+            text = value.ToBool() ? "T" : "F";
+        } else {
+            text = Cp1252::Encode(value.ToString());
+        }
+    } catch (const VariantError&) {
+        return false;
+    }
+    const std::size_t used = std::min(length, static_cast<std::size_t>(text.size()));
+    std::memset(bytes, ' ', length);
+    std::memcpy(rightAligned ? bytes + (length - used) : bytes, text.constData(), used);
+    return true;
+}
+
+} // namespace zlx::DbfFieldCodec

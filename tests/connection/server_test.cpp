@@ -1,0 +1,147 @@
+#include "QtPrinters.h"
+#include "connection/cConexion.h"
+#include "platform/companion/RecordingMsgPresenter.h"
+#include "platform/companion/cMatriz.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+using namespace zlx;
+
+namespace {
+
+// The SQL Server provider on each engine that runs its statements: the embedded server
+// folder and, when the test environment names one, PostgreSQL.
+struct Engine {
+    const char* name;
+};
+
+class ServerConexion : public ::testing::TestWithParam<Engine> {
+protected:
+    void SetUp() override {
+        const bool postgres = QString(GetParam().name) == "postgres";
+        if (postgres) {
+            const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
+            if (conninfo.isEmpty()) {
+                if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
+                GTEST_SKIP() << "no PostgreSQL server";
+            }
+            m_server = "postgres:" + QString::fromUtf8(conninfo);
+        } else {
+            m_server = "sqlite:" + m_dir.path();
+        }
+        m_database = QStringLiteral("ventas%1").arg(getpid());
+        ASSERT_TRUE(m_cn.Init(zlxDataProvider_MSDE, {}, m_server));
+        ASSERT_EQ(m_cn.cn()->State(), 1);
+        m_cn.Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + m_database +
+                     "') DROP DATABASE " + m_database);
+        ASSERT_TRUE(m_cn.Execute("CREATE DATABASE " + m_database).ToBool());
+        m_cn.DBName(m_database);
+        ASSERT_TRUE(m_cn.Execute("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), nombre "
+                                 "VARCHAR(40), importe FLOAT)")
+                        .ToBool());
+        ASSERT_EQ(m_cn.GetLastError(), 0) << m_cn.GetLastErrorDescription().toStdString();
+    }
+    void TearDown() override {
+        if (m_cn.cn() && m_cn.cn()->State() == 1) {
+            m_cn.DBName("master");
+            m_cn.Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
+        }
+    }
+    QTemporaryDir m_dir;
+    RecordingMsgPresenter m_messages;
+    ScopedMsgPresenter m_scope{m_messages};
+    QString m_server, m_database;
+    cConexion m_cn;
+};
+
+} // namespace
+
+TEST_P(ServerConexion, OpensBothConnectionsWithTheServerSettings) {
+    ASSERT_NE(m_cn.cnXLock(), nullptr);
+    EXPECT_EQ(m_cn.cnXLock()->State(), 1);
+    std::int32_t major = -1, minor = -1, build = -1, revision = -1;
+    EXPECT_EQ(m_cn.GetSQLVersion(&major, &minor, &build, &revision).scaled, 80000);
+    EXPECT_EQ((std::vector<int>{major, minor, build, revision}), (std::vector<int>{8, 0, 2039, 0}));
+    EXPECT_EQ(m_cn.cn()->DefaultDatabase().toLower(), m_database.toLower());
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_P(ServerConexion, RowCountsIdentitiesAndBatches) {
+    EXPECT_EQ(
+        m_cn.Execute("INSERT INTO t (nombre, importe) VALUES ('a', 1.5)", zlxExecuteReturn_NewID)
+            .ToLong(),
+        1);
+    EXPECT_EQ(m_cn.Execute("INSERT INTO t (nombre) VALUES ('b')", zlxExecuteReturn_NewID).ToLong(),
+              2);
+    EXPECT_TRUE(m_cn.Execute("UPDATE t SET importe = 2;").ToBool());
+    EXPECT_EQ(m_cn.nTally(), 2);
+    EXPECT_TRUE(m_cn.Execute("UPDATE t SET importe = 3 WHERE nombre = 'a'").ToBool());
+    EXPECT_EQ(m_cn.nTally(), 1);
+
+    auto matrix = std::make_shared<cMatriz>();
+    matrix->Dimension(1, 2, 1, 0);
+    for (int i = 0; i < 120; ++i)
+        matrix->AddRow(Variant::Array({Variant(QString("n%1").arg(i)), Variant(i * 0.5)}));
+    EXPECT_EQ(
+        m_cn.Insert("t", Variant::Array({Variant("nombre"), Variant("importe")}), Variant(matrix)),
+        0);
+    EXPECT_EQ(m_cn.RecCount("t"), 122);
+    EXPECT_EQ(m_cn.ValorMasAlto("t", "ZolmarID"), 122);
+    EXPECT_EQ(m_cn.Execute("SELECT importe FROM t WHERE nombre = 'n119'", zlxExecuteReturn_Value)
+                  .ToDouble(),
+              59.5);
+    EXPECT_EQ(m_cn.Insert("t", Variant::Array({Variant("nombre"), Variant("importe")}),
+                          Variant::Array({Variant::Null(), Variant(1)})),
+              0); // Null becomes DEFAULT on the SQL Server provider
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_P(ServerConexion, NamedTransactionsFollowTheLibraryCount) {
+    m_cn.BeginTrans("Def_Guardar_t");
+    m_cn.BeginTrans(QString(40, u'x'));
+    EXPECT_EQ(m_cn.TransactionCount(), 2);
+    m_cn.Execute("INSERT INTO t (nombre) VALUES ('dentro')");
+    m_cn.RollBackTrans();
+    EXPECT_EQ(m_cn.InternalTransactionCount(), 1);
+    EXPECT_EQ(m_cn.TransactionCount(), 0);
+    EXPECT_EQ(m_cn.RecCount("t"), 0);
+    m_cn.RollBackTrans();
+    EXPECT_EQ(m_cn.InternalTransactionCount(), 0);
+    m_cn.BeginTrans();
+    m_cn.Execute("INSERT INTO t (nombre) VALUES ('fuera')");
+    m_cn.CommitTrans("", true);
+    EXPECT_EQ(m_cn.RecCount("t"), 1);
+    EXPECT_TRUE(m_cn.DebugTransactionInfo().startsWith(
+        "\r\nInformación de estado de la transacción:\r\n    Contador de transacciones del "
+        "servidor SQL=0\r\n"));
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+TEST_P(ServerConexion, FailuresCarryTheServerNumbers) {
+    EXPECT_EQ(m_cn.Execute("SELECT * FROM no_existe", zlxExecuteReturn_Value, Variant(-7)).ToLong(),
+              -7);
+    EXPECT_EQ(m_cn.GetLastError(), zlxConexionError_ExecuteFailed);
+    EXPECT_EQ(m_cn.GetLastSQLNativeError(), 208);
+    ASSERT_EQ(m_messages.Messages().size(), 1u);
+    EXPECT_TRUE(m_messages.Last().text.contains("Error nativo SQL=208\r"));
+    EXPECT_TRUE(m_cn.CheckNativeCode(208));
+    EXPECT_FALSE(m_cn.CheckNativeCode_StringTruncated());
+    EXPECT_FALSE(m_cn.ConnectionWasBroken());
+
+    m_messages.Clear();
+    EXPECT_EQ(m_cn.ServerRegRead("HKEY_LOCAL_MACHINE", "Software", "x"), nullptr);
+    ASSERT_EQ(m_messages.Messages().size(), 1u);
+    EXPECT_TRUE(m_messages.Last().text.contains(
+        "Se ha producido un error al intentar leer el \"Registro\" del servidor."));
+    EXPECT_EQ(m_cn.GetLastError(), zlxConexionError_RegReadFailed);
+    EXPECT_FALSE(m_cn.AddLinkedServer("otro"));
+    EXPECT_FALSE(m_cn.GetLastErrorDescription().isEmpty());
+    EXPECT_FALSE(m_cn.GetSQLDefaultPathForData().isEmpty());
+    EXPECT_TRUE(m_cn.GetSQLDefaultPathForData().endsWith("/"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, ServerConexion,
+                         ::testing::Values(Engine{"sqlite"}, Engine{"postgres"}),
+                         [](const auto& info) { return std::string(info.param.name); });
