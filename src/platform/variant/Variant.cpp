@@ -343,6 +343,8 @@ std::size_t VariantArray::Offset(const std::vector<std::int32_t>& indexes) const
     return offset;
 }
 
+std::size_t VariantArray::Size() const { return m_data.size(); }
+
 Variant& VariantArray::At(std::int32_t i) {
     return m_data[Offset({i})];
 }

@@ -113,7 +113,7 @@ public:
     int Rank() const { return static_cast<int>(m_bounds.size()); }
     std::int32_t LBound(int dimension = 1) const; // dimensions are numbered from 1, as VB
     std::int32_t UBound(int dimension = 1) const;
-    std::size_t Size() const { return m_data.size(); }
+    std::size_t Size() const;
 
     Variant& At(std::int32_t i);
     const Variant& At(std::int32_t i) const;
