@@ -4,8 +4,10 @@
 #include "BatchRunner.h"
 #include "DbfCommand.h"
 #include "Demo.h"
+#include "SqlCommand.h"
 #include "zolmar.h"
 
+#include <QCoreApplication>
 #include <cstdio>
 #include <cstring>
 #include <unistd.h>
@@ -16,18 +18,20 @@ int Usage() {
     std::fprintf(
         stderr,
         "usage: zolmar --version | demo | batch < calls.jsonl | dbf dump FILE | dbf create FILE < "
-        "table.json\n");
+        "table.json | sql --provider N --server S --db NAME [TEXT]\n");
     return 2;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
-    if (argc >= 2 && std::strcmp(argv[1], "dbf") == 0) {
-        QStringList args;
-        for (int i = 2; i < argc; ++i)
-            args << QString::fromLocal8Bit(argv[i]);
-        return zlx::RunDbfCommand(args);
+    QStringList args;
+    for (int i = 2; i < argc; ++i)
+        args << QString::fromLocal8Bit(argv[i]);
+    if (argc >= 2 && std::strcmp(argv[1], "dbf") == 0) return zlx::RunDbfCommand(args);
+    if (argc >= 2 && std::strcmp(argv[1], "sql") == 0) {
+        QCoreApplication app(argc, argv); // the connection's waits turn its event loop
+        return zlx::RunSqlCommand(args, stdin, stdout);
     }
     if (argc != 2) return Usage();
     if (std::strcmp(argv[1], "--version") == 0) {

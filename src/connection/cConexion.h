@@ -138,6 +138,8 @@ private:
 
     Variant RunStatement(const QString& cSQL, int nTipoRet, const Variant& xDefault,
                          std::int32_t nColsMultiSelect);
+    Variant TableResult(const QString& cSQL, int nTipoRet, const Variant& xDefault,
+                        bool lHideError);
     Variant RunMultiSelect(ado::RecordsetPtr rs, std::int32_t nColsMultiSelect);
     bool RecoverOfflineDatabase(bool& shutDown, bool& offLine);
     bool AskRetryAfterTimeout(bool lHideError, const QString& title);

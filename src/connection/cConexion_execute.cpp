@@ -148,6 +148,8 @@ Variant cConexion::Execute(const QString& cSQL, int nTipoRet, const Variant& xDe
         xDefault = Variant("0");
     }
     if (cSQL.isEmpty() || !m_cn) return xDefault;
+    if (nTipoRet >= zlxExecuteReturn_cDatos_Copy && nTipoRet <= zlxExecuteReturn_cDatos_Connected)
+        return TableResult(cSQL, nTipoRet, xDefault, lHideError);
     const long savedTimeout = m_cn->CommandTimeout();
     bool shutDown = false, offLine = false;
     int hiddenTimeoutRetries = 0;
@@ -248,6 +250,19 @@ std::int32_t cConexion::Open_RecordSet(ado::RecordsetPtr& rs, const QString& cTa
             ShowConexionError(zlxConexionError_GenericErr, failure, {});
         return -1;
     }
+}
+
+// Modes 6 to 8: a client-side static recordset; the in-memory table is built over it.
+Variant cConexion::TableResult(const QString& cSQL, int nTipoRet, const Variant& xDefault,
+                               bool lHideError) {
+    ado::RecordsetPtr rs;
+    if (Open_RecordSet(rs, cSQL, ado::adUseClient, ado::adCmdText, ado::adOpenStatic,
+                       ado::adLockOptimistic, {}, lHideError) == -1) {
+        m_lastError = zlxConexionError_ExecuteFailed;
+        return xDefault;
+    }
+    if (nTipoRet != zlxExecuteReturn_cDatos_Connected) rs->DetachConnection();
+    return Variant(ObjectPtr(rs));
 }
 
 bool cConexion::ExecuteAsync(const QString& cSQL, std::int32_t nTimeOut) {

@@ -35,6 +35,29 @@ TEST(Batch, LibraryFunctionsWithTheirDefaults) {
               R"({"ok":""})");
 }
 
+TEST(Batch, SqlTextFunctions) {
+    EXPECT_EQ(Answer(R"({"fn":"PonComillas","args":["O'Neil  "]})"), R"({"ok":"'O''Neil'"})");
+    EXPECT_EQ(Answer(R"({"fn":"PonComillas","args":["gar",3]})"), R"({"ok":"'%gar%'"})");
+    EXPECT_EQ(Answer(R"({"fn":"PonComillas","args":[null]})"), R"({"ok":"''"})");
+    EXPECT_EQ(Answer(R"({"fn":"SoloFecha","args":["f"]})"),
+              R"j({"ok":"CAST(FLOOR(CAST(f AS FLOAT)) AS DATETIME)"})j");
+    EXPECT_TRUE(Answer(R"({"fn":"SoloHora","args":["f",true]})").contains("DATEPART(ss,f)"));
+    EXPECT_EQ(Answer(R"({"fn":"FiltroPorPalabras","args":["c","**casa roja"]})"),
+              R"j({"ok":" (((c) LIKE '%casa%') AND ((c) LIKE '%roja%'))"})j");
+    EXPECT_EQ(Answer(R"({"fn":"FiltroPorPalabras","args":["c","casa"]})"), R"({"ok":""})");
+    EXPECT_EQ(Answer(R"({"fn":"Str2Where","args":[0,"gar*cia","C.nombre"]})"),
+              R"({"ok":" AND C.nombre LIKE 'gar%cia'"})");
+    EXPECT_EQ(Answer(R"({"fn":"Str2Where","args":[0,"gar",""]})"), R"({"ok":null})");
+    EXPECT_EQ(Answer(R"({"fn":"CheckBoxes2Where","args":[[true,false,true],"estado",1,[1,2,4]]})"),
+              R"({"ok":" AND (estado & 5)>0"})");
+    EXPECT_EQ(Answer(R"({"fn":"CheckBoxes2Where","args":[[true,false,true],"estado",0,[1,2,4]]})"),
+              R"j({"ok":" AND estado IN (1,4)"})j");
+    EXPECT_EQ(
+        Answer(
+            R"({"fn":"ReplaceWhere","args":["SELECT * FROM t WHERE a=1 AND b=2","a=1 AND ",[" AND c=3"]]})"),
+        R"({"ok":"SELECT * FROM t WHERE b=2 AND c=3"})");
+}
+
 TEST(Batch, BadLinesAnswerAnErrorText) {
     EXPECT_TRUE(Answer("").startsWith(R"({"error":"invalid JSON: )"));
     EXPECT_TRUE(Answer(R"({"fn": "Num2Text", "args": [1)").startsWith(R"({"error":"invalid JSON)"));

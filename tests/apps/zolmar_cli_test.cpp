@@ -4,6 +4,7 @@
 #include "zolmar.h"
 
 #include <QProcess>
+#include <QTemporaryDir>
 #include <QTemporaryFile>
 #include <gtest/gtest.h>
 
@@ -100,4 +101,44 @@ TEST(ZolmarProgram, DemoRunsTheLibraryEndToEnd) {
         "Importe: mil doscientos treinta y cuatro euros con cincuenta y seis céntimos");
     ASSERT_GE(amount, 0);
     EXPECT_EQ(lines.value(amount + 1), QString::fromUtf8("Operación terminada."));
+}
+
+TEST(ZolmarProgram, SqlShellKeepsOneConnectionAcrossLines) {
+    QTemporaryDir folder;
+    const QStringList server = {"sql", "--provider", "2", "--server", "sqlite:" + folder.path(),
+                                "--db"};
+    EXPECT_EQ(Zolmar(server + QStringList{"master", "CREATE DATABASE ventas"}).out,
+              "{\"ok\":true,\"nTally\":0}\n");
+    const QByteArray input =
+        R"j({"sql": "CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n VARCHAR(9))", "mode": 1}
+{"sql": "BEGIN TRANSACTION uno", "mode": 1}
+{"sql": "INSERT INTO t (n) VALUES ('ana')", "mode": 9}
+{"sql": "INSERT INTO t (n) VALUES ('luis')", "mode": 9}
+{"sql": "SELECT @@TRANCOUNT", "mode": 2}
+{"sql": "COMMIT TRANSACTION uno", "mode": 1}
+{"sql": "UPDATE t SET n = 'x' WHERE ZolmarID = 2", "mode": 0}
+{"sql": "SELECT ZolmarID, n FROM t ORDER BY 1", "mode": 4}
+{"sql": "SELECT ZolmarID, n FROM t ORDER BY 1", "mode": 7}
+nada
+)j";
+    const ProgramRun run = Zolmar(server + QStringList{"ventas"}, input);
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.out, R"j({"ok":true,"nTally":0}
+{"ok":true,"nTally":0}
+{"ok":1}
+{"ok":2}
+{"ok":1}
+{"ok":true,"nTally":0}
+{"ok":true,"nTally":1}
+{"ok":[[1,"ana"],[2,"x"]]}
+{"ok":{"columns":["ZolmarID","n"],"rows":[[1,"ana"],[2,"x"]]}}
+{"error":"a line must be {\"sql\": TEXT, \"mode\": M}"}
+)j");
+
+    const ProgramRun failed =
+        Zolmar(server + QStringList{"ventas", "--mode", "2", "SELECT x FROM nada"});
+    EXPECT_EQ(failed.exitCode, 1);
+    EXPECT_TRUE(failed.out.startsWith(
+        R"j({"error":{"GetLastError":13,"native":208,"description":"no such table: nada","messages":["Descripción del error:)j"))
+        << failed.out.toStdString();
 }
