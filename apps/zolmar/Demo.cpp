@@ -1,5 +1,6 @@
 #include "Demo.h"
 
+#include "DemoData.h"
 #include "PrintingMsgPresenter.h"
 #include "frame/LibraryState.h"
 #include "frame/cGlobales.h"
@@ -97,8 +98,9 @@ int RunDemo(std::FILE* out) {
     ShowLists(out);
     ShowInput(out);
     ShowMessage(out);
+    const bool data = RunDataDemo(out);
     std::fflush(out);
-    return started ? 0 : 1;
+    return started && data ? 0 : 1;
 }
 
 } // namespace zlx

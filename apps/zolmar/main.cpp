@@ -25,14 +25,13 @@ int Usage() {
 } // namespace
 
 int main(int argc, char** argv) {
+    QCoreApplication app(argc, argv); // the connection's waits turn its event loop
     QStringList args;
     for (int i = 2; i < argc; ++i)
         args << QString::fromLocal8Bit(argv[i]);
     if (argc >= 2 && std::strcmp(argv[1], "dbf") == 0) return zlx::RunDbfCommand(args);
-    if (argc >= 2 && std::strcmp(argv[1], "sql") == 0) {
-        QCoreApplication app(argc, argv); // the connection's waits turn its event loop
+    if (argc >= 2 && std::strcmp(argv[1], "sql") == 0)
         return zlx::RunSqlCommand(args, stdin, stdout);
-    }
     if (argc != 2) return Usage();
     if (std::strcmp(argv[1], "--version") == 0) {
         std::printf("zolmar %s\n", zlx::LibraryVersion().toUtf8().constData());

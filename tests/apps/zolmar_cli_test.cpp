@@ -94,7 +94,11 @@ TEST(ZolmarProgram, DemoRunsTheLibraryEndToEnd) {
           "Long2Text(1515) = mil quinientos quince", "ValorEnLista(3, Array(1, 2, 3)) = True",
           "ValorEnLista(\"3\", Array(1, 2, 3)) = False", "String2ID(\"-123x\") = 123",
           "[información] Información",
-          "Importe: mil doscientos treinta y cuatro euros con cincuenta y seis céntimos"})
+          "Importe: mil doscientos treinta y cuatro euros con cincuenta y seis céntimos",
+          "Servidor embebido: versión 8", "Nuevo cliente: ZolmarID = 4", "RecCount(clientes) = 4",
+          "Filas cambiadas en Sevilla: 2",
+          "Total: 3146,25 = tres mil ciento cuarenta y seis euros con veinticinco céntimos",
+          "DBF exportado: 4 registros", "  O'Brien|45", "  Pérez|80,25"})
         EXPECT_TRUE(lines.contains(QString::fromUtf8(line))) << line;
     // The message's markup line break becomes a line of its own.
     const qsizetype amount = lines.indexOf(
