@@ -48,17 +48,10 @@ QString WithIdentity(const QString& cSQL) {
 
 QString ValuePiece(const Variant& value, int provider) {
     const bool sqlServer = provider == zlxDataProvider_MSDE;
+    if (value.IsNumber()) return value.ToString().replace(u',', u'.') + u',';
     switch (value.VarType()) {
     case vbNull:
         return sqlServer ? QStringLiteral("DEFAULT,") : QString();
-    case vbInteger:
-    case vbLong:
-    case vbSingle:
-    case vbDouble:
-    case vbCurrency:
-    case vbDecimal:
-    case vbByte:
-        return value.ToString().replace(u',', u'.') + u',';
     case vbDate:
         return (sqlServer ? ServerDateLiteral(value.ToDate()) : SqlText::PonComillas(value)) + u',';
     case vbString:

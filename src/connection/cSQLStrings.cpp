@@ -19,21 +19,6 @@ bool InRange(double value, int nNumberSize) {
     }
 }
 
-bool IsNumber(const Variant& v) {
-    switch (v.VarType()) {
-    case vbInteger:
-    case vbLong:
-    case vbSingle:
-    case vbDouble:
-    case vbCurrency:
-    case vbDecimal:
-    case vbByte:
-        return true;
-    default:
-        return false;
-    }
-}
-
 } // namespace
 
 void cSQLStrings::Reset() {
@@ -83,7 +68,7 @@ QString cSQLStrings::Literal(const Variant& value, bool lIsSQLExpression, std::i
 
 bool cSQLStrings::LeftOut(const Variant& value, int nNumberSize) const {
     if (value.IsEmpty() || value.IsNull()) return true;
-    if (IsNumber(value)) return value.ToDouble() == 0.0 || !InRange(value.ToDouble(), nNumberSize);
+    if (value.IsNumber()) return value.ToDouble() == 0.0 || !InRange(value.ToDouble(), nNumberSize);
     switch (value.VarType()) {
     case vbDate:
         return value == Variant(BlankDate()) || value.ToDate().value == 0.0;

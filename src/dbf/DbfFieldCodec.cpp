@@ -107,21 +107,6 @@ bool DecodeLogical(const char* bytes, std::size_t length) {
     return length == 1 && (bytes[0] == 'Y' || bytes[0] == 'T' || bytes[0] == 'S');
 }
 
-bool IsNumber(const Variant& value) {
-    switch (value.VarType()) {
-    case vbInteger:
-    case vbLong:
-    case vbSingle:
-    case vbDouble:
-    case vbCurrency:
-    case vbDecimal:
-    case vbByte:
-        return true;
-    default:
-        return false;
-    }
-}
-
 // The number with `decimals` places, halves away from zero, "." as separator.
 QByteArray FormatNumber(const Variant& value, std::size_t decimals) {
     if (const auto* whole = value.Get<std::int32_t>(); whole && decimals == 0)
@@ -163,7 +148,7 @@ bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t d
     try {
         if (value.IsEmpty() || value.IsNull()) {
             text.clear();
-        } else if (IsNumber(value)) {
+        } else if (value.IsNumber()) {
             text = FormatNumber(value, decimals);
             rightAligned = true;
             if (static_cast<std::size_t>(text.size()) > length) return false;

@@ -1,4 +1,5 @@
 #include "QtPrinters.h"
+#include "WidgetsApplication.h"
 #include "frame/cGlobales.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "ui/cAppUI.h"
@@ -37,12 +38,7 @@ public:
 
 class AppUI : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "test";
-        static char* argv[] = {name};
-        static QApplication app(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureWidgetsApplication(); }
     cAppUI ui;
 };
 

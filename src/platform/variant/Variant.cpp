@@ -343,7 +343,9 @@ std::size_t VariantArray::Offset(const std::vector<std::int32_t>& indexes) const
     return offset;
 }
 
-std::size_t VariantArray::Size() const { return m_data.size(); }
+std::size_t VariantArray::Size() const {
+    return m_data.size();
+}
 
 Variant& VariantArray::At(std::int32_t i) {
     return m_data[Offset({i})];
@@ -453,6 +455,11 @@ bool Variant::IsNumeric() const {
     const std::size_t kind = m_value.index();
     if (kind == kString) return NumberText::Normalise(std::get<QString>(m_value)).has_value();
     return IsNumberKind(kind) && kind != kDate;
+}
+
+bool Variant::IsNumber() const {
+    const std::size_t kind = m_value.index();
+    return IsNumberKind(kind) && kind != kDate && kind != kBoolean && kind != kEmpty;
 }
 
 bool Variant::IsDate() const {

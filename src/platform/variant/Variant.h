@@ -178,7 +178,9 @@ public:
     bool IsArray() const;
     bool IsObject() const;
     bool IsNumeric() const; // VB's IsNumeric (strings that parse as numbers too)
-    bool IsDate() const;    // VB's IsDate
+    // A number kind: Integer, Long, Single, Double, Currency, Decimal or Byte.
+    bool IsNumber() const;
+    bool IsDate() const; // VB's IsDate
     bool IsMissing() const;
 
     // Conversions with VB's rules (CInt, CLng, ...). They throw VariantError

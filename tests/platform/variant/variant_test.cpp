@@ -192,3 +192,12 @@ TEST(VariantComparison, OrderingFollowsVbForMixedKinds) {
     EXPECT_EQ(Variant(std::int16_t(-5)).Compare(Variant(std::uint8_t(5))), -1);
     EXPECT_EQ(Variant(MakeDate(2020, 1, 2)).Compare(Variant(MakeDate(2020, 1, 1))), 1);
 }
+
+TEST(VariantKinds, NumberKindsAreOnlyTheNumericStorage) {
+    for (const Variant& v : {Variant(std::int16_t(1)), Variant(1), Variant(1.5f), Variant(2.5),
+                             Variant(Currency{1}), Variant::FromInt64(3), Variant(std::uint8_t(4))})
+        EXPECT_TRUE(v.IsNumber()) << v.TypeName().toStdString();
+    for (const Variant& v : {Variant(), Variant::Null(), Variant(true), Variant("1"),
+                             Variant(MakeDate(2020, 1, 1)), Variant::Array({1})})
+        EXPECT_FALSE(v.IsNumber()) << v.TypeName().toStdString();
+}

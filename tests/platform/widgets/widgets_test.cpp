@@ -1,4 +1,5 @@
 #include "QtPrinters.h"
+#include "WidgetsApplication.h"
 #include "platform/companion/cMatriz.h"
 #include "platform/widgets/GridWindow.h"
 #include "platform/widgets/QtMsgPresenter.h"
@@ -17,12 +18,7 @@ using namespace zlx;
 
 class Widgets : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() {
-        static int argc = 1;
-        static char name[] = "test";
-        static char* argv[] = {name};
-        static QApplication app(argc, argv);
-    }
+    static void SetUpTestSuite() { EnsureWidgetsApplication(); }
 };
 
 TEST_F(Widgets, DialogRendersMarkupAndTheButtonSet) {
