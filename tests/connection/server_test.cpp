@@ -1,8 +1,10 @@
 #include "QtPrinters.h"
 #include "connection/cConexion.h"
+#include "frame/LibraryState.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/cMatriz.h"
 
+#include <QSysInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -145,3 +147,61 @@ TEST_P(ServerConexion, FailuresCarryTheServerNumbers) {
 INSTANTIATE_TEST_SUITE_P(Engines, ServerConexion,
                          ::testing::Values(Engine{"sqlite"}, Engine{"postgres"}),
                          [](const auto& info) { return std::string(info.param.name); });
+
+// A second process-independent connection that ends every other session of this process on
+// the PostgreSQL server, as a network failure or a server restart would.
+TEST(ServerConexionPostgres, BrokenLinkIsReconnectedAndTheStatementRunAgain) {
+    const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
+    if (conninfo.isEmpty()) {
+        if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
+        GTEST_SKIP() << "no PostgreSQL server";
+    }
+    RecordingMsgPresenter messages;
+    ScopedMsgPresenter scope(messages);
+    const QString server = "postgres:" + QString::fromUtf8(conninfo);
+    const QString database = QStringLiteral("roto%1").arg(getpid());
+    cConexion cn;
+    ASSERT_TRUE(cn.Init(zlxDataProvider_MSDE, {}, server));
+    cn.Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + database +
+               "') DROP DATABASE " + database);
+    cn.Execute("CREATE DATABASE " + database);
+    cn.DBName(database);
+    cn.Execute("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
+    cn.Execute("INSERT INTO t (n) VALUES (41)");
+
+    const auto killAll = [&] {
+        auto admin = std::make_shared<ado::Connection>();
+        admin->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + server);
+        long affected = 0;
+        const QString me = QSysInfo::machineHostName() + ':' + QString::number(getpid());
+        admin->Execute("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE "
+                       "application_name = '" +
+                           me + "' AND pid <> pg_backend_pid()",
+                       affected, ado::adCmdText);
+    };
+    LibraryState::Instance().AutoReconectar(true);
+    killAll();
+    EXPECT_EQ(cn.Execute("SELECT n + 1 FROM t", zlxExecuteReturn_Value).ToLong(), 42);
+    EXPECT_FALSE(cn.ConnectionWasBroken());
+    EXPECT_TRUE(messages.Messages().empty());
+
+    killAll();
+    EXPECT_EQ(cn.Execute("SELECT n FROM t", zlxExecuteReturn_Value).ToLong(), 41);
+    LibraryState::Instance().AutoReconectar(false);
+
+    // Asked and refused: the link is declared broken, once, with its own message.
+    messages.SetDefaultAnswer(2);
+    killAll();
+    EXPECT_EQ(cn.Execute("SELECT n FROM t", zlxExecuteReturn_Value, Variant(-1)).ToLong(), -1);
+    EXPECT_TRUE(cn.ConnectionWasBroken());
+    ASSERT_EQ(messages.Messages().size(), 2u);
+    EXPECT_EQ(messages.Messages()[0].title, "Conexión interrumpida");
+    EXPECT_EQ(messages.Messages()[0].buttons, 4);
+    EXPECT_TRUE(messages.Messages()[1].text.contains(
+        "La conexión con el servidor de datos se ha interrumpido.<BR>Tal vez sea un problema"));
+    EXPECT_EQ(cn.GetLastError(), zlxConexionError_ConnectionBroken);
+
+    cConexion cleanup;
+    cleanup.Init(zlxDataProvider_MSDE, {}, server);
+    cleanup.Execute("DROP DATABASE " + database, 0, Variant(0), true);
+}
