@@ -6,7 +6,9 @@
 
 #include <QSysInfo>
 #include <QTemporaryDir>
+#include <QThread>
 #include <gtest/gtest.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace zlx;
@@ -204,4 +206,66 @@ TEST(ServerConexionPostgres, BrokenLinkIsReconnectedAndTheStatementRunAgain) {
     cConexion cleanup;
     cleanup.Init(zlxDataProvider_MSDE, {}, server);
     cleanup.Execute("DROP DATABASE " + database, 0, Variant(0), true);
+}
+
+// Two sessions that wait for each other: the server picks this connection as the victim.
+TEST(ServerConexionPostgres, DeadlockVictimSetsTheFlagAndLeavesTheRollback) {
+    const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
+    if (conninfo.isEmpty()) {
+        if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
+        GTEST_SKIP() << "no PostgreSQL server";
+    }
+    RecordingMsgPresenter messages;
+    ScopedMsgPresenter scope(messages);
+    const QString server = "postgres:" + QString::fromUtf8(conninfo);
+    const QString database = QStringLiteral("bloqueo%1").arg(getpid());
+    cConexion cn;
+    ASSERT_TRUE(cn.Init(zlxDataProvider_MSDE, {}, server));
+    cn.Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + database +
+               "') DROP DATABASE " + database);
+    cn.Execute("CREATE DATABASE " + database);
+    cn.DBName(database);
+    cn.Execute("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
+    cn.Execute("INSERT INTO t (n) VALUES (1)");
+    cn.Execute("INSERT INTO t (n) VALUES (2)");
+
+    // The other workstation waits long before looking for deadlocks, so this one finds it.
+    auto other = std::make_shared<ado::Connection>();
+    other->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + server);
+    long affected = 0;
+    const QString table = database.toLower() + ".t";
+    other->Execute("SET deadlock_timeout = '20s'", affected, ado::adExecuteNoRecords);
+    other->Execute("BEGIN", affected, ado::adExecuteNoRecords);
+    other->Execute("UPDATE " + table + " SET n = 20 WHERE zolmarid = 2", affected,
+                   ado::adExecuteNoRecords);
+
+    cn.BeginTrans("Def_Guardar_t");
+    cn.Execute("UPDATE t SET n = 10 WHERE ZolmarID = 1");
+    std::thread blocked([&] {
+        try {
+            long count = 0;
+            other->Execute("UPDATE " + table + " SET n = 21 WHERE zolmarid = 1", count,
+                           ado::adExecuteNoRecords);
+            other->Execute("COMMIT", count, ado::adExecuteNoRecords);
+        } catch (const ado::AdoError&) {
+        }
+    });
+    QThread::msleep(300); // the other session is now waiting for row 1
+    EXPECT_FALSE(cn.Execute("UPDATE t SET n = 11 WHERE ZolmarID = 2").ToBool());
+    blocked.join();
+    EXPECT_TRUE(cn.lFlagDeadLock());
+    EXPECT_EQ(cn.GetLastSQLNativeError(), 1205);
+    EXPECT_EQ(cn.TransactionCount(), 0); // the server ended the victim's transaction
+    // Inside a transaction every failure is reported as fatal, the deadlock too.
+    ASSERT_EQ(messages.Messages().size(), 2u);
+    EXPECT_TRUE(messages.Messages()[1].text.startsWith(
+        "Se ha producido un error irrecuperable y el programa deberá finalizar de inmediato."));
+    EXPECT_EQ(cn.InternalTransactionCount(), 1);
+    cn.RollBackTrans();
+    EXPECT_EQ(cn.InternalTransactionCount(), 0);
+    cn.lFlagDeadLock(false);
+    EXPECT_EQ(cn.Execute("SELECT n FROM t WHERE ZolmarID = 2", zlxExecuteReturn_Value).ToLong(),
+              20); // the other session's committed value
+    cn.DBName("master");
+    cn.Execute("DROP DATABASE " + database, 0, Variant(0), true);
 }

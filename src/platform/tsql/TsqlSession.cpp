@@ -248,8 +248,29 @@ QString TsqlSession::LocksSchema(const QString& database) {
 
 void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
     RefreshCatalog(batch);
-    for (const Tokens& statement : SplitBatch(Tokenize(batch)))
-        RunStatement(statement, sink, timeoutSeconds);
+    for (const Tokens& statement : SplitBatch(Tokenize(batch))) {
+        try {
+            RunStatement(statement, sink, timeoutSeconds);
+        } catch (const ado::AdoError& error) {
+            AbortTransactionAfter(error);
+            throw;
+        }
+    }
+}
+
+// As SQL Server with XACT_ABORT ON (the library's setting), and as a deadlock victim always:
+// a statement that fails on the engine ends the whole transaction. PostgreSQL could not go
+// on with it anyway; on SQLite a statement refused before reaching the engine leaves it open.
+void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
+    const bool refused =
+        !error.Records().empty() && error.Records().front().nativeError == kNativeSyntax;
+    if (m_tranCount == 0 || (refused && EngineTarget() == Target::SQLite)) return;
+    m_tranCount = 0;
+    try {
+        m_inner->Rollback();
+    } catch (const ado::AdoError&) {
+        // the engine may have ended the transaction itself (a broken link, a victim)
+    }
 }
 
 void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {

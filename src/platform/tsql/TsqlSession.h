@@ -64,6 +64,7 @@ private:
     void RequireDatabaseFile(const QString& database) const;
     void Prepare();
 
+    void AbortTransactionAfter(const ado::AdoError& error);
     void RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     bool RunSetOption(const Tokens& statement);
     bool RunTransactionStatement(const Tokens& statement);
