@@ -146,6 +146,34 @@ TEST_P(ServerConexion, FailuresCarryTheServerNumbers) {
     EXPECT_TRUE(m_cn.GetSQLDefaultPathForData().endsWith("/"));
 }
 
+TEST_P(ServerConexion, TimeOutsAreOfferedARetryWithTheTimeDoubled) {
+    m_cn.cn()->CommandTimeout(1);
+    m_messages.QueueAnswers({1, 2}); // retry once, then give up
+    EXPECT_EQ(
+        m_cn.Execute("WAITFOR DELAY '00:00:03'", zlxExecuteReturn_Nothing_NoRowCount, Variant(-1))
+            .ToLong(),
+        -1);
+    ASSERT_EQ(m_messages.Messages().size(), 3u);
+    for (int i : {0, 1}) {
+        EXPECT_EQ(m_messages.Messages()[i].title,
+                  "Una operación no ha terminado en el tiempo límite");
+        EXPECT_EQ(m_messages.Messages()[i].text,
+                  "¿Desea intentar realizar una vez más dicha operación?");
+        EXPECT_EQ(m_messages.Messages()[i].icon, 32514);
+        EXPECT_EQ(m_messages.Messages()[i].buttons, 3);
+    }
+    EXPECT_TRUE(m_messages.Last().text.contains("WAITFOR DELAY '00:00:03'\r"));
+    EXPECT_EQ(m_cn.GetLastError(), zlxConexionError_ExecuteFailed);
+    EXPECT_EQ(m_cn.cn()->CommandTimeout(), 1); // the caller's time-out is back
+
+    // Hidden errors retry once, with the doubled time, without asking.
+    m_messages.Clear();
+    EXPECT_TRUE(m_cn.Execute("WAITFOR DELAY '00:00:01.500'", zlxExecuteReturn_Nothing_NoRowCount,
+                             Variant(false), true)
+                    .ToBool());
+    EXPECT_TRUE(m_messages.Messages().empty());
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, ServerConexion,
                          ::testing::Values(Engine{"sqlite"}, Engine{"postgres"}),
                          [](const auto& info) { return std::string(info.param.name); });

@@ -1,5 +1,6 @@
 #include "platform/tsql/TsqlSession.h"
 
+#include "platform/ado/drivers/DriverErrors.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/EngineErrorMap.h"
 #include "platform/tsql/SqliteTableRebuild.h"
@@ -9,9 +10,12 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QSysInfo>
+#include <QThread>
 
 namespace zlx::tsql {
 namespace {
@@ -258,6 +262,32 @@ void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeo
     }
 }
 
+// WAITFOR DELAY 'hh:mm[:ss[.mmm]]': the session waits itself, in short steps, so that the
+// command time-out and Cancel end the wait as they end a statement on the engine.
+void TsqlSession::RunWaitFor(const Tokens& statement, int timeoutSeconds) {
+    static const QRegularExpression delay(
+        QStringLiteral(R"(^(\d{1,2}):(\d{2})(?::(\d{2})(?:\.(\d{1,3}))?)?$)"));
+    const auto match = statement.size() == 3 && statement[1].IsWord(u"DELAY") &&
+                               statement[2].kind == TokenKind::String
+                           ? delay.match(statement[2].text)
+                           : QRegularExpressionMatch();
+    if (!match.hasMatch()) ThrowUnsupported(TokensToSql(statement));
+    const qint64 total =
+        ((match.captured(1).toLongLong() * 60 + match.captured(2).toLongLong()) * 60 +
+         match.captured(3).toLongLong()) *
+            1000 +
+        match.captured(4).leftJustified(3, u'0').toLongLong();
+    m_cancelled = false;
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < total) {
+        if (m_cancelled) ado::ThrowCanceled(EngineName());
+        if (timeoutSeconds > 0 && clock.elapsed() >= qint64(timeoutSeconds) * 1000)
+            ado::ThrowTimeout(EngineName());
+        QThread::msleep(static_cast<unsigned long>(std::min<qint64>(10, total - clock.elapsed())));
+    }
+}
+
 // As SQL Server with XACT_ABORT ON (the library's setting), and as a deadlock victim always:
 // a statement that fails on the engine ends the whole transaction. PostgreSQL could not go
 // on with it anyway; on SQLite a statement refused before reaching the engine leaves it open.
@@ -286,6 +316,11 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
     for (QStringView word :
          {u"DECLARE", u"PRINT", u"WHILE", u"SAVE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
         if (statement.front().IsWord(word)) ThrowUnsupported(statement.front().text);
+    }
+    if (statement.front().IsWord(u"WAITFOR")) {
+        RunWaitFor(statement, timeoutSeconds);
+        m_rowCount = 0;
+        return;
     }
     if (statement.front().IsWord(u"DBCC")) {
         RunDbcc(statement);

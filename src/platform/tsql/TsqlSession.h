@@ -11,6 +11,7 @@
 #include "platform/tsql/TsqlTranslator.h"
 
 #include <QHash>
+#include <atomic>
 #include <optional>
 
 namespace zlx::tsql {
@@ -34,7 +35,10 @@ public:
     // slow statement can be cancelled through the engine while the caller keeps polling.
     void StartExecute(const QString& batch) override;
     bool PollExecute(ado::ResultSink& sink) override;
-    void Cancel() override { m_inner->Cancel(); }
+    void Cancel() override {
+        m_cancelled = true;
+        m_inner->Cancel();
+    }
 
     void UseDatabase(const QString& database) override;
     QString CurrentDatabase() const override { return m_inner->CurrentDatabase(); }
@@ -65,6 +69,7 @@ private:
     void Prepare();
 
     void AbortTransactionAfter(const ado::AdoError& error);
+    void RunWaitFor(const Tokens& statement, int timeoutSeconds);
     void RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     bool RunSetOption(const Tokens& statement);
     bool RunTransactionStatement(const Tokens& statement);
@@ -90,6 +95,7 @@ private:
     ado::DriverPtr m_inner;
     ado::ConnectParams m_params;
     ado::WorkerExecution m_worker;
+    std::atomic<bool> m_cancelled{false};
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;
     std::optional<std::int64_t> m_identity;
