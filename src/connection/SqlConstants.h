@@ -89,4 +89,13 @@ enum zlxExecuteReturnConstants {
     zlxExecuteReturn_NewID = 9
 };
 
+enum zlxLockType { zlxLockTypeEdit = 1, zlxLockTypeNew = 2, zlxLockTypeTable = 3 };
+
+enum zlxLockRetry {
+    zlxLockRetryCheck = 1,
+    zlxLockRetryOnce = 2,
+    zlxLockRetryUntilCancel = 3,
+    zlxLockRetryForever = 4
+};
+
 } // namespace zlx

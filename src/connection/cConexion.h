@@ -15,6 +15,8 @@
 
 namespace zlx {
 
+struct LockRequest;
+
 class cConexion : public QObject, public Object {
     Q_OBJECT
 public:
@@ -96,6 +98,13 @@ public:
                          const QString& cUsr = QStringLiteral("sa"), const QString& cPsw = {});
     bool DropLinkedServer(const QString& cServer, bool lBorrarLogins = true);
 
+    // Lock records between workstations: 0 done, -1 not obtained (or a conflict in check
+    // mode), -2 removal of a lock that was not set.
+    std::int32_t xLock(int nTypeLock, bool lOnOff, const QString& cTabla, std::int32_t nPID,
+                       std::int32_t nIdZolmar = 0, std::int32_t nIdUser = 0,
+                       const QString& cSubTipo = {}, int nRetry = zlxLockRetryUntilCancel,
+                       const Variant& xIDsToLock = Variant(""));
+
     // Transactions
     void BeginTrans(const QString& cName = {});
     void CommitTrans(const QString& cName = {}, bool lAutoUnlock = false);
@@ -145,6 +154,8 @@ private:
     bool AskRetryAfterTimeout(bool lHideError, const QString& title);
     template <class Action> bool RetryAfterReconnect(Action&& action);
     void ReleaseLocks();
+    int LockAttempt(const LockRequest& request, bool& decided);
+    bool LockConflict(const LockRequest& request, const QStringList& holder);
     void RunTransactionStatement(const QString& text);
     ado::RecordsetPtr RunQuery(const QString& text);
     void RunNoRecords(const QString& text, ado::Connection& connection);

@@ -57,7 +57,7 @@ void cConexion::ReleaseLocks() {
     if (!text.isEmpty() && m_cnXLock) {
         try {
             long affected = 0;
-            m_cnXLock->Execute(text, affected, ado::adCmdUnspecified);
+            m_cnXLock->Execute(text, affected, ado::adExecuteNoRecords);
         } catch (const ado::AdoError&) {
             RecordServerError();
         }

@@ -174,6 +174,72 @@ TEST_P(ServerConexion, TimeOutsAreOfferedARetryWithTheTimeDoubled) {
     EXPECT_TRUE(m_messages.Messages().empty());
 }
 
+TEST_P(ServerConexion, LockRecordsBetweenWorkstations) {
+    m_cn.Execute("CREATE TABLE locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla VARCHAR(128), "
+                 "id_zolmar INT, maquina VARCHAR(20), usr_windows VARCHAR(20), usr_zolmar INT, "
+                 "pid INT, cuando DATETIME, tipo INT, subtipo VARCHAR(20), ClientName "
+                 "VARCHAR(50))");
+    const std::int32_t me = getpid(), other = me + 100000;
+    const auto count = [&] { return m_cn.RecCount("locks"); };
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "clientes", me, 5), 0);
+    EXPECT_EQ(count(), 1);
+    EXPECT_EQ(m_cn.CompanyLockList(), ",1");
+    const QString tabla =
+        m_cn.Execute("SELECT tabla FROM locks", zlxExecuteReturn_Value).ToString();
+    EXPECT_EQ(tabla.toUpper(), m_database.toUpper() + "..CLIENTES");
+    // Another workstation process: the same record conflicts, another one does not.
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "clientes", other, 5, 0, "", zlxLockRetryOnce), -1);
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeTable, true, "clientes", other, 0, 0, "", zlxLockRetryCheck),
+              -1);
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "Clientes ", other, 6, 0, "", zlxLockRetryOnce), 0);
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "clientes", other, 0, 0, "", zlxLockRetryOnce,
+                         Variant::Array({Variant(7), Variant(8), Variant(9)})),
+              0);
+    EXPECT_EQ(count(), 5);
+    EXPECT_EQ(m_cn.CompanyLockList(), ",1,2,3,4,5");
+    EXPECT_TRUE(m_messages.Messages().empty());
+
+    // Asked whether to retry, the user says no.
+    m_messages.QueueAnswers({2});
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeTable, true, "clientes", other), -1);
+    ASSERT_EQ(m_messages.Messages().size(), 1u);
+    EXPECT_EQ(m_messages.Last().title, "No se ha conseguido el bloqueo.");
+    EXPECT_EQ(m_messages.Last().buttons, 4);
+    EXPECT_TRUE(m_messages.Last().text.contains(
+        "   Tipo de bloqueo: '<B>Modificar registro Nº 5</B>'<BR>"));
+    EXPECT_TRUE(m_messages.Last().text.endsWith("<BR><BR>¿Desea reintentar la operación?"));
+
+    // Removal needs the same process; a missing lock answers -2 with its message.
+    m_messages.Clear();
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, false, "clientes", other, 5), -2);
+    ASSERT_EQ(m_messages.Messages().size(), 1u);
+    EXPECT_TRUE(m_messages.Last().text.contains(
+        "El método 'XLock' no pudo quitar un bloqueo porque no había sido puesto."));
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, false, "clientes", me, 5), 0);
+    EXPECT_EQ(count(), 4);
+
+    // A lock whose process is gone is cleaned up by the next workstation that meets it.
+    m_cn.Execute("DELETE FROM locks");
+    long affected = 0;
+    m_cn.cnXLock()->Execute("INSERT INTO " + m_database +
+                                "..locks (tabla, id_zolmar, maquina, usr_windows, usr_zolmar, pid, "
+                                "cuando, tipo, subtipo, ClientName) VALUES ('" +
+                                tabla + "', 0, '" + LibraryLog().ComputerName().left(20) +
+                                "', 'x', 0, 999999, '20240101 10:00:00', 3, '', 'viejo')",
+                            affected, ado::adExecuteNoRecords);
+    ASSERT_EQ(m_cn.RecCount("locks", "pid = 999999"), 1);
+    EXPECT_EQ(m_cn.TransactionCount(), 0);
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "clientes", me, 1, 0, "", zlxLockRetryOnce), 0);
+    EXPECT_EQ(m_cn.RecCount("locks", "pid = 999999"), 0);
+
+    // The end of the outermost transaction releases this connection's locks.
+    m_cn.BeginTrans();
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeNew, true, "clientes", me), 0);
+    m_cn.RollBackTrans();
+    EXPECT_EQ(count(), 0);
+    EXPECT_EQ(m_cn.CompanyLockList(), "");
+}
+
 INSTANTIATE_TEST_SUITE_P(Engines, ServerConexion,
                          ::testing::Values(Engine{"sqlite"}, Engine{"postgres"}),
                          [](const auto& info) { return std::string(info.param.name); });

@@ -247,8 +247,10 @@ std::shared_ptr<Recordset> Connection::Execute(const QString& text, long& record
     } else {
         recordset = std::make_shared<Recordset>();
         const ConnectionLink link = Link();
+        // Unspecified options (-1) are a command text, run synchronously.
         recordset->Open(text, &link, adOpenForwardOnly, adLockReadOnly,
-                        options & ~adExecuteNoRecords);
+                        options == adOptionUnspecified ? long(adCmdText)
+                                                       : options & ~adExecuteNoRecords);
     }
     recordsAffected = m_lastRecordsAffected;
     return recordset;
