@@ -244,30 +244,48 @@ INSTANTIATE_TEST_SUITE_P(Engines, ServerConexion,
                          ::testing::Values(Engine{"sqlite"}, Engine{"postgres"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// A second process-independent connection that ends every other session of this process on
-// the PostgreSQL server, as a network failure or a server restart would.
-TEST(ServerConexionPostgres, BrokenLinkIsReconnectedAndTheStatementRunAgain) {
-    const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
-    if (conninfo.isEmpty()) {
-        if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
-        GTEST_SKIP() << "no PostgreSQL server";
+// The SQL Server provider on the PostgreSQL test server only: what needs a second session of
+// the server (terminating backends, a deadlock).
+class PostgresConexion : public ::testing::Test {
+protected:
+    void SetUp() override {
+        const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
+        if (conninfo.isEmpty()) {
+            if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
+            GTEST_SKIP() << "no PostgreSQL server";
+        }
+        m_server = "postgres:" + QString::fromUtf8(conninfo);
+        ASSERT_TRUE(m_cn.Init(zlxDataProvider_MSDE, {}, m_server));
+        m_cn.Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + m_database +
+                     "') DROP DATABASE " + m_database);
+        m_cn.Execute("CREATE DATABASE " + m_database);
+        m_cn.DBName(m_database);
+        m_cn.Execute("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
     }
-    RecordingMsgPresenter messages;
-    ScopedMsgPresenter scope(messages);
-    const QString server = "postgres:" + QString::fromUtf8(conninfo);
-    const QString database = QStringLiteral("roto%1").arg(getpid());
-    cConexion cn;
-    ASSERT_TRUE(cn.Init(zlxDataProvider_MSDE, {}, server));
-    cn.Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + database +
-               "') DROP DATABASE " + database);
-    cn.Execute("CREATE DATABASE " + database);
-    cn.DBName(database);
-    cn.Execute("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
-    cn.Execute("INSERT INTO t (n) VALUES (41)");
+    void TearDown() override {
+        if (m_server.isEmpty()) return;
+        cConexion cleanup;
+        cleanup.Init(zlxDataProvider_MSDE, {}, m_server);
+        cleanup.Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
+    }
+    // A session of the server in its own dialect, outside the library.
+    ado::ConnectionPtr NativeSession() const {
+        auto session = std::make_shared<ado::Connection>();
+        session->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + m_server);
+        return session;
+    }
+    RecordingMsgPresenter m_messages;
+    ScopedMsgPresenter m_scope{m_messages};
+    QString m_server;
+    const QString m_database = QStringLiteral("pg%1").arg(getpid());
+    cConexion m_cn;
+};
+
+TEST_F(PostgresConexion, BrokenLinkIsReconnectedAndTheStatementRunAgain) {
+    m_cn.Execute("INSERT INTO t (n) VALUES (41)");
 
     const auto killAll = [&] {
-        auto admin = std::make_shared<ado::Connection>();
-        admin->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + server);
+        const ado::ConnectionPtr admin = NativeSession();
         long affected = 0;
         const QString me = QSysInfo::machineHostName() + ':' + QString::number(getpid());
         admin->Execute("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE "
@@ -277,64 +295,43 @@ TEST(ServerConexionPostgres, BrokenLinkIsReconnectedAndTheStatementRunAgain) {
     };
     LibraryState::Instance().AutoReconectar(true);
     killAll();
-    EXPECT_EQ(cn.Execute("SELECT n + 1 FROM t", zlxExecuteReturn_Value).ToLong(), 42);
-    EXPECT_FALSE(cn.ConnectionWasBroken());
-    EXPECT_TRUE(messages.Messages().empty());
+    EXPECT_EQ(m_cn.Execute("SELECT n + 1 FROM t", zlxExecuteReturn_Value).ToLong(), 42);
+    EXPECT_FALSE(m_cn.ConnectionWasBroken());
+    EXPECT_TRUE(m_messages.Messages().empty());
 
     killAll();
-    EXPECT_EQ(cn.Execute("SELECT n FROM t", zlxExecuteReturn_Value).ToLong(), 41);
+    EXPECT_EQ(m_cn.Execute("SELECT n FROM t", zlxExecuteReturn_Value).ToLong(), 41);
     LibraryState::Instance().AutoReconectar(false);
 
     // Asked and refused: the link is declared broken, once, with its own message.
-    messages.SetDefaultAnswer(2);
+    m_messages.SetDefaultAnswer(2);
     killAll();
-    EXPECT_EQ(cn.Execute("SELECT n FROM t", zlxExecuteReturn_Value, Variant(-1)).ToLong(), -1);
-    EXPECT_TRUE(cn.ConnectionWasBroken());
-    ASSERT_EQ(messages.Messages().size(), 2u);
-    EXPECT_EQ(messages.Messages()[0].title, "Conexión interrumpida");
-    EXPECT_EQ(messages.Messages()[0].buttons, 4);
-    EXPECT_TRUE(messages.Messages()[1].text.contains(
+    EXPECT_EQ(m_cn.Execute("SELECT n FROM t", zlxExecuteReturn_Value, Variant(-1)).ToLong(), -1);
+    EXPECT_TRUE(m_cn.ConnectionWasBroken());
+    ASSERT_EQ(m_messages.Messages().size(), 2u);
+    EXPECT_EQ(m_messages.Messages()[0].title, "Conexión interrumpida");
+    EXPECT_EQ(m_messages.Messages()[0].buttons, 4);
+    EXPECT_TRUE(m_messages.Messages()[1].text.contains(
         "La conexión con el servidor de datos se ha interrumpido.<BR>Tal vez sea un problema"));
-    EXPECT_EQ(cn.GetLastError(), zlxConexionError_ConnectionBroken);
-
-    cConexion cleanup;
-    cleanup.Init(zlxDataProvider_MSDE, {}, server);
-    cleanup.Execute("DROP DATABASE " + database, 0, Variant(0), true);
+    EXPECT_EQ(m_cn.GetLastError(), zlxConexionError_ConnectionBroken);
 }
 
 // Two sessions that wait for each other: the server picks this connection as the victim.
-TEST(ServerConexionPostgres, DeadlockVictimSetsTheFlagAndLeavesTheRollback) {
-    const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
-    if (conninfo.isEmpty()) {
-        if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
-        GTEST_SKIP() << "no PostgreSQL server";
-    }
-    RecordingMsgPresenter messages;
-    ScopedMsgPresenter scope(messages);
-    const QString server = "postgres:" + QString::fromUtf8(conninfo);
-    const QString database = QStringLiteral("bloqueo%1").arg(getpid());
-    cConexion cn;
-    ASSERT_TRUE(cn.Init(zlxDataProvider_MSDE, {}, server));
-    cn.Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + database +
-               "') DROP DATABASE " + database);
-    cn.Execute("CREATE DATABASE " + database);
-    cn.DBName(database);
-    cn.Execute("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
-    cn.Execute("INSERT INTO t (n) VALUES (1)");
-    cn.Execute("INSERT INTO t (n) VALUES (2)");
+TEST_F(PostgresConexion, DeadlockVictimSetsTheFlagAndLeavesTheRollback) {
+    m_cn.Execute("INSERT INTO t (n) VALUES (1)");
+    m_cn.Execute("INSERT INTO t (n) VALUES (2)");
 
     // The other workstation waits long before looking for deadlocks, so this one finds it.
-    auto other = std::make_shared<ado::Connection>();
-    other->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + server);
+    const ado::ConnectionPtr other = NativeSession();
     long affected = 0;
-    const QString table = database.toLower() + ".t";
+    const QString table = m_database.toLower() + ".t";
     other->Execute("SET deadlock_timeout = '20s'", affected, ado::adExecuteNoRecords);
     other->Execute("BEGIN", affected, ado::adExecuteNoRecords);
     other->Execute("UPDATE " + table + " SET n = 20 WHERE zolmarid = 2", affected,
                    ado::adExecuteNoRecords);
 
-    cn.BeginTrans("Def_Guardar_t");
-    cn.Execute("UPDATE t SET n = 10 WHERE ZolmarID = 1");
+    m_cn.BeginTrans("Def_Guardar_t");
+    m_cn.Execute("UPDATE t SET n = 10 WHERE ZolmarID = 1");
     std::thread blocked([&] {
         try {
             long count = 0;
@@ -345,21 +342,19 @@ TEST(ServerConexionPostgres, DeadlockVictimSetsTheFlagAndLeavesTheRollback) {
         }
     });
     QThread::msleep(300); // the other session is now waiting for row 1
-    EXPECT_FALSE(cn.Execute("UPDATE t SET n = 11 WHERE ZolmarID = 2").ToBool());
+    EXPECT_FALSE(m_cn.Execute("UPDATE t SET n = 11 WHERE ZolmarID = 2").ToBool());
     blocked.join();
-    EXPECT_TRUE(cn.lFlagDeadLock());
-    EXPECT_EQ(cn.GetLastSQLNativeError(), 1205);
-    EXPECT_EQ(cn.TransactionCount(), 0); // the server ended the victim's transaction
+    EXPECT_TRUE(m_cn.lFlagDeadLock());
+    EXPECT_EQ(m_cn.GetLastSQLNativeError(), 1205);
+    EXPECT_EQ(m_cn.TransactionCount(), 0); // the server ended the victim's transaction
     // Inside a transaction every failure is reported as fatal, the deadlock too.
-    ASSERT_EQ(messages.Messages().size(), 2u);
-    EXPECT_TRUE(messages.Messages()[1].text.startsWith(
+    ASSERT_EQ(m_messages.Messages().size(), 2u);
+    EXPECT_TRUE(m_messages.Messages()[1].text.startsWith(
         "Se ha producido un error irrecuperable y el programa deberá finalizar de inmediato."));
-    EXPECT_EQ(cn.InternalTransactionCount(), 1);
-    cn.RollBackTrans();
-    EXPECT_EQ(cn.InternalTransactionCount(), 0);
-    cn.lFlagDeadLock(false);
-    EXPECT_EQ(cn.Execute("SELECT n FROM t WHERE ZolmarID = 2", zlxExecuteReturn_Value).ToLong(),
+    EXPECT_EQ(m_cn.InternalTransactionCount(), 1);
+    m_cn.RollBackTrans();
+    EXPECT_EQ(m_cn.InternalTransactionCount(), 0);
+    m_cn.lFlagDeadLock(false);
+    EXPECT_EQ(m_cn.Execute("SELECT n FROM t WHERE ZolmarID = 2", zlxExecuteReturn_Value).ToLong(),
               20); // the other session's committed value
-    cn.DBName("master");
-    cn.Execute("DROP DATABASE " + database, 0, Variant(0), true);
 }
