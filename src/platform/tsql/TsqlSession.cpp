@@ -135,6 +135,7 @@ bool TsqlSession::PollExecute(ado::ResultSink& sink) {
 void TsqlSession::UseDatabase(const QString& database) {
     m_inner->UseDatabase(database);
     m_attached.clear(); // a SQLite reopen drops every attachment
+    m_identityColumns.clear();
     Prepare();
 }
 
@@ -304,6 +305,9 @@ void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
 }
 
 void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {
+    // Statements that may change a table's columns forget the identity columns known so far.
+    for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"})
+        if (statement.front().IsWord(word)) m_identityColumns.clear();
     if (statement.front().IsWord(u"IF")) {
         RunIf(statement, sink, timeoutSeconds);
         return;
@@ -484,6 +488,15 @@ void TsqlSession::Reseed(const QString& table, std::optional<std::int64_t> seed)
 
 // The identity column of a table, "" when it has none.
 QString TsqlSession::IdentityColumn(const QString& table) {
+    // Looked up once per table: an INSERT must not cost a catalog query each time.
+    const auto known = m_identityColumns.constFind(table);
+    if (known != m_identityColumns.constEnd()) return *known;
+    const QString column = FindIdentityColumn(table);
+    m_identityColumns.insert(table, column);
+    return column;
+}
+
+QString TsqlSession::FindIdentityColumn(const QString& table) {
     QString sql;
     if (EngineTarget() == Target::PostgreSQL) {
         sql = QStringLiteral("SELECT CAST(attname AS text) FROM pg_attribute WHERE attrelid = "

@@ -88,6 +88,7 @@ private:
     QString EngineName(const QString& tsqlName);
     SqliteTableRebuild Rebuilder(const QString& table);
     QString IdentityColumn(const QString& table);
+    QString FindIdentityColumn(const QString& table);
     void Reseed(const QString& table, std::optional<std::int64_t> seed);
     void RefreshCatalog(const QString& batch);
     QString ServerFolder() const;
@@ -96,6 +97,7 @@ private:
     ado::ConnectParams m_params;
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};
+    QHash<QString, QString> m_identityColumns; // table -> identity column ("" for none)
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;
     std::optional<std::int64_t> m_identity;
