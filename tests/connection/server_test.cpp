@@ -4,6 +4,7 @@
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/cMatriz.h"
 
+#include <QProcess>
 #include <QSysInfo>
 #include <QTemporaryDir>
 #include <QThread>
@@ -238,6 +239,33 @@ TEST_P(ServerConexion, LockRecordsBetweenWorkstations) {
     m_cn.RollBackTrans();
     EXPECT_EQ(count(), 0);
     EXPECT_EQ(m_cn.CompanyLockList(), "");
+}
+
+TEST_P(ServerConexion, LocksOfAnotherProcessUntilItDies) {
+    m_cn.Execute("CREATE TABLE locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla VARCHAR(128), "
+                 "id_zolmar INT, maquina VARCHAR(20), usr_windows VARCHAR(20), usr_zolmar INT, "
+                 "pid INT, cuando DATETIME, tipo INT, subtipo VARCHAR(20), ClientName "
+                 "VARCHAR(50))");
+    QProcess peer;
+    peer.start(QStringLiteral(LOCK_PEER_BIN), {m_server, m_database});
+    ASSERT_TRUE(peer.waitForReadyRead(30000)) << peer.readAllStandardError().toStdString();
+    ASSERT_EQ(peer.readAllStandardOutput(), "locked\n");
+    const std::int32_t me = getpid();
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "clientes", me, 5, 0, "", zlxLockRetryOnce), -1);
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "clientes", me, 6, 0, "", zlxLockRetryOnce), 0);
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeNew, true, "clientes", me, 0, 0, "", zlxLockRetryCheck), 0);
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeTable, true, "clientes", me, 0, 0, "", zlxLockRetryCheck), -1);
+
+    // Killed, the other workstation leaves its lock behind; the next one to meet it cleans up.
+    const qint64 peerPid = peer.processId();
+    ASSERT_EQ(m_cn.RecCount("locks", "pid = " + QString::number(peerPid)), 1);
+    peer.kill();
+    peer.waitForFinished();
+    QThread::msleep(200); // the server notices the closed sessions
+    EXPECT_EQ(m_cn.xLock(zlxLockTypeEdit, true, "clientes", me, 5, 0, "", zlxLockRetryOnce), 0);
+    EXPECT_EQ(m_cn.RecCount("locks", "pid = " + QString::number(peerPid)), 0);
+    EXPECT_EQ(m_cn.RecCount("locks"), 2);
+    EXPECT_TRUE(m_messages.Messages().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, ServerConexion,
