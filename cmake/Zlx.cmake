@@ -29,14 +29,22 @@ function(zlx_add_test name)
         TIMEOUT 900)
 endfunction()
 
-# zlx_add_fuzzer(<name> SOURCES ... DEPS ...): a libFuzzer target, built with ZLX_FUZZ=ON (clang).
+# zlx_add_fuzzer(<name> SOURCES ... DEPS ... [SEEDS <folder>]): a libFuzzer target built with
+# ZLX_FUZZ=ON (clang); otherwise, with tests on and a seed folder, the same entry point runs
+# a short repeatable mutation run over the seeds as a test (tests/ShortFuzz.cpp).
 function(zlx_add_fuzzer name)
-    if(NOT ZLX_FUZZ)
-        return()
+    cmake_parse_arguments(ARG "" "SEEDS" "SOURCES;DEPS" ${ARGN})
+    if(ZLX_FUZZ)
+        add_executable(fuzz_${name} ${ARG_SOURCES})
+        target_link_libraries(fuzz_${name} PRIVATE ${ARG_DEPS})
+        target_compile_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+        target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
+    elseif(ZLX_BUILD_TESTS AND ARG_SEEDS)
+        add_executable(shortfuzz_${name} ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/tests/ShortFuzz.cpp)
+        target_link_libraries(shortfuzz_${name} PRIVATE ${ARG_DEPS} Qt6::Core)
+        add_test(NAME shortfuzz_${name}
+                 COMMAND shortfuzz_${name} ${CMAKE_CURRENT_SOURCE_DIR}/${ARG_SEEDS})
+        set_tests_properties(shortfuzz_${name} PROPERTIES
+            ENVIRONMENT "QT_QPA_PLATFORM=offscreen" TIMEOUT 900)
     endif()
-    cmake_parse_arguments(ARG "" "" "SOURCES;DEPS" ${ARGN})
-    add_executable(fuzz_${name} ${ARG_SOURCES})
-    target_link_libraries(fuzz_${name} PRIVATE ${ARG_DEPS})
-    target_compile_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
-    target_link_options(fuzz_${name} PRIVATE -fsanitize=fuzzer)
 endfunction()

@@ -4,6 +4,7 @@
 #include "connection/cConexion.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/cMatriz.h"
+#include "table/cDatos.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -92,6 +93,8 @@ QByteArray ResultJson(const Variant& result, int mode, const cConexion& cn) {
         AppendRows(out, matrix->GetVariant().ToArray());
     } else if (const auto rs = result.IsObject() ? result.As<ado::Recordset>() : nullptr) {
         AppendRecordset(out, *rs);
+    } else if (const auto table = result.IsObject() ? result.As<cDatos>() : nullptr) {
+        AppendRecordset(out, *table->Get_RS());
     } else if (mode == zlxExecuteReturn_Array && result.IsArray()) {
         AppendRows(out, result.ToArray());
     } else {

@@ -16,6 +16,7 @@
 namespace zlx {
 
 struct LockRequest;
+class cDatos;
 
 class cConexion : public QObject, public Object {
     Q_OBJECT
@@ -85,6 +86,14 @@ public:
                         const Variant& xValores);
     std::int32_t RecCount(const QString& cTabla, const QString& cWhere = {});
     std::int32_t ValorMasAlto(const QString& cTabla, const QString& cCampo);
+    // The first row's columns into up to five variables; out-arguments that are not set keep
+    // their value.
+    bool SQLSelect2Vars(const QString& cSQL, Variant& xVar1, Variant* xVar2 = nullptr,
+                        Variant* xVar3 = nullptr, Variant* xVar4 = nullptr,
+                        Variant* xVar5 = nullptr);
+    // An empty table with the columns of the table or query.
+    std::shared_ptr<cDatos> GetStructureFromQuery(const QString& cTable,
+                                                  const QString& cFields = QStringLiteral("*"));
     // Runs the statement asynchronously, keeping the event loop turning until it is done.
     bool ExecuteAsync(const QString& cSQL, std::int32_t nTimeOut = -1);
     void CancelAsyncOp(bool lCnXLock = false);

@@ -252,19 +252,6 @@ std::int32_t cConexion::Open_RecordSet(ado::RecordsetPtr& rs, const QString& cTa
     }
 }
 
-// Modes 6 to 8: a client-side static recordset; the in-memory table is built over it.
-Variant cConexion::TableResult(const QString& cSQL, int nTipoRet, const Variant& xDefault,
-                               bool lHideError) {
-    ado::RecordsetPtr rs;
-    if (Open_RecordSet(rs, cSQL, ado::adUseClient, ado::adCmdText, ado::adOpenStatic,
-                       ado::adLockOptimistic, {}, lHideError) == -1) {
-        m_lastError = zlxConexionError_ExecuteFailed;
-        return xDefault;
-    }
-    if (nTipoRet != zlxExecuteReturn_cDatos_Connected) rs->DetachConnection();
-    return Variant(ObjectPtr(rs));
-}
-
 bool cConexion::ExecuteAsync(const QString& cSQL, std::int32_t nTimeOut) {
     if (!m_cn) return false;
     const long savedTimeout = m_cn->CommandTimeout();

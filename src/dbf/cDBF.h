@@ -12,6 +12,8 @@
 
 namespace zlx {
 
+class cDatos;
+
 struct DBF_FieldInfo_Type {
     QString cFieldName;
     QString cDataType;
@@ -37,6 +39,9 @@ public:
     void CreateColumn(const QString& cName, QString& cType, std::int32_t nSize = 0,
                       std::int32_t nDecimales = 0);
     bool EndCreateDBF();
+    // A file with one field per column of the table (the columns DBF cannot hold are left
+    // out) and, with lCopyData, its rows. The file stays open.
+    bool CreateFromDatos(const QString& cFileName, cDatos& oDatos, bool lCopyData = true);
 
     std::uint32_t RecordCount() const;
     std::int32_t FieldCount() const { return static_cast<std::int32_t>(m_fields.size()); }

@@ -277,6 +277,12 @@ ConnectionLink Connection::Link() {
         return finished;
     };
     link.cancel = [this] { Cancel(); };
+    link.resolveBase = [this](std::vector<ColumnInfo>& columns) {
+        Guarded([&] {
+            RequireOpen();
+            m_driver->ResolveBaseColumns(columns);
+        });
+    };
     return link;
 }
 

@@ -56,6 +56,16 @@ Field::Field(Recordset& owner, int index, FieldDefinition definition)
     m_properties.Add(QStringLiteral("KEYCOLUMN"), Variant(m_def.keyColumn));
 }
 
+void Field::SetBaseColumn(const QString& table, const QString& column, bool key) {
+    m_def.baseTable = table;
+    m_def.baseColumn = column;
+    m_def.keyColumn = key;
+    if (key) m_def.attributes |= adFldKeyColumn;
+    m_properties.SetItem(QStringLiteral("BASECOLUMNNAME"), Variant(column));
+    m_properties.SetItem(QStringLiteral("BASETABLENAME"), Variant(table));
+    m_properties.SetItem(QStringLiteral("KEYCOLUMN"), Variant(key));
+}
+
 void Field::SetPrecision(std::uint8_t precision) {
     if (m_owner.State() != adStateClosed) RaiseAdoError(adErrIllegalOperation);
     m_def.precision = precision;
@@ -85,6 +95,60 @@ std::int32_t Field::ActualSize() const {
         return static_cast<std::int32_t>(value.ToString().size());
     }
     return m_def.definedSize;
+}
+
+namespace {
+
+// Text pieces are strings; binary pieces are Byte arrays.
+Variant Concatenated(const Variant& head, const Variant& tail) {
+    if (head.IsNull() || head.IsEmpty()) return tail;
+    if (head.IsArray() || tail.IsArray()) {
+        std::vector<Variant> bytes;
+        for (const Variant& part : {head, tail}) {
+            if (const VariantArrayPtr array = part.ToArray())
+                bytes.insert(bytes.end(), array->Data().begin(), array->Data().end());
+            else
+                RaiseAdoError(adErrDataConversion);
+        }
+        return Variant::Array(std::move(bytes));
+    }
+    return Variant(head.ToString() + tail.ToString());
+}
+
+Variant Piece(const Variant& value, std::int32_t from, std::int32_t length) {
+    if (const VariantArrayPtr array = value.ToArray()) {
+        const auto& data = array->Data();
+        const auto begin = data.begin() + std::min<std::size_t>(from, data.size());
+        const auto end =
+            data.begin() + std::min<std::size_t>(std::size_t(from) + length, data.size());
+        return begin == end ? Variant::Null() : Variant::Array(std::vector<Variant>(begin, end));
+    }
+    const QString text = value.ToString();
+    return from >= text.size() ? Variant::Null() : Variant(text.mid(from, length));
+}
+
+} // namespace
+
+void Field::AppendChunk(const Variant& data) {
+    if (!(m_def.attributes & adFldLong)) RaiseAdoError(adErrFeatureNotAvailable);
+    Variant pending;
+    const bool appending = m_owner.PendingValue(m_index, pending);
+    SetValue(appending ? Concatenated(pending, data) : data);
+}
+
+Variant Field::GetChunk(std::int32_t length) {
+    if (!(m_def.attributes & adFldLong)) RaiseAdoError(adErrFeatureNotAvailable);
+    if (length < 0) RaiseAdoError(adErrInvalidArgument);
+    const Variant record = m_owner.Bookmark();
+    if (!(record.Equals(m_chunkRecord))) {
+        m_chunkRecord = record;
+        m_chunkOffset = 0;
+    }
+    const Variant value = Value();
+    if (value.IsNull()) return value;
+    const Variant piece = Piece(value, m_chunkOffset, length);
+    m_chunkOffset += length;
+    return piece;
 }
 
 } // namespace zlx::ado

@@ -25,6 +25,8 @@ struct FieldDefinition {
     QString baseTable;
     QString baseColumn;
     bool keyColumn = false;
+    std::uint32_t baseTableId = 0; // the engine's ids, until the names are known
+    std::int32_t baseColumnNumber = 0;
 };
 
 class Field {
@@ -43,6 +45,8 @@ public:
     void SetPrecision(std::uint8_t precision);
     void SetNumericScale(std::uint8_t scale);
     const FieldDefinition& Definition() const { return m_def; }
+    // The base table, column and key flag once the engine has named them.
+    void SetBaseColumn(const QString& table, const QString& column, bool key);
     int Index() const { return m_index; }
 
     // The value on the current record; raise 3021 without a current record.
@@ -52,6 +56,11 @@ public:
     Variant OriginalValue() const;
     // Characters of a text value, bytes of a fixed-size type, 0 for Null.
     std::int32_t ActualSize() const;
+    // Long fields only (3251 otherwise). AppendChunk adds text or bytes to the value being
+    // written, the first call of an edit replacing it; GetChunk reads the current value
+    // piece by piece from where the last call stopped (Null once it is all read).
+    void AppendChunk(const Variant& data);
+    Variant GetChunk(std::int32_t length);
 
     Properties& GetProperties() { return m_properties; }
     const Properties& GetProperties() const { return m_properties; }
@@ -61,6 +70,8 @@ private:
     int m_index;
     FieldDefinition m_def;
     Properties m_properties;
+    Variant m_chunkRecord; // the record GetChunk is reading, and how far
+    std::int32_t m_chunkOffset = 0;
 };
 
 } // namespace zlx::ado

@@ -29,6 +29,19 @@ public:
     void RowsAffected(std::int64_t) override {}
 };
 
+// Keeps the first value of the first row: the identity a write-back insert was given.
+class FirstValueSink : public ResultSink {
+public:
+    void BeginRowset(const std::vector<ColumnInfo>&) override {}
+    bool Row(std::vector<Variant>& values) override {
+        if (value.IsEmpty() && !values.empty()) value = values.front();
+        return false;
+    }
+    void EndRowset() override {}
+    void RowsAffected(std::int64_t) override {}
+    Variant value;
+};
+
 // Hashing and equality of UTF-16 text without Qt's seeded hash: ranks are built per sort.
 struct TextViewHash {
     std::size_t operator()(QStringView text) const noexcept {
@@ -636,9 +649,8 @@ void Recordset::MovePrevious() {
 Variant Recordset::CurrentValue(int field) const {
     RequireCurrent();
     m_fields.Item(field); // 3265 for a bad number
-    for (const auto& [index, value] : m_pending) {
-        if (index == field) return value;
-    }
+    Variant pending;
+    if (PendingValue(field, pending)) return pending;
     return m_columns[field].Get(CurrentPhysical());
 }
 
@@ -648,6 +660,16 @@ Variant Recordset::Collect(const Variant& field) const {
 
 void Recordset::SetCollect(const Variant& field, const Variant& value) {
     SetCurrentValue(m_fields.Item(field).Index(), value);
+}
+
+bool Recordset::PendingValue(int field, Variant& value) const {
+    for (const auto& [index, pending] : m_pending) {
+        if (index == field) {
+            value = pending;
+            return true;
+        }
+    }
+    return false;
 }
 
 Variant Recordset::CurrentOriginalValue(int field) const {
@@ -695,11 +717,36 @@ void Recordset::WriteCell(std::size_t physical, int field, const Variant& value)
     if (m_indexes[field]) m_indexes[field]->Invalidate();
 }
 
-bool Recordset::WritesBack() const {
-    return m_link && m_link->run &&
-           (m_lockType == adLockOptimistic || m_lockType == adLockPessimistic) &&
-           (m_cursorType == adOpenKeyset || m_cursorType == adOpenStatic) &&
-           RecordsetWriter(m_fields).CanWrite();
+bool Recordset::WritesBack() {
+    if (!m_link || !m_link->run ||
+        (m_lockType != adLockOptimistic && m_lockType != adLockPessimistic) ||
+        (m_cursorType != adOpenKeyset && m_cursorType != adOpenStatic))
+        return false;
+    ResolveBaseColumns();
+    return RecordsetWriter(m_fields).CanWrite();
+}
+
+// Engines that give only ids for a column's table are asked for the names once, when a
+// change is first written.
+void Recordset::ResolveBaseColumns() {
+    if (m_baseResolved || !m_link->resolveBase) return;
+    m_baseResolved = true;
+    std::vector<ColumnInfo> columns;
+    std::vector<int> fields;
+    for (int i = 0; i < m_fields.Count(); ++i) {
+        const FieldDefinition& def = m_fields.Item(i).Definition();
+        if (def.baseTableId == 0 || !def.baseTable.isEmpty()) continue;
+        ColumnInfo column;
+        column.baseTableId = def.baseTableId;
+        column.baseColumnNumber = def.baseColumnNumber;
+        columns.push_back(column);
+        fields.push_back(i);
+    }
+    if (columns.empty()) return;
+    m_link->resolveBase(columns);
+    for (std::size_t k = 0; k < fields.size(); ++k)
+        m_fields.Item(fields[k]).SetBaseColumn(columns[k].baseTable, columns[k].baseColumn,
+                                               columns[k].keyColumn);
 }
 
 std::vector<Variant> Recordset::RowValues(std::size_t physical) const {
@@ -716,6 +763,22 @@ void Recordset::RunWrite(const QString& sql) {
     m_link->run(sql, sink, long{adCmdText} | long{adExecuteNoRecords});
 }
 
+// A new record whose only key was left empty got it from the table's identity: the record
+// takes it, so that later changes find their row.
+void Recordset::FetchNewKey(const RecordsetWriter& writer) {
+    const int key = writer.SingleKey();
+    if (key < 0) return;
+    for (const auto& [field, value] : m_pending)
+        if (field == key && !value.IsNull()) return;
+    FirstValueSink sink;
+    try {
+        m_link->run(QStringLiteral("SELECT @@IDENTITY"), sink, adCmdText);
+    } catch (const AdoError&) {
+        return; // an engine without identities: the key stays empty
+    }
+    if (!sink.value.IsNull() && !sink.value.IsEmpty()) m_pending.emplace_back(key, sink.value);
+}
+
 void Recordset::FlushEdit() {
     if (m_editMode == adEditNone) return;
     const std::size_t physical = CurrentPhysical();
@@ -725,8 +788,12 @@ void Recordset::FlushEdit() {
         std::vector<Variant> current = stored;
         for (const auto& [field, value] : m_pending)
             current[field] = value;
-        RunWrite(m_editMode == adEditAdd ? writer.InsertSql(current)
-                                         : writer.UpdateSql(stored, current));
+        if (m_editMode == adEditAdd) {
+            RunWrite(writer.InsertSql(current));
+            FetchNewKey(writer);
+        } else {
+            RunWrite(writer.UpdateSql(stored, current));
+        }
     }
     RememberOriginal(physical);
     for (const auto& [field, value] : m_pending)

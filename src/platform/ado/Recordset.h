@@ -24,6 +24,7 @@ namespace zlx::ado {
 
 class FieldIndex;
 class RecordsetBuilder;
+class RecordsetWriter;
 
 // What a recordset needs from its connection: the connection object (what ActiveConnection
 // answers), a way to run a command into a sink and, for asynchronous opens, to start one
@@ -34,6 +35,7 @@ struct ConnectionLink {
     std::function<void(const QString& text, long options)> start;
     std::function<bool(ResultSink& sink)> poll;
     std::function<void()> cancel;
+    std::function<void(std::vector<ColumnInfo>&)> resolveBase;
 };
 
 enum EditModeEnum { adEditNone = 0, adEditInProgress = 1, adEditAdd = 2 };
@@ -132,6 +134,8 @@ public:
     Variant CurrentValue(int field) const;
     void SetCurrentValue(int field, const Variant& value);
     Variant CurrentOriginalValue(int field) const;
+    // The value set on the current record and not saved yet; false when there is none.
+    bool PendingValue(int field, Variant& value) const;
     void SetFieldOptimized(int field, bool on);
 
     // Used by the builder and the XML reader: storage and state.
@@ -157,8 +161,10 @@ private:
     void FlushEdit(); // a pending AddNew / edit is saved before moving
     // Single-table keyset/static recordsets with an optimistic or pessimistic lock save each
     // change to their table through the connection.
-    bool WritesBack() const;
+    bool WritesBack();
+    void ResolveBaseColumns();
     void RunWrite(const QString& sql);
+    void FetchNewKey(const RecordsetWriter& writer);
     std::vector<Variant> RowValues(std::size_t physical) const;
     void RebuildView(std::optional<std::size_t> keepPhysical);
     void RebuildOrder();
@@ -218,6 +224,7 @@ private:
     std::deque<std::shared_ptr<Recordset>> m_nextResults;
     std::int64_t m_recordsAffected = -1;
     std::unique_ptr<RecordsetBuilder> m_asyncBuilder;
+    bool m_baseResolved = false;
 };
 
 using RecordsetPtr = std::shared_ptr<Recordset>;

@@ -31,6 +31,8 @@ void RecordsetBuilder::BeginRowset(const std::vector<ColumnInfo>& columns) {
         def.baseTable = c.baseTable;
         def.baseColumn = c.baseColumn;
         def.keyColumn = c.keyColumn;
+        def.baseTableId = c.baseTableId;
+        def.baseColumnNumber = c.baseColumnNumber;
         target.GetFields().Define(def);
     }
     target.PrepareColumns();

@@ -17,6 +17,8 @@ public:
     // False when the fields do not come from one table with a key: nothing can be written.
     bool CanWrite() const { return !m_table.isEmpty() && !m_keys.empty(); }
     const QString& Table() const { return m_table; }
+    // The key field when the table has exactly one key column, else -1.
+    int SingleKey() const { return m_keys.size() == 1 ? m_keys.front() : -1; }
 
     QString InsertSql(const std::vector<Variant>& values) const;
     // Empty when no field changed.

@@ -125,7 +125,7 @@ bool TsqlSession::PollConnect() {
 }
 
 void TsqlSession::StartExecute(const QString& batch) {
-    m_worker.Start([this, batch](ado::ResultSink& sink) { Execute(batch, sink, 0); });
+    m_worker.Start([this, batch](ado::ResultSink& sink) { RunBatch(batch, sink, 0); });
 }
 
 bool TsqlSession::PollExecute(ado::ResultSink& sink) {
@@ -133,6 +133,7 @@ bool TsqlSession::PollExecute(ado::ResultSink& sink) {
 }
 
 void TsqlSession::UseDatabase(const QString& database) {
+    m_worker.Abandon();
     m_inner->UseDatabase(database);
     m_attached.clear(); // a SQLite reopen drops every attachment
     m_identityColumns.clear();
@@ -252,6 +253,13 @@ QString TsqlSession::LocksSchema(const QString& database) {
 }
 
 void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
+    // A cancelled asynchronous batch may still be ending on the worker: the engine's
+    // connection is free only after it.
+    m_worker.Abandon();
+    RunBatch(batch, sink, timeoutSeconds);
+}
+
+void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
     RefreshCatalog(batch);
     for (const Tokens& statement : SplitBatch(Tokenize(batch))) {
         try {
@@ -390,6 +398,7 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
 }
 
 void TsqlSession::BeginTransaction() {
+    m_worker.Abandon();
     if (m_tranCount == 0) {
         try {
             m_inner->BeginTransaction();
@@ -401,6 +410,7 @@ void TsqlSession::BeginTransaction() {
 }
 
 void TsqlSession::Commit() {
+    m_worker.Abandon();
     if (m_tranCount == 1) {
         try {
             m_inner->Commit();
@@ -412,6 +422,7 @@ void TsqlSession::Commit() {
 }
 
 void TsqlSession::Rollback() {
+    m_worker.Abandon();
     m_tranCount = 0;
     try {
         m_inner->Rollback();

@@ -49,6 +49,10 @@ public:
     void Rollback() override;
 
     QString EngineName() const override { return m_inner->EngineName(); }
+    void ResolveBaseColumns(std::vector<ado::ColumnInfo>& columns) override {
+        m_worker.Abandon();
+        m_inner->ResolveBaseColumns(columns);
+    }
 
     // What the session keeps, as @@TRANCOUNT, @@ROWCOUNT, @@IDENTITY and SET show it.
     int TranCount() const { return m_tranCount; }
@@ -67,6 +71,7 @@ private:
     QString LocksSchema(const QString& database);
     void RequireDatabaseFile(const QString& database) const;
     void Prepare();
+    void RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds);
 
     void AbortTransactionAfter(const ado::AdoError& error);
     void RunWaitFor(const Tokens& statement, int timeoutSeconds);

@@ -365,7 +365,10 @@ private:
         auto isOwner = [](const Part& part) {
             return part.name.isEmpty() || part.name.compare(u"dbo", Qt::CaseInsensitive) == 0;
         };
-        if (parts.size() == 3 && isOwner(parts[1])) parts.erase(parts.begin() + 1);
+        // Only db..t and db.dbo.t name another database; a.b is a column of table (or alias)
+        // a, or table b of owner a.
+        const bool inDatabase = parts.size() == 3 && isOwner(parts[1]);
+        if (inDatabase) parts.erase(parts.begin() + 1);
         if (parts.size() == 2 && isOwner(parts[0])) parts.erase(parts.begin());
         const QString catalog = CatalogTable(parts.back().name);
         if (!catalog.isEmpty()) {
@@ -378,7 +381,7 @@ private:
             out += m_t[i].leading + m_context.locksSchema(database) + QStringLiteral(".locks");
             return j;
         }
-        if (parts.size() == 2) {
+        if (inDatabase && parts.size() == 2) {
             m_databases << parts[0].name;
             if (m_context.databaseAlias) parts[0] = {m_context.databaseAlias(parts[0].name), false};
         }

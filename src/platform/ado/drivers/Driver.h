@@ -25,6 +25,10 @@ struct ColumnInfo {
     QString baseColumn;
     bool keyColumn = false;
     bool autoIncrement = false;
+    // The engine's own ids of the base table and column, for engines that name them later
+    // (ResolveBaseColumns).
+    std::uint32_t baseTableId = 0;
+    std::int32_t baseColumnNumber = 0;
 };
 
 // Receives the results of a batch, statement by statement, in order. Rows arrive one at a
@@ -103,6 +107,10 @@ public:
 
     // Name of the engine for error sources and diagnostics ("SQLite", "PostgreSQL", "ODBC").
     virtual QString EngineName() const = 0;
+
+    // Fills the base table, base column and key flag of the columns that carry only the
+    // engine's ids; called between batches. Engines that name them at once do nothing.
+    virtual void ResolveBaseColumns(std::vector<ColumnInfo>& columns) { (void)columns; }
 };
 
 using DriverPtr = std::unique_ptr<Driver>;

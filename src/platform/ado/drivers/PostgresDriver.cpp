@@ -129,6 +129,11 @@ std::vector<ColumnInfo> Columns(const PGresult* result) {
         column.name = QString::fromUtf8(PQfname(result, i));
         column.attributes = adFldIsNullable | adFldMayBeNull;
         Describe(column, PQftype(result, i), PQfmod(result, i));
+        const unsigned table = PQftable(result, i);
+        if (table != 0) {
+            column.baseTableId = table;
+            column.baseColumnNumber = PQftablecol(result, i);
+        }
     }
     return columns;
 }
@@ -391,6 +396,39 @@ void PostgresDriver::Cancel() {
     m_lastCancel = QDateTime::currentMSecsSinceEpoch();
     char error[256];
     PQcancel(m_cancel, error, sizeof error);
+}
+
+void PostgresDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {
+    if (!IsConnected() || columns.empty()) return;
+    QStringList tables;
+    for (const ColumnInfo& column : columns)
+        tables << QString::number(column.baseTableId);
+    tables.removeDuplicates();
+    const QByteArray sql =
+        QStringLiteral(
+            "SELECT a.attrelid, a.attnum, c.relname, a.attname, "
+            "CASE WHEN EXISTS (SELECT 1 FROM pg_index i WHERE i.indrelid = a.attrelid AND "
+            "i.indisprimary) THEN a.attnum = ANY (SELECT unnest(i.indkey) FROM pg_index i "
+            "WHERE i.indrelid = a.attrelid AND i.indisprimary) ELSE a.attidentity <> '' END "
+            "FROM pg_attribute a JOIN pg_class c ON c.oid = a.attrelid "
+            "WHERE a.attrelid IN (%1) AND a.attnum > 0")
+            .arg(tables.join(u','))
+            .toUtf8();
+    PGresult* found = PQexec(m_conn, sql.constData());
+    if (PQresultStatus(found) == PGRES_TUPLES_OK) {
+        for (int row = 0; row < PQntuples(found); ++row) {
+            const auto table =
+                static_cast<std::uint32_t>(std::strtoul(PQgetvalue(found, row, 0), nullptr, 10));
+            const int number = std::atoi(PQgetvalue(found, row, 1));
+            for (ColumnInfo& column : columns) {
+                if (column.baseTableId != table || column.baseColumnNumber != number) continue;
+                column.baseTable = QString::fromUtf8(PQgetvalue(found, row, 2));
+                column.baseColumn = QString::fromUtf8(PQgetvalue(found, row, 3));
+                column.keyColumn = PQgetvalue(found, row, 4)[0] == 't';
+            }
+        }
+    }
+    PQclear(found);
 }
 
 void PostgresDriver::RunSimple(const QString& sql) {

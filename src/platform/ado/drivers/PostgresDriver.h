@@ -41,6 +41,8 @@ public:
     void Rollback() override;
 
     QString EngineName() const override { return QStringLiteral("PostgreSQL"); }
+    // Names from the catalog; the key is the primary key, else the identity column.
+    void ResolveBaseColumns(std::vector<ColumnInfo>& columns) override;
 
 private:
     struct Batch;

@@ -133,8 +133,15 @@ std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow) {
         column.attributes = adFldIsNullable | adFldMayBeNull;
         if (const char* table = sqlite3_column_table_name(statement, i))
             column.baseTable = QString::fromUtf8(table);
-        if (const char* origin = sqlite3_column_origin_name(statement, i))
+        if (const char* origin = sqlite3_column_origin_name(statement, i)) {
             column.baseColumn = QString::fromUtf8(origin);
+            int notNull = 0, primaryKey = 0, autoIncrement = 0;
+            if (sqlite3_table_column_metadata(
+                    sqlite3_db_handle(statement), sqlite3_column_database_name(statement, i),
+                    sqlite3_column_table_name(statement, i), origin, nullptr, nullptr, &notNull,
+                    &primaryKey, &autoIncrement) == SQLITE_OK)
+                column.keyColumn = primaryKey != 0;
+        }
         const char* declared = sqlite3_column_decltype(statement, i);
         if (!declared || !ApplyDeclaredType(QString::fromUtf8(declared), column))
             ApplyValueKind(hasRow ? KindOfValue(statement, i) : adVarWChar, column);

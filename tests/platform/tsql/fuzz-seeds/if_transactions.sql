@@ -1,0 +1,4 @@
+IF NOT EXISTS (SELECT * FROM sysobjects WHERE name='locks') CREATE TABLE locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla VARCHAR(30))
+-- comment
+BEGIN TRANSACTION Def_Guardar_t
+COMMIT TRANSACTION Def_Guardar_t

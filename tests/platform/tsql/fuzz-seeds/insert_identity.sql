@@ -1,0 +1,1 @@
+SET NOCOUNT ON ; INSERT INTO db..t (a, [b c]) VALUES (N'x''y', DEFAULT) ; SELECT @@Identity

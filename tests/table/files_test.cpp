@@ -1,0 +1,175 @@
+#include "QtPrinters.h"
+#include "TableTestData.h"
+#include "dbf/cDBF.h"
+#include "platform/companion/RecordingMsgPresenter.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+using namespace zlx;
+using namespace zlx::test;
+
+namespace {
+
+QByteArray FileBytes(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// NOMBRE C(30), CODIGO N(8,0), PRECIO N(12,2), ALTA D, ACTIVO L with three records.
+void WriteArticles(const QString& path) {
+    cDBF dbf;
+    ASSERT_TRUE(dbf.BeginCreateDBF(path));
+    const std::vector<std::tuple<const char*, const char*, int, int>> fields = {
+        {"NOMBRE", "C", 30, 0},
+        {"CODIGO", "N", 8, 0},
+        {"PRECIO", "N", 12, 2},
+        {"ALTA", "D", 0, 0},
+        {"ACTIVO", "L", 0, 0}};
+    for (const auto& [name, type, length, decimals] : fields) {
+        QString t = type;
+        dbf.CreateColumn(name, t, length, decimals);
+    }
+    ASSERT_TRUE(dbf.EndCreateDBF());
+    for (int i = 1; i <= 3; ++i) {
+        dbf.BeginInsert();
+        dbf.SetField("NOMBRE", Variant(QString("Artículo %1").arg(i)));
+        dbf.SetField("CODIGO", Variant(i * 1000));
+        dbf.SetField("PRECIO", Variant(i * 1.25));
+        dbf.SetField("ALTA", Variant(MakeDate(2023, 12, i)));
+        dbf.SetField("ACTIVO", Variant(i != 2));
+        ASSERT_TRUE(dbf.EndInsert());
+    }
+    dbf.CloseDBF();
+}
+
+} // namespace
+
+TEST(TableFiles, XmlRoundTripKeepsEveryRowTypeAndValue) {
+    auto people = FivePeople();
+    people->Filter(Variant("ciudad = 'Madrid'"));
+    const QString path = TestScratchPath("people.xml");
+    ASSERT_TRUE(people->SaveToXMLFile(path));
+    ASSERT_TRUE(people->SaveToXMLFile(path)); // an existing file is replaced
+    cDatos loaded;
+    EXPECT_EQ(loaded.LoadFromXMLFile(path), 1);
+    EXPECT_EQ(loaded.RecCount(), 5);
+    EXPECT_EQ(loaded.FieldCount(), 5);
+    for (int c = 0; c < 5; ++c) {
+        people->Filter(Variant(""));
+        EXPECT_EQ(loaded.ColumnInfo(c).nType, people->ColumnInfo(c).nType) << c;
+        EXPECT_EQ(loaded.ColumnInfo(c).nSize, people->ColumnInfo(c).nSize) << c;
+    }
+    EXPECT_EQ(ColumnTexts(loaded, "importe"), ColumnTexts(*people, "importe"));
+    EXPECT_EQ(ColumnTexts(loaded, "alta"), ColumnTexts(*people, "alta"));
+    QFile::remove(path);
+    QFile::remove(path);
+
+    EXPECT_FALSE(people->SaveToXMLFile(TestScratchPath("no/such/folder/x.xml")));
+    cDatos bad;
+    EXPECT_EQ(bad.LoadFromXMLFile(TestScratchPath("missing.xml")), 0);
+    EXPECT_EQ(bad.LastError(), zlxDatosError_Err_LoadXML);
+    const QString corrupt = TestScratchPath("corrupt.xml");
+    QFile file(corrupt);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("<xml xmlns:s='uuid:BDC6E3F0-6DA3-11d1-A2A3-00AA00C14882'><s:Schema");
+    file.close();
+    EXPECT_EQ(bad.LoadFromXMLFile(corrupt), 0);
+    EXPECT_EQ(bad.LastError(), zlxDatosError_Err_LoadXML);
+}
+
+TEST(TableFiles, DbfFieldsLoadAsTheirColumnTypes) {
+    const QString path = TestScratchPath("articulos.dbf");
+    WriteArticles(path);
+    cDatos table;
+    EXPECT_EQ(table.LoadFile_DBF(path), 1);
+    EXPECT_EQ(table.Tally(), 3);
+    EXPECT_EQ(table.RecCount(), 3);
+    const std::vector<std::pair<QString, std::int32_t>> expected = {
+        {"NOMBRE", zlxTblColumnTypeChar},
+        {"CODIGO", zlxTblColumnTypeI4},
+        {"PRECIO", zlxTblColumnTypeCurrency},
+        {"ALTA", zlxTblColumnTypeDateTime},
+        {"ACTIVO", zlxTblColumnTypeI1}};
+    for (int c = 0; c < 5; ++c) {
+        EXPECT_EQ(table.ColumnInfo(c).cName, expected[c].first);
+        EXPECT_EQ(table.ColumnInfo(c).nType, expected[c].second);
+    }
+    EXPECT_EQ(table.ColumnInfo(0).nSize, 30);
+    EXPECT_EQ(table.DataCell("NOMBRE", 2).ToString().trimmed(), "Artículo 2");
+    EXPECT_EQ(table.DataCell("CODIGO", 3).ToLong(), 3000);
+    EXPECT_EQ(table.DataCell("PRECIO", 3).ToCurrency().scaled, 37500);
+    EXPECT_EQ(table.DataCell("ALTA", 1).ToDate(), MakeDate(2023, 12, 1));
+    EXPECT_EQ(table.DataCell("ACTIVO", 1).ToLong(), 1);
+    EXPECT_EQ(table.DataCell("ACTIVO", 2).ToLong(), 0);
+    EXPECT_EQ(table.CurrentRow(), 2);
+
+    RecordingMsgPresenter messages;
+    ScopedMsgPresenter scope(messages);
+    cDatos missing;
+    EXPECT_EQ(missing.LoadFile_DBF(TestScratchPath("nada.dbf")), 0);
+    EXPECT_EQ(missing.LastError(), zlxDatosError_Err_LoadDBF);
+}
+
+TEST(TableFiles, DbfRoundTripWritesTheSameBytes) {
+    const QString original = TestScratchPath("original.dbf");
+    WriteArticles(original);
+    cDatos table;
+    ASSERT_EQ(table.LoadFile_DBF(original), 1);
+    // The loaded types map back to the field shapes the table export writes.
+    const QString exported = TestScratchPath("exported.dbf");
+    ASSERT_TRUE(table.CreateDBF(exported));
+    cDatos reloaded;
+    ASSERT_EQ(reloaded.LoadFile_DBF(exported), 1);
+    EXPECT_EQ(reloaded.RecCount(), 3);
+    for (int c = 0; c < 5; ++c) {
+        EXPECT_EQ(reloaded.ColumnInfo(c).cName, table.ColumnInfo(c).cName);
+        EXPECT_EQ(ColumnTexts(reloaded, table.ColumnInfo(c).cName),
+                  ColumnTexts(table, table.ColumnInfo(c).cName));
+    }
+    // Each column type has one field shape: N(8,0) loads as an integer and goes back as N(10,0).
+    cDBF dbf;
+    ASSERT_TRUE(dbf.OpenRaw(exported));
+    const std::vector<std::tuple<QString, int, int>> shapes = {
+        {"C", 30, 0}, {"N", 10, 0}, {"N", 16, 4}, {"D", 8, 0}, {"N", 3, 0}};
+    for (int f = 1; f <= 5; ++f) {
+        const DBF_FieldInfo_Type info = dbf.GetFieldInfo(f);
+        EXPECT_EQ(std::make_tuple(info.cDataType, int(info.nFieldLength), int(info.nDecimalPlaces)),
+                  shapes[f - 1]);
+    }
+    dbf.CloseDBF();
+    const QByteArray bytes = FileBytes(exported);
+    EXPECT_EQ(bytes.mid(6 * 32 + 1, 68), QByteArray(" ") + QString("Artículo 1").toLatin1() +
+                                             QByteArray(20, ' ') + "      1000" +
+                                             "          1.2500" + "20231201" + "  1");
+}
+
+TEST(TableFiles, TableExportLaysOutTheDbfHeader) {
+    cDatos table;
+    table.BeginDefineColumns();
+    table.AddColumn("descripcion_larga", zlxTblColumnTypeChar, 20);
+    table.AddColumn("importe", zlxTblColumnTypeCurrency);
+    table.AddColumn("notas", zlxTblColumnTypeMemo);
+    table.AddColumn("", zlxTblColumnTypeDate);
+    table.EndDefineColumns();
+    table.InsertRow(Variant::Array({0, 1, 3}), Variant::Array({"abc", Variant(Currency{35000}),
+                                                               Variant(MakeDate(2024, 2, 29))}));
+    const QString path = TestScratchPath("export.dbf");
+    ASSERT_TRUE(table.CreateDBF(path));
+    const QByteArray bytes = FileBytes(path);
+    ASSERT_GE(bytes.size(), 32 * 4 + 1);
+    // Three fields (the memo column has none): header 32 + 3 * 32 + 1, record 1 + 20 + 16 + 8.
+    EXPECT_EQ(std::uint8_t(bytes[8]) | std::uint8_t(bytes[9]) << 8, 129);
+    EXPECT_EQ(std::uint8_t(bytes[10]) | std::uint8_t(bytes[11]) << 8, 45);
+    EXPECT_EQ(bytes.mid(32, 11), QByteArray("DESCRIPCIO\0", 11));
+    EXPECT_EQ(bytes.mid(64, 8), QByteArray("IMPORTE\0", 8));
+    EXPECT_EQ(bytes.at(64 + 11), 'N');
+    EXPECT_EQ(bytes.mid(96, 11), QByteArray("FLD0000004\0", 11));
+    EXPECT_EQ(bytes.at(96 + 11), 'D');
+    EXPECT_EQ(bytes.mid(4, 4), QByteArray("\x01\0\0\0", 4));
+    EXPECT_EQ(bytes.mid(129, 45), QByteArray(" abc") + QByteArray(17, ' ') + QByteArray(10, ' ') +
+                                      "3.5000" + "20240229");
+
+    ASSERT_TRUE(table.CreateDBF(path, false));
+    EXPECT_EQ(FileBytes(path).mid(4, 4), QByteArray(4, '\0'));
+}
