@@ -5,7 +5,9 @@
 #include "dbf/cDBF.h"
 #include "language/cIdioma.h"
 #include "platform/companion/cMatriz.h"
+#include "table/cDatos.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 namespace zlx {
@@ -86,6 +88,36 @@ bool ExportToDbf(cConexion& cn, const QString& path, std::FILE* out) {
     return true;
 }
 
+// A query into an in-memory table: a filter, a total, a DBF copy read back and a listing.
+bool ShowTable(cConexion& cn, const QString& folder, std::FILE* out) {
+    const Variant result =
+        cn.Execute(QStringLiteral("SELECT nombre, ciudad, importe FROM clientes ORDER BY nombre"),
+                   zlxExecuteReturn_cDatos_Disconnected);
+    const auto table = result.IsObject() ? result.As<cDatos>() : nullptr;
+    if (!table) return false;
+    Print(out, QStringLiteral("cDatos: %1 filas, %2 columnas")
+                   .arg(table->RecCount())
+                   .arg(table->FieldCount()));
+    table->Filter(Variant(QStringLiteral("ciudad = 'Sevilla'")));
+    Print(out, QStringLiteral("Filtro ciudad = 'Sevilla': %1 filas, suma de importe = %2")
+                   .arg(table->RecCount())
+                   .arg(table->Sum(Variant(QStringLiteral("importe"))).ToString()));
+    table->Filter(Variant(QString()));
+    const QString dbfPath = folder + QStringLiteral("/tabla.dbf");
+    if (!table->CreateDBF(dbfPath)) return false;
+    cDatos copy;
+    if (copy.LoadFile_DBF(dbfPath) != 1) return false;
+    Print(out, QStringLiteral("DBF de la tabla leído de nuevo: %1 filas").arg(copy.RecCount()));
+    const QString listing = folder + QStringLiteral("/listado.txt");
+    copy.Show(zlxDatosShow_File + zlxDatosShow_Flag_CreateNewFile, {}, 999999, listing);
+    QFile file(listing);
+    if (!file.open(QIODevice::ReadOnly)) return false;
+    for (const QByteArray& line : file.readAll().split('\n'))
+        if (!line.trimmed().isEmpty())
+            Print(out, QStringLiteral("  ") + QString::fromLatin1(line.trimmed()));
+    return true;
+}
+
 } // namespace
 
 bool RunDataDemo(std::FILE* out) {
@@ -103,8 +135,9 @@ bool RunDataDemo(std::FILE* out) {
     if (!CreateCustomers(cn, out)) return false;
     ShowQueries(cn, out);
     const bool exported = ExportToDbf(cn, folder.filePath(QStringLiteral("clientes.dbf")), out);
+    const bool table = ShowTable(cn, folder.path(), out);
     cn.Close_Connection();
-    return exported;
+    return exported && table;
 }
 
 } // namespace zlx

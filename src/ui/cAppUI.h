@@ -32,6 +32,11 @@ public:
     std::int32_t CountZerosInCtls(const QList<QObject*>& oCtlArray) const;
     void DisableBtnFicha(const QList<QWidget*>& aBotones, bool lVisible, bool lEnabled,
                          std::int32_t nPrimerIndice = -1, std::int32_t nUltimoIndice = -1) const;
+    // Shows a stored search result (a (column, row) array) in the search window again and
+    // answers the first column of the picked row as a number (0 when nothing is picked).
+    std::int32_t RepeatLastSearch(const Variant& aResultados, const Variant& aTitles,
+                                  const Variant& aWidths, std::int32_t nFirstVisibleColumn,
+                                  const QString& cWindowTitle, double nCustomZoomFactor = 1.0);
     bool CanUnloadForm(QWidget* oFrm) const;
     bool ValidateLastControl(QWidget* oFrm, bool lTodos = false) const;
 
