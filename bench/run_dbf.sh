@@ -1,27 +1,108 @@
-#!/bin/bash
-# Runs the DBF benchmark next to its peers (shapelib's DBF API, a bare byte loop) on the same
-# 1,000,000-record file and prints the ratios. Needs libshp-dev and libbenchmark-dev.
-# Usage: bench/run_dbf.sh BUILD_DIR   (BUILD_DIR configured with -DZLX_BUILD_BENCH=ON)
+#!/usr/bin/env bash
+# Runs the DBF benchmarks next to their peers on the same 1,000,000-record file and prints
+# the ratios:
+#  - cDBF reading every field of every record and writing 100,000 records, against shapelib's
+#    DBF API, a bare C byte loop and the `dbffile` reader from the npm registry (installed into
+#    a temporary folder for the run; skipped when the registry cannot be reached);
+#  - cDatos (LoadFile_DBF, Filter, two Sorts, Sum) against pandas and SQLite's in-memory database,
+#    with the peak resident memory of each process (/usr/bin/time -v).
+# Needs libbenchmark-dev, libshp-dev, libsqlite3-dev, python3-pandas, node and npm.
+# Usage: bench/run_dbf.sh [build folder]   (default: build-bench, configured Release)
 set -euo pipefail
-build=${1:?usage: run_dbf.sh BUILD_DIR}
-here=$(cd "$(dirname "$0")" && pwd)
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=${1:-$root/build-bench}
 export ZLX_DBF_BENCH_FILE=${ZLX_DBF_BENCH_FILE:-/tmp/zlx-dbf-bench-1m.dbf}
 
-ninja -C "$build" -j1 dbf_bench >/dev/null
-peer=$build/bench/dbf_peers
-cc -O2 -o "$peer" "$here/peers/dbf_peers.c" -lshp
+cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZLX_BUILD_BENCH=ON \
+    -DZLX_BUILD_TESTS=OFF >/dev/null
+ninja -C "$build" -j1 dbf_bench table_bench >/dev/null
 
-"$build/bench/dbf_bench" --benchmark_format=csv 2>/dev/null >"$build/bench/dbf_bench.csv"
-ours_read=$(awk -F, '/BM_ReadEveryField/ {print $3}' "$build/bench/dbf_bench.csv")
-ours_write=$(awk -F, '/BM_Write100k/ {print $3}' "$build/bench/dbf_bench.csv")
-"$peer" "$ZLX_DBF_BENCH_FILE" >"$build/bench/dbf_peers.txt" 2>/dev/null
-value() { awk -v k="$1" '$1 == k {print $2}' "$build/bench/dbf_peers.txt"; }
+out=$(mktemp -d)
+trap 'rm -rf "$out"' EXIT
+cc -O2 -o "$out/dbf_peers" "$root/bench/peers/dbf_peers.c" -lshp
+cc -O2 -o "$out/table_sqlite" "$root/bench/peers/table_sqlite.c" -lsqlite3
 
-printf '%-34s %10s %8s\n' "case" "ms" "ratio"
-ratio() { awk -v a="$1" -v b="$2" 'BEGIN {printf "%.2f", a / b}'; }
-printf '%-34s %10.1f %8s\n' "cDBF read 1M records, all fields" "$ours_read" "1.00"
-printf '%-34s %10.1f %8s\n' "shapelib read" "$(value shapelib_read)" "$(ratio "$(value shapelib_read)" "$ours_read")"
-printf '%-34s %10.1f %8s\n' "bare C byte loop (mmap)" "$(value bare_read)" "$(ratio "$(value bare_read)" "$ours_read")"
-printf '%-34s %10.1f %8s\n' "cDBF write 100k records" "$ours_write" "1.00"
-printf '%-34s %10.1f %8s\n' "shapelib write" "$(value shapelib_write)" "$(ratio "$(value shapelib_write)" "$ours_write")"
-echo "ratio = peer time / cDBF time (above 1: cDBF is faster)"
+# DBF reading and writing (dbf_bench writes the shared file the first time).
+"$build/bench/dbf_bench" --benchmark_format=json 2>/dev/null >"$out/dbf.json"
+"$out/dbf_peers" "$ZLX_DBF_BENCH_FILE" >"$out/dbf_peers.txt" 2>/dev/null
+if command -v node >/dev/null && command -v npm >/dev/null &&
+    timeout 180 npm install --prefix "$out/npm" --no-save --no-audit --no-fund \
+        --no-package-lock --fetch-retries=1 dbffile@1.13.0 >"$out/npm.log" 2>&1; then
+    NODE_PATH="$out/npm/node_modules" node "$root/bench/peers/dbf_dbffile.js" \
+        "$ZLX_DBF_BENCH_FILE" >>"$out/dbf_peers.txt" 2>/dev/null
+else
+    echo "npm registry unreachable or node/npm missing: the dbffile peer is skipped" >&2
+fi
+
+# cDatos against pandas and SQLite, each process under /usr/bin/time -v for its peak memory.
+timed() {
+    local name=$1
+    shift
+    /usr/bin/time -v -o "$out/$name.time" "$@" >"$out/$name.out"
+}
+timed table "$build/bench/table_bench" --benchmark_format=json
+timed pandas /usr/bin/python3 "$root/bench/peers/table_peers.py" "$ZLX_DBF_BENCH_FILE"
+timed sqlite "$out/table_sqlite" "$ZLX_DBF_BENCH_FILE"
+
+/usr/bin/python3 - "$out" <<'PY'
+import json, re, sys
+folder = sys.argv[1]
+
+def gbench(path):
+    scale = {"ms": 1.0, "us": 1e-3, "ns": 1e-6}
+    data = json.load(open(path))
+    return {b["name"].split("/")[0].removeprefix("BM_"): b for b in data["benchmarks"]}, scale
+
+def ms(bench, scale):
+    return bench["real_time"] * scale[bench["time_unit"]]
+
+def pairs(path):
+    values = {}
+    for line in open(path):
+        parts = line.split()
+        if len(parts) == 2:
+            values[parts[0]] = float(parts[1])
+    return values
+
+def peak_mb(name):
+    text = open(f"{folder}/{name}.time").read()
+    return int(re.search(r"Maximum resident set size \(kbytes\): (\d+)", text).group(1)) / 1024
+
+def ratio(peer, ours):
+    return f"{peer / ours:.2f}" if peer is not None else "-"
+
+dbf, scale = gbench(f"{folder}/dbf.json")
+peers = pairs(f"{folder}/dbf_peers.txt")
+read, write = ms(dbf["ReadEveryField"], scale), ms(dbf["Write100k"], scale)
+print("DBF file, 1,000,000 records (ms; ratio = peer time / cDBF time, above 1: cDBF faster)")
+print(f"{'case':<38}{'ms':>10}{'ratio':>8}")
+rows = [("cDBF read, every field", read, read),
+        ("shapelib read", peers.get("shapelib_read"), read),
+        ("dbffile (npm) read", peers.get("dbffile_read"), read),
+        ("bare C byte loop (mmap)", peers.get("bare_read"), read),
+        ("cDBF write 100k records", write, write),
+        ("shapelib write", peers.get("shapelib_write"), write)]
+for label, value, ours in rows:
+    shown = f"{value:10.1f}" if value is not None else f"{'skipped':>10}"
+    print(f"{label:<38}{shown}{ratio(value, ours):>8}")
+
+table, scale = gbench(f"{folder}/table.out")
+pandas = json.load(open(f"{folder}/pandas.out"))
+sqlite = pairs(f"{folder}/sqlite.out")
+print()
+print("cDatos on the same file (ms; ratio = peer time / cDatos time, above 1: cDatos faster)")
+print(f"{'operation':<14}{'cDatos':>10}{'SQLite':>10}{'pandas':>10}{'SQLite/cD':>11}"
+      f"{'pandas/cD':>11}")
+for key, peer_key in [("LoadFile_DBF", "load"), ("Filter", "filter"), ("Sort", "sort"),
+                      ("SortNumbers", "sort_numbers"), ("Sum", "sum")]:
+    ours = ms(table[key], scale)
+    lite, panda = sqlite[peer_key], pandas[peer_key]
+    print(f"{key:<14}{ours:>10.1f}{lite:>10.1f}{panda:>10.1f}{lite / ours:>11.2f}"
+          f"{panda / ours:>11.2f}")
+print(f"rows found by the filter: cDatos {table['Filter']['rows']:.0f}, "
+      f"SQLite {sqlite['filter_rows']:.0f}, pandas {pandas['filter_rows']}")
+print(f"PRICE total: cDatos {table['Sum']['total']:.2f}, SQLite {sqlite['total']:.2f}, "
+      f"pandas {pandas['total']:.2f}")
+print(f"peak resident memory MB: cDatos {peak_mb('table'):.0f}, SQLite {peak_mb('sqlite'):.0f}, "
+      f"pandas {peak_mb('pandas'):.0f}")
+PY

@@ -9,10 +9,12 @@
 #include <QFile>
 #include <algorithm>
 #include <array>
+#include <cctype>
 #include <cstring>
 #include <limits>
 #include <numeric>
-#include <unordered_map>
+#include <string>
+#include <string_view>
 
 namespace zlx::ado {
 
@@ -42,49 +44,66 @@ public:
     Variant value;
 };
 
-// Hashing and equality of UTF-16 text without Qt's seeded hash: ranks are built per sort.
-struct TextViewHash {
-    std::size_t operator()(QStringView text) const noexcept {
-        std::uint64_t h = 1469598103934665603ULL; // FNV-1a
-        for (QChar c : text) {
-            h ^= c.unicode();
-            h *= 1099511628211ULL;
-        }
-        return static_cast<std::size_t>(h);
-    }
-};
-struct TextViewEqual {
-    bool operator()(QStringView a, QStringView b) const noexcept {
-        return a.size() == b.size() &&
-               std::memcmp(a.data(), b.data(), static_cast<std::size_t>(a.size()) * 2) == 0;
+// The case-folded text of every row of a text column as UTF-8 bytes, one after another
+// (ASCII texts, the common case, are folded in place without building a QString).
+struct FoldedTexts {
+    std::string bytes;
+    std::vector<std::uint32_t> start; // row r is bytes[start[r], start[r + 1])
+    std::string_view At(std::size_t row) const {
+        return std::string_view(bytes).substr(start[row], start[row + 1] - start[row]);
     }
 };
 
-// For each row of a text column, the rank of its case-folded value among the column's values.
-std::vector<std::uint32_t> TextRanks(const ColumnStore& column) {
-    std::unordered_map<QStringView, std::uint32_t, TextViewHash, TextViewEqual> idOf;
-    std::vector<QString> folded;
-    std::vector<std::uint32_t> rowRank(column.Size(), 0);
+FoldedTexts FoldTexts(const ColumnStore& column) {
+    FoldedTexts folded;
+    folded.start.reserve(column.Size() + 1);
     for (std::size_t r = 0; r < column.Size(); ++r) {
+        folded.start.push_back(static_cast<std::uint32_t>(folded.bytes.size()));
         if (column.IsNull(r)) continue;
         const QString& text = column.TextAt(r);
-        const auto [it, added] =
-            idOf.try_emplace(QStringView(text), static_cast<std::uint32_t>(folded.size()));
-        if (added) folded.push_back(text.toCaseFolded());
-        rowRank[r] = it->second;
+        const bool ascii =
+            std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+        if (ascii) {
+            for (QChar c : text)
+                folded.bytes.push_back(static_cast<char>(std::tolower(c.unicode())));
+        } else {
+            folded.bytes += text.toCaseFolded().toStdString();
+        }
     }
-    std::vector<std::uint32_t> byText(folded.size());
-    std::iota(byText.begin(), byText.end(), 0u);
-    std::sort(byText.begin(), byText.end(),
-              [&](std::uint32_t a, std::uint32_t b) { return folded[a] < folded[b]; });
-    std::vector<std::uint32_t> rank(folded.size());
+    folded.start.push_back(static_cast<std::uint32_t>(folded.bytes.size()));
+    return folded;
+}
+
+// For each row of a text column, the rank of its case-folded value among the column's values.
+// Rows are sorted on an 8-byte prefix of their folded text, the whole text breaking ties.
+std::vector<std::uint32_t> TextRanks(const ColumnStore& column) {
+    const FoldedTexts folded = FoldTexts(column);
+    struct Item {
+        std::uint64_t prefix;
+        std::uint32_t row;
+    };
+    std::vector<Item> items;
+    items.reserve(column.Size());
+    for (std::size_t r = 0; r < column.Size(); ++r) {
+        if (column.IsNull(r)) continue;
+        const std::string_view text = folded.At(r);
+        std::uint64_t prefix = 0;
+        for (std::size_t i = 0; i < 8; ++i)
+            prefix = (prefix << 8) | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+        items.push_back({prefix, static_cast<std::uint32_t>(r)});
+    }
+    std::sort(items.begin(), items.end(), [&](const Item& a, const Item& b) {
+        if (a.prefix != b.prefix) return a.prefix < b.prefix;
+        return folded.At(a.row) < folded.At(b.row);
+    });
+    std::vector<std::uint32_t> rowRank(column.Size(), 0);
     std::uint32_t current = 0;
-    for (std::size_t i = 0; i < byText.size(); ++i) {
-        if (i > 0 && folded[byText[i]] != folded[byText[i - 1]]) ++current;
-        rank[byText[i]] = current;
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        if (i > 0 && (items[i].prefix != items[i - 1].prefix ||
+                      folded.At(items[i].row) != folded.At(items[i - 1].row)))
+            ++current;
+        rowRank[items[i].row] = current;
     }
-    for (std::uint32_t& r : rowRank)
-        r = rank.empty() ? 0 : rank[r];
     return rowRank;
 }
 
