@@ -3,10 +3,18 @@
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 
+#include <QRegularExpression>
 #include <QStringList>
+#include <algorithm>
 
 namespace zlx::tsql {
 namespace {
+
+bool IsTextType(const QString& type) {
+    static const QRegularExpression text(QStringLiteral("^\\s*N?(VAR)?CHAR\\b|^\\s*N?TEXT\\b"),
+                                         QRegularExpression::CaseInsensitiveOption);
+    return text.match(type).hasMatch();
+}
 
 QString SqlString(const QString& value) {
     return u'\'' + QString(value).replace(u'\'', QStringLiteral("''")) + u'\'';
@@ -61,7 +69,13 @@ void SqliteTableRebuild::ChangeType(const QString& column, const QString& type) 
         while (end < definition.size() && !IsConstraintStart(definition[end]))
             ++end;
         definition.erase(definition.begin() + 1, definition.begin() + end);
-        const Tokens typeTokens = WithLeadingBlank(Tokenize(type));
+        Tokens typeTokens = WithLeadingBlank(Tokenize(type));
+        const bool collated = std::any_of(definition.begin(), definition.end(),
+                                          [](const Token& t) { return t.IsWord(u"COLLATE"); });
+        if (!collated && IsTextType(type)) {
+            const Tokens collation = WithLeadingBlank(Tokenize(QStringLiteral("COLLATE NOCASE")));
+            typeTokens.insert(typeTokens.end(), collation.begin(), collation.end());
+        }
         definition.insert(definition.begin() + 1, typeTokens.begin(), typeTokens.end());
     });
 }

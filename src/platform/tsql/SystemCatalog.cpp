@@ -85,6 +85,14 @@ QStringList CatalogStatements(Target target, const QString& applicationName) {
             QStringLiteral(
                 "CREATE COLLATION IF NOT EXISTS pg_temp.zlx_ci (provider = icu, locale = "
                 "'und-u-ks-level2', deterministic = false)"),
+            // The collation of the database's text columns, made once in its schema (a
+            // second connection making it at the same moment is not an error).
+            QStringLiteral(
+                "DO $$ BEGIN IF current_schema() IS NOT NULL AND NOT EXISTS (SELECT 1 FROM "
+                "pg_collation WHERE collname = 'zlx_nocase' AND collnamespace = "
+                "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_nocase "
+                "(provider = icu, locale = 'und-u-ks-level2', deterministic = false); END IF; "
+                "EXCEPTION WHEN unique_violation OR duplicate_object THEN NULL; END $$"),
             QStringLiteral("SET application_name = '%1'")
                 .arg(QString(applicationName).replace(u'\'', QStringLiteral("''"))),
             QStringLiteral("CREATE OR REPLACE TEMP VIEW sysprocesses AS SELECT pid AS spid, "

@@ -113,7 +113,9 @@ private:
     void PrepareDefinitions() {
         if (!IsDdl()) return;
         for (size_t i = 0; i < m_t.size(); ++i) {
-            if (m_t[i].IsWord(u"IDENTITY") && SymbolAt(i + 1, u"(")) {
+            if (IsTextColumnType(i)) {
+                CollateWithoutCase(i);
+            } else if (m_t[i].IsWord(u"IDENTITY") && SymbolAt(i + 1, u"(")) {
                 const size_t close = Close(i + 1);
                 QString seed =
                     TokensToSql(Tokens(m_t.begin() + i + 2, m_t.begin() + close)).simplified();
@@ -137,6 +139,31 @@ private:
                 }
             }
         }
+    }
+
+    // A text type right after a column's name (not a CAST's type).
+    bool IsTextColumnType(size_t i) const {
+        static const QStringList types = {QStringLiteral("CHAR"),  QStringLiteral("VARCHAR"),
+                                          QStringLiteral("NCHAR"), QStringLiteral("NVARCHAR"),
+                                          QStringLiteral("TEXT"),  QStringLiteral("NTEXT")};
+        if (m_t[i].kind != TokenKind::Word || i == 0 ||
+            !types.contains(m_t[i].text, Qt::CaseInsensitive))
+            return false;
+        const Token& previous = m_t[i - 1];
+        return (previous.kind == TokenKind::Word || previous.kind == TokenKind::QuotedName) &&
+               !previous.IsWord(u"AS") && !previous.IsWord(u"TABLE");
+    }
+
+    // Text columns compare without regard to case, as in SQL Server's default collation:
+    // SQLite's NOCASE (which the driver makes fold every letter), PostgreSQL's zlx_nocase.
+    void CollateWithoutCase(size_t type) {
+        size_t end = type + 1;
+        if (SymbolAt(end, u"(")) end = Close(end) + 1;
+        if (WordAt(end, u"COLLATE")) return;
+        m_t.insert(
+            m_t.begin() + static_cast<std::ptrdiff_t>(end),
+            Raw(Sqlite() ? QStringLiteral("COLLATE NOCASE") : QStringLiteral("COLLATE zlx_nocase"),
+                QStringLiteral(" ")));
     }
 
     // SQLite makes only an INTEGER PRIMARY KEY an alias of the row id.
@@ -311,7 +338,14 @@ private:
                 if (next != i) return next;
             }
             if (t.IsWord(u"LIKE") && !Sqlite()) {
+                // A pattern with the default collation: PostgreSQL matches patterns only
+                // under deterministic collations, and text columns compare without case.
                 out += t.leading + QStringLiteral("ILIKE");
+                if (At(i + 1) && At(i + 1)->kind == TokenKind::String) {
+                    out += m_t[i + 1].leading + QuoteString(m_t[i + 1].text) +
+                           QStringLiteral(" COLLATE \"default\"");
+                    return i + 2;
+                }
                 return i + 1;
             }
             if (t.IsWord(u"WITH") && SymbolAt(i + 1, u"(") && IsTableHint(i + 2))

@@ -19,7 +19,7 @@ const std::vector<Golden> kGoldens = {
      "SELECT a FROM t WHERE b IN (SELECT b FROM u ORDER BY b LIMIT 3) ORDER BY a"},
     {"SELECT count(*) AS cuantos FROM clientes WHERE Nombre LIKE 'A|%%' ESCAPE '|'",
      "SELECT count(*) AS cuantos FROM clientes WHERE Nombre LIKE 'A|%%' ESCAPE '|'",
-     "SELECT count(*) AS cuantos FROM clientes WHERE Nombre ILIKE 'A|%%' ESCAPE '|'"},
+     "SELECT count(*) AS cuantos FROM clientes WHERE Nombre ILIKE 'A|%%' COLLATE \"default\" ESCAPE '|'"},
     {"SELECT isnull(max(zolmarID),0) AS ultimo FROM clientes",
      "SELECT ifnull(max(zolmarID), 0) AS ultimo FROM clientes",
      "SELECT COALESCE(max(zolmarID), 0) AS ultimo FROM clientes"},
@@ -104,8 +104,8 @@ const std::vector<Golden> kGoldens = {
      "ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY (zolmarID)",
      "ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY (zolmarID)"},
     {"ALTER TABLE clientes ALTER COLUMN Nombre NVARCHAR(60)",
-     "ALTER TABLE clientes ALTER COLUMN Nombre NVARCHAR(60)",
-     "ALTER TABLE clientes ALTER COLUMN Nombre TYPE varchar(60)"},
+     "ALTER TABLE clientes ALTER COLUMN Nombre NVARCHAR(60) COLLATE NOCASE",
+     "ALTER TABLE clientes ALTER COLUMN Nombre TYPE varchar(60) COLLATE zlx_nocase"},
     {"ALTER TABLE clientes DROP COLUMN Nota",
      "ALTER TABLE clientes DROP COLUMN Nota",
      "ALTER TABLE clientes DROP COLUMN Nota"},
@@ -119,8 +119,8 @@ const std::vector<Golden> kGoldens = {
      "ALTER TABLE clientes ADD Alta DATETIME NOT NULL DEFAULT '1753-01-01 00:00:00'",
      "ALTER TABLE clientes ADD Alta timestamp(3) NOT NULL DEFAULT '1753-01-01 00:00:00'"},
     {"ALTER TABLE clientes ADD Nota NVARCHAR(40), Importe MONEY, Baja BIT",
-     "ALTER TABLE clientes ADD Nota NVARCHAR(40), Importe MONEY, Baja BIT",
-     "ALTER TABLE clientes ADD Nota varchar(40), Importe numeric(19,4), Baja smallint"},
+     "ALTER TABLE clientes ADD Nota NVARCHAR(40) COLLATE NOCASE, Importe MONEY, Baja BIT",
+     "ALTER TABLE clientes ADD Nota varchar(40) COLLATE zlx_nocase, Importe numeric(19,4), Baja smallint"},
 };
 // clang-format on
 

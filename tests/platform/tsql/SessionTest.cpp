@@ -477,3 +477,24 @@ TEST(SingleFileSession, JetTablesNumberTheirRowsAndKeepLocksInTheSameFile) {
     session.Disconnect();
     QDir(folder).removeRecursively();
 }
+
+TEST_P(SessionTest, TextColumnsCompareWithoutCaseAsOnSqlServer) {
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('García')"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('ÁLVAREZ')"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('pérez')"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes WHERE Nombre = 'GARCÍA'")),
+              QStringLiteral("1"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT zolmarID FROM clientes WHERE Nombre = 'álvarez'")),
+              QStringLiteral("2"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes WHERE Nombre LIKE 'PÉ%'")),
+              QStringLiteral("1"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT TOP 1 Nombre FROM clientes ORDER BY Nombre DESC")),
+              QStringLiteral("pérez"));
+    // A column whose type changes keeps comparing without case.
+    Exec(QStringLiteral("ALTER TABLE clientes ALTER COLUMN Nombre NVARCHAR(60)"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes WHERE Nombre = 'PÉREZ'")),
+              QStringLiteral("1"));
+    Exec(QStringLiteral("CREATE UNIQUE INDEX clientes_nombre ON clientes (Nombre)"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('GARCÍA')")),
+              2601);
+}

@@ -3,6 +3,7 @@
 #include "platform/ado/drivers/DeclaredType.h"
 #include "platform/ado/drivers/DriverErrors.h"
 #include "platform/ado/drivers/IsoDate.h"
+#include "platform/ado/drivers/SqliteText.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -199,6 +200,7 @@ void SqliteDriver::OpenFile(const QString& path, bool create) {
     sqlite3_extended_result_codes(m_db, 1);
     sqlite3_progress_handler(m_db, kProgressSteps, &SqliteDriver::Progress, this);
     if (!m_readOnly) sqlite3_exec(m_db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
+    SqliteText::Install(m_db);
 }
 
 void SqliteDriver::Disconnect() {
