@@ -15,6 +15,7 @@
 #include <numeric>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace zlx::ado {
 
@@ -74,10 +75,40 @@ FoldedTexts FoldTexts(const ColumnStore& column) {
     return folded;
 }
 
-// For each row of a text column, the rank of its case-folded value among the column's values.
-// Rows are sorted on an 8-byte prefix of their folded text, the whole text breaking ties.
-std::vector<std::uint32_t> TextRanks(const ColumnStore& column) {
-    const FoldedTexts folded = FoldTexts(column);
+// Ranks through the distinct values when a column has few of them (cities, codes): each row
+// is looked up in a table of the values met so far. False, having done nothing useful, when
+// the column turns out to have too many.
+bool RanksOfFewValues(const FoldedTexts& folded, const ColumnStore& column,
+                      std::vector<std::uint32_t>& rowRank) {
+    constexpr std::size_t kMostValues = 65536;
+    std::unordered_map<std::string_view, std::uint32_t> idOf;
+    std::vector<std::string_view> values;
+    for (std::size_t r = 0; r < column.Size(); ++r) {
+        if (column.IsNull(r)) continue;
+        const auto [it, added] =
+            idOf.try_emplace(folded.At(r), static_cast<std::uint32_t>(values.size()));
+        if (added) {
+            if (values.size() == kMostValues) return false;
+            values.push_back(it->first);
+        }
+        rowRank[r] = it->second;
+    }
+    std::vector<std::uint32_t> byText(values.size());
+    std::iota(byText.begin(), byText.end(), 0u);
+    std::sort(byText.begin(), byText.end(),
+              [&](std::uint32_t a, std::uint32_t b) { return values[a] < values[b]; });
+    std::vector<std::uint32_t> rank(values.size());
+    for (std::size_t i = 0; i < byText.size(); ++i)
+        rank[byText[i]] = static_cast<std::uint32_t>(i);
+    for (std::size_t r = 0; r < column.Size(); ++r)
+        if (!column.IsNull(r)) rowRank[r] = rank[rowRank[r]];
+    return true;
+}
+
+// Ranks of a column of many distinct values: the rows sorted on an 8-byte prefix of their
+// folded text, the whole text breaking ties.
+void RanksOfManyValues(const FoldedTexts& folded, const ColumnStore& column,
+                       std::vector<std::uint32_t>& rowRank) {
     struct Item {
         std::uint64_t prefix;
         std::uint32_t row;
@@ -96,7 +127,6 @@ std::vector<std::uint32_t> TextRanks(const ColumnStore& column) {
         if (a.prefix != b.prefix) return a.prefix < b.prefix;
         return folded.At(a.row) < folded.At(b.row);
     });
-    std::vector<std::uint32_t> rowRank(column.Size(), 0);
     std::uint32_t current = 0;
     for (std::size_t i = 0; i < items.size(); ++i) {
         if (i > 0 && (items[i].prefix != items[i - 1].prefix ||
@@ -104,6 +134,13 @@ std::vector<std::uint32_t> TextRanks(const ColumnStore& column) {
             ++current;
         rowRank[items[i].row] = current;
     }
+}
+
+// For each row of a text column, the rank of its case-folded value among the column's values.
+std::vector<std::uint32_t> TextRanks(const ColumnStore& column) {
+    const FoldedTexts folded = FoldTexts(column);
+    std::vector<std::uint32_t> rowRank(column.Size(), 0);
+    if (!RanksOfFewValues(folded, column, rowRank)) RanksOfManyValues(folded, column, rowRank);
     return rowRank;
 }
 

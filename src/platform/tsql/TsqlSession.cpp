@@ -197,7 +197,22 @@ TranslationContext TsqlSession::Context() {
             return row.at(0).IsNull() ? QString() : row.at(0).ToString();
         return QString();
     };
+    context.isTextColumn = [this](const QString& column) { return IsTextColumn(column); };
     return context;
+}
+
+// Whether some table or view of the current database has a text column of that name.
+bool TsqlSession::IsTextColumn(const QString& column) {
+    const QString sql =
+        EngineTarget() == Target::SQLite
+            ? QStringLiteral("SELECT count(*) FROM main.sqlite_master m, pragma_table_info(m.name) "
+                             "p WHERE m.type IN ('table', 'view') AND p.name = %1 COLLATE NOCASE "
+                             "AND (upper(p.type) LIKE '%CHAR%' OR upper(p.type) LIKE '%TEXT%')")
+            : QStringLiteral("SELECT count(*) FROM information_schema.columns WHERE table_schema "
+                             "= current_schema() AND column_name = lower(%1) AND data_type IN "
+                             "('character varying', 'character', 'text')");
+    const auto rows = Query(sql.arg(SqlString(column)));
+    return !rows.empty() && rows[0].at(0).ToLong() > 0;
 }
 
 QString TsqlSession::GlobalValue(const QString& name) const {

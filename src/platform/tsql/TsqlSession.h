@@ -71,6 +71,7 @@ private:
     QString LocksSchema(const QString& database);
     void RequireDatabaseFile(const QString& database) const;
     void Prepare();
+    bool IsTextColumn(const QString& column);
     void RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds);
 
     void AbortTransactionAfter(const ado::AdoError& error);

@@ -298,21 +298,32 @@ private:
         return value;
     }
 
-    // A "+" joins text when a neighbour is a string literal or a text function's result.
+    // A "+" joins text when a neighbour is a string literal, a text function's result or a
+    // text column.
     bool IsConcatenation(size_t plus) const {
         const Token* next = At(plus + 1);
         if (next &&
             (next->kind == TokenKind::String || IsTextFunction(*next) || IsTextCast(plus + 1)))
             return true;
+        // The column of a following t.column is two tokens further on.
+        if (IsTextColumnName(SymbolAt(plus + 2, u".") ? plus + 3 : plus + 1)) return true;
         if (plus == 0) return false;
         const Token& previous = m_t[plus - 1];
-        if (previous.kind == TokenKind::String) return true;
+        if (previous.kind == TokenKind::String || IsTextColumnName(plus - 1)) return true;
         if (!previous.IsSymbol(u")")) return false;
         for (size_t j = plus - 1; j-- > 0;) {
             if (m_t[j].IsSymbol(u"(") && Close(j) == plus - 1)
                 return j > 0 && (IsTextFunction(m_t[j - 1]) || IsTextCast(j - 1));
         }
         return false;
+    }
+
+    bool IsTextColumnName(size_t i) const {
+        const Token* name = At(i);
+        if (!name || !m_context.isTextColumn || SymbolAt(i + 1, u"(") ||
+            (name->kind != TokenKind::Word && name->kind != TokenKind::QuotedName))
+            return false;
+        return m_context.isTextColumn(name->text);
     }
 
     bool IsTextCast(size_t i) const {

@@ -27,6 +27,9 @@ struct TranslationContext {
     // SQLite keeps each database's `locks` table in a file of its own: the schema that holds
     // it for `database` ("" for the current one). Unset: `locks` is an ordinary table.
     std::function<QString(const QString& database)> locksSchema;
+    // Whether a column of that name in the current database holds text, so that "+" next to
+    // it joins texts. Unset: no column does.
+    std::function<bool(const QString& column)> isTextColumn;
 };
 
 struct Translation {

@@ -498,3 +498,14 @@ TEST_P(SessionTest, TextColumnsCompareWithoutCaseAsOnSqlServer) {
     EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('GARCÍA')")),
               2601);
 }
+
+TEST_P(SessionTest, PlusJoinsTextColumnsAndAddsNumbers) {
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre, Activo) VALUES ('Ana', 2)"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT Nombre + Nombre FROM clientes")),
+              QStringLiteral("AnaAna"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT c.Nombre + [Nombre] FROM clientes c")),
+              QStringLiteral("AnaAna"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT Activo + Activo FROM clientes")), QStringLiteral("4"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT Nombre + ' ' + Nombre FROM clientes")),
+              QStringLiteral("Ana Ana"));
+}
