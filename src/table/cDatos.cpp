@@ -14,8 +14,7 @@ QString Quoted(const QString& text) {
 
 } // namespace
 
-cDatos::cDatos()
-    : m_msgBox(std::make_shared<cMsgBox>()), m_rs(std::make_shared<ado::Recordset>()) {}
+cDatos::cDatos() : m_rs(std::make_shared<ado::Recordset>()) {}
 
 cDatos::~cDatos() {
     ResetTable();

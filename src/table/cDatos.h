@@ -175,7 +175,6 @@ private:
 
     std::int32_t m_tally = 0;
     bool m_userCancel = false;
-    cMsgBoxPtr m_msgBox;
     cConexionPtr m_conexion;
     bool m_connected = false;
     ado::RecordsetPtr m_rs;
