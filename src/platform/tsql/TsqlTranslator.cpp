@@ -582,6 +582,20 @@ private:
             out += lead + QStringLiteral("length(rtrim(%1))").arg(arg(0));
             return close + 1;
         }
+        // Searches inside text: without regard to case, as the columns compare, and on
+        // PostgreSQL under the default collation (its text columns refuse substring searches).
+        if (t.IsWord(u"CHARINDEX") && commas.size() == 1) {
+            out += lead + (Sqlite() ? QStringLiteral("instr(lower(%1), lower(%2))")
+                                    : QStringLiteral("strpos(lower((%1) COLLATE \"default\"), "
+                                                     "lower(%2))"))
+                              .arg(arg(1), arg(0));
+            return close + 1;
+        }
+        if (t.IsWord(u"REPLACE") && commas.size() == 2 && !Sqlite()) {
+            out += lead + QStringLiteral("replace((%1) COLLATE \"default\", %2, %3)")
+                              .arg(arg(0), arg(1), arg(2));
+            return close + 1;
+        }
         return i;
     }
 

@@ -509,3 +509,13 @@ TEST_P(SessionTest, PlusJoinsTextColumnsAndAddsNumbers) {
     EXPECT_EQ(Value(QStringLiteral("SELECT Nombre + ' ' + Nombre FROM clientes")),
               QStringLiteral("Ana Ana"));
 }
+
+TEST_P(SessionTest, SearchesInsideTextIgnoreCase) {
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Hermanos García')"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT CHARINDEX('GARC', Nombre) FROM clientes")),
+              QStringLiteral("10"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT CHARINDEX('x', Nombre) FROM clientes")),
+              QStringLiteral("0"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT REPLACE(Nombre, 'Hermanos', 'Hnos.') FROM clientes")),
+              QStringLiteral("Hnos. García"));
+}
