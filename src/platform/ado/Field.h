@@ -27,6 +27,7 @@ struct FieldDefinition {
     bool keyColumn = false;
     std::uint32_t baseTableId = 0; // the engine's ids, until the names are known
     std::int32_t baseColumnNumber = 0;
+    bool autoIncrement = false;
 };
 
 class Field {

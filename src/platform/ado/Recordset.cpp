@@ -782,23 +782,34 @@ bool Recordset::WritesBack() {
     return RecordsetWriter(m_fields).CanWrite();
 }
 
-// Engines that give only ids for a column's table are asked for the names once, when a
-// change is first written.
+// Engines that give only ids for a column's table, or its name without its key, are asked
+// for the rest once, when a change is first written.
 void Recordset::ResolveBaseColumns() {
     if (m_baseResolved || !m_link->resolveBase) return;
     m_baseResolved = true;
+    bool unnamed = false, named = false, keyed = false;
+    for (int i = 0; i < m_fields.Count(); ++i) {
+        const FieldDefinition& def = m_fields.Item(i).Definition();
+        unnamed = unnamed || (def.baseTableId != 0 && def.baseTable.isEmpty());
+        named = named || !def.baseTable.isEmpty();
+        keyed = keyed || def.keyColumn;
+    }
+    if (!unnamed && (!named || keyed)) return;
     std::vector<ColumnInfo> columns;
     std::vector<int> fields;
     for (int i = 0; i < m_fields.Count(); ++i) {
         const FieldDefinition& def = m_fields.Item(i).Definition();
-        if (def.baseTableId == 0 || !def.baseTable.isEmpty()) continue;
+        if (def.baseTableId == 0 && def.baseTable.isEmpty()) continue;
         ColumnInfo column;
+        column.baseTable = def.baseTable;
+        column.baseColumn = def.baseColumn;
+        column.keyColumn = def.keyColumn;
+        column.autoIncrement = def.autoIncrement;
         column.baseTableId = def.baseTableId;
         column.baseColumnNumber = def.baseColumnNumber;
         columns.push_back(column);
         fields.push_back(i);
     }
-    if (columns.empty()) return;
     m_link->resolveBase(columns);
     for (std::size_t k = 0; k < fields.size(); ++k)
         m_fields.Item(fields[k]).SetBaseColumn(columns[k].baseTable, columns[k].baseColumn,

@@ -33,6 +33,7 @@ void RecordsetBuilder::BeginRowset(const std::vector<ColumnInfo>& columns) {
         def.keyColumn = c.keyColumn;
         def.baseTableId = c.baseTableId;
         def.baseColumnNumber = c.baseColumnNumber;
+        def.autoIncrement = c.autoIncrement;
         target.GetFields().Define(def);
     }
     target.PrepareColumns();

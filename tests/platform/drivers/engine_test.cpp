@@ -4,6 +4,7 @@
 #include "EngineCase.h"
 #include "RecordingSink.h"
 #include "platform/ado/Connection.h"
+#include "platform/ado/Recordset.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -244,6 +245,27 @@ TEST_P(EngineTest, TransactionsCommitAndRollBack) {
     } catch (const AdoError& error) {
         EXPECT_EQ(error.Number(), adErrInvalidTransaction);
     }
+}
+
+// A keyset recordset of one table writes each change back by its primary key.
+TEST_P(EngineTest, KeysetRecordsetWritesChangesBackByKey) {
+    Run("CREATE TABLE wb (id INTEGER PRIMARY KEY, nombre VARCHAR(20))");
+    Run("INSERT INTO wb VALUES (1, 'uno')");
+    Run("INSERT INTO wb VALUES (2, 'dos')");
+    const ConnectionLink link = m_connection->Link();
+    Recordset rs;
+    rs.SetCursorLocation(adUseClient);
+    rs.Open("SELECT id, nombre FROM wb ORDER BY id", &link, adOpenKeyset, adLockOptimistic);
+    rs.MoveLast();
+    rs.Update(Variant("nombre"), Variant("DOS"));
+    rs.AddNew(Variant::Array({"id", "nombre"}), Variant::Array({3, "tres"}));
+    rs.MoveFirst();
+    rs.Delete();
+    EXPECT_EQ(Scalar("SELECT count(*) FROM wb"), 2);
+    EXPECT_EQ(Scalar("SELECT count(*) FROM wb WHERE nombre = 'DOS' AND id = 2"), 1);
+    EXPECT_EQ(Scalar("SELECT count(*) FROM wb WHERE id = 3"), 1);
+    EXPECT_TRUE(rs.GetFields().Item("id").GetProperties().Item("KEYCOLUMN").ToBool());
+    EXPECT_EQ(rs.GetFields().Item("id").GetProperties().Item("BASETABLENAME").ToString(), "wb");
 }
 
 // Engines where this library maps SQL Server databases itself (files, schemas).

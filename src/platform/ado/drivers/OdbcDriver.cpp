@@ -54,6 +54,21 @@ std::vector<ErrorRecord> Diagnostics(SQLSMALLINT kind, SQLHANDLE handle, std::in
     ThrowRecords(number, Diagnostics(kind, handle, number));
 }
 
+QString Utf16(const SQLWCHAR* text, SQLLEN bytes) {
+    return QString::fromUtf16(reinterpret_cast<const char16_t*>(text),
+                              static_cast<qsizetype>(bytes / sizeof(SQLWCHAR)));
+}
+
+// A text attribute of a result column; "" when the driver does not know it.
+QString TextAttribute(void* statement, SQLUSMALLINT column, SQLUSMALLINT field) {
+    SQLWCHAR text[256] = {};
+    SQLSMALLINT length = 0;
+    if (!SQL_SUCCEEDED(
+            SQLColAttributeW(statement, column, field, text, sizeof text, &length, nullptr)))
+        return {};
+    return Utf16(text, std::min<SQLLEN>(length, sizeof text - sizeof(SQLWCHAR)));
+}
+
 void Describe(ColumnInfo& column, SQLSMALLINT type, SQLULEN size, SQLSMALLINT digits) {
     auto set = [&](DataTypeEnum ado, std::int32_t defined, int precision = 255, int scale = 255) {
         column.type = ado;
@@ -206,6 +221,12 @@ void OdbcDriver::FetchRowset(void* statement, ResultSink& sink) {
             QString::fromUtf16(reinterpret_cast<const char16_t*>(name), qMin<int>(nameLength, 255));
         column.attributes = nullable == SQL_NO_NULLS ? 0 : (adFldIsNullable | adFldMayBeNull);
         Describe(column, type, size, digits);
+        column.baseTable = TextAttribute(statement, i + 1, SQL_DESC_BASE_TABLE_NAME);
+        column.baseColumn = TextAttribute(statement, i + 1, SQL_DESC_BASE_COLUMN_NAME);
+        SQLLEN autoUnique = SQL_FALSE;
+        SQLColAttributeW(statement, i + 1, SQL_DESC_AUTO_UNIQUE_VALUE, nullptr, 0, nullptr,
+                         &autoUnique);
+        column.autoIncrement = autoUnique == SQL_TRUE;
     }
     sink.BeginRowset(columns);
     std::vector<Variant> values(columns.size());
@@ -311,6 +332,37 @@ void OdbcDriver::Execute(const QString& batch, ResultSink& sink, int timeoutSeco
         if (deadline != 0 && !m_timedOut && QDateTime::currentMSecsSinceEpoch() >= deadline) {
             m_timedOut = true;
             Cancel();
+        }
+    }
+}
+
+void OdbcDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {
+    QStringList tables;
+    for (const ColumnInfo& column : columns)
+        if (!column.baseTable.isEmpty()) tables << column.baseTable;
+    tables.removeDuplicates();
+    for (const QString& table : tables) {
+        QStringList keys;
+        SQLHSTMT statement = nullptr;
+        if (!SQL_SUCCEEDED(SQLAllocHandle(SQL_HANDLE_STMT, m_dbc, &statement))) return;
+        const auto release = qScopeGuard([&] { SQLFreeHandle(SQL_HANDLE_STMT, statement); });
+        std::u16string name = table.toStdU16String();
+        if (SQL_SUCCEEDED(SQLPrimaryKeysW(statement, nullptr, 0, nullptr, 0,
+                                          reinterpret_cast<SQLWCHAR*>(name.data()), SQL_NTS))) {
+            while (SQL_SUCCEEDED(SQLFetch(statement))) {
+                SQLWCHAR key[256] = {};
+                SQLLEN length = 0;
+                if (SQL_SUCCEEDED(
+                        SQLGetData(statement, 4, SQL_C_WCHAR, key, sizeof key, &length)) &&
+                    length > 0)
+                    keys << Utf16(key, std::min<SQLLEN>(length, sizeof key - sizeof(SQLWCHAR)));
+            }
+        }
+        for (ColumnInfo& column : columns) {
+            if (column.baseTable != table) continue;
+            column.keyColumn = keys.isEmpty()
+                                   ? column.autoIncrement
+                                   : keys.contains(column.baseColumn, Qt::CaseInsensitive);
         }
     }
 }

@@ -38,6 +38,8 @@ public:
     void Rollback() override;
 
     QString EngineName() const override { return QStringLiteral("ODBC"); }
+    // Keys from SQLPrimaryKeys; a table without one is keyed by its identity column.
+    void ResolveBaseColumns(std::vector<ColumnInfo>& columns) override;
 
 private:
     void Run(const QString& batch, ResultSink& sink);
