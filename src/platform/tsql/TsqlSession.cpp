@@ -99,6 +99,17 @@ QStringList Arguments(const Tokens& tokens, size_t from, size_t to) {
     return arguments;
 }
 
+// The possibly qualified name (t, db..t, db.dbo.t) that begins at `first`, as written.
+QString QualifiedNameAt(const Tokens& statement, size_t first) {
+    if (first >= statement.size()) return {};
+    size_t end = first + 1;
+    while (end < statement.size() && statement[end].IsSymbol(u".")) {
+        ++end;
+        if (end < statement.size() && !statement[end].IsSymbol(u".")) ++end;
+    }
+    return TokensToSql(Tokens(statement.begin() + first, statement.begin() + end));
+}
+
 } // namespace
 
 TsqlSession::TsqlSession(ado::DriverPtr inner) : m_inner(std::move(inner)) {}
@@ -738,17 +749,9 @@ void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
                     : QStringLiteral("DELETE FROM %1 WHERE 0").arg(table));
     }
     if (statement.front().IsWord(u"INSERT")) {
-        size_t name = 1;
-        if (name < statement.size() && statement[name].IsWord(u"INTO")) ++name;
-        size_t end = name + 1;
-        while (end < statement.size() && statement[end].IsSymbol(u".")) { // db.dbo.t, db..t
-            ++end;
-            if (end < statement.size() && !statement[end].IsSymbol(u".")) ++end;
-        }
-        RunInsert(
-            translation.sql,
-            EngineName(TokensToSql(Tokens(statement.begin() + name, statement.begin() + end))),
-            sink, timeoutSeconds);
+        const size_t name = statement.size() > 1 && statement[1].IsWord(u"INTO") ? 2 : 1;
+        RunInsert(translation.sql, EngineName(QualifiedNameAt(statement, name)), sink,
+                  timeoutSeconds);
         return;
     }
     CountingSink counting(sink, m_noCount);
@@ -758,6 +761,9 @@ void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
         throw MappedError(error, EngineTarget());
     }
     m_rowCount = counting.rows;
+    // CREATE TABLE t (... IDENTITY(s, 1)): the next identity is s.
+    if (translation.identityStart && statement.size() > 2 && statement[0].IsWord(u"CREATE"))
+        Reseed(EngineName(QualifiedNameAt(statement, 2)), *translation.identityStart - 1);
 }
 
 // An INSERT also sets @@IDENTITY when its table has an identity column.

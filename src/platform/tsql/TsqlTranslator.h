@@ -7,7 +7,9 @@
 #include "platform/tsql/TsqlToken.h"
 
 #include <QStringList>
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 namespace zlx::tsql {
 
@@ -36,6 +38,9 @@ struct Translation {
     QString sql;
     QStringList exclusiveTables; // tables named WITH (TABLOCKX)
     QStringList databases;       // databases named in db..table, as written
+    // SQLite: the first value of a new table's identity when it is not 1 (the session sets
+    // the table's sequence after creating it).
+    std::optional<std::int64_t> identityStart;
 };
 
 // The version this layer reports as ServerProperty('ProductVersion').

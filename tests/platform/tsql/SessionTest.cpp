@@ -519,3 +519,21 @@ TEST_P(SessionTest, SearchesInsideTextIgnoreCase) {
     EXPECT_EQ(Value(QStringLiteral("SELECT REPLACE(Nombre, 'Hermanos', 'Hnos.') FROM clientes")),
               QStringLiteral("Hnos. García"));
 }
+
+TEST_P(SessionTest, IdentityStartsAtItsSeed) {
+    Exec(QStringLiteral("CREATE TABLE facturas (zolmarID INT NOT NULL IDENTITY(100,1), n INT)"));
+    Exec(QStringLiteral("INSERT INTO facturas (n) VALUES (1)"));
+    Exec(QStringLiteral("INSERT INTO facturas (n) VALUES (2)"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT max(zolmarID) FROM facturas")), QStringLiteral("101"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT @@IDENTITY")), QStringLiteral("101"));
+    const QString stepped =
+        QStringLiteral("CREATE TABLE pares (zolmarID INT NOT NULL IDENTITY(2,2), n INT)");
+    if (Postgres()) {
+        Exec(stepped);
+        Exec(QStringLiteral("INSERT INTO pares (n) VALUES (1)"));
+        Exec(QStringLiteral("INSERT INTO pares (n) VALUES (1)"));
+        EXPECT_EQ(Value(QStringLiteral("SELECT max(zolmarID) FROM pares")), QStringLiteral("4"));
+    } else {
+        EXPECT_EQ(NativeErrorOf(stepped), 102); // SQLite identities count by one
+    }
+}
