@@ -330,6 +330,21 @@ private:
         return false;
     }
 
+    // The end of the operand that begins at `i`: a literal, a (qualified) name, a function
+    // call or a parenthesised expression; `i` itself when there is none.
+    size_t PrimaryEnd(size_t i) const {
+        const Token* first = At(i);
+        if (!first) return i;
+        if (first->IsSymbol(u"(")) return Close(i) + 1;
+        if (first->kind == TokenKind::String || first->kind == TokenKind::Number) return i + 1;
+        if (first->kind != TokenKind::Word && first->kind != TokenKind::QuotedName) return i;
+        if (SymbolAt(i + 1, u"(")) return Close(i + 1) + 1;
+        size_t end = i + 1;
+        while (SymbolAt(end, u".") && At(end + 1) && !At(end + 1)->IsSymbol(u"."))
+            end += 2;
+        return end;
+    }
+
     bool IsTextColumnName(size_t i) const {
         const Token* name = At(i);
         if (!name || !m_context.isTextColumn || SymbolAt(i + 1, u"(") ||
@@ -363,13 +378,13 @@ private:
             if (t.IsWord(u"LIKE") && !Sqlite()) {
                 // A pattern with the default collation: PostgreSQL matches patterns only
                 // under deterministic collations, and text columns compare without case.
+                // The collation given to the pattern's first operand carries through the
+                // rest of the pattern expression.
                 out += t.leading + QStringLiteral("ILIKE");
-                if (At(i + 1) && At(i + 1)->kind == TokenKind::String) {
-                    out += m_t[i + 1].leading + QuoteString(m_t[i + 1].text) +
-                           QStringLiteral(" COLLATE \"default\"");
-                    return i + 2;
-                }
-                return i + 1;
+                const size_t end = PrimaryEnd(i + 1);
+                if (end == i + 1) return i + 1;
+                out += Range(i + 1, end) + QStringLiteral(" COLLATE \"default\"");
+                return end;
             }
             if (t.IsWord(u"WITH") && SymbolAt(i + 1, u"(") && IsTableHint(i + 2))
                 return SkipHints(i);
@@ -583,6 +598,12 @@ private:
             out += lead + (Sqlite() ? QStringLiteral("substr(%1, -(%2))")
                                     : QStringLiteral("right(%1, %2)"))
                               .arg(arg(0), arg(1));
+            return close + 1;
+        }
+        if (t.IsWord(u"LEFT") && commas.size() == 1) {
+            out += lead +
+                   (Sqlite() ? QStringLiteral("substr(%1, 1, %2)") : QStringLiteral("left(%1, %2)"))
+                       .arg(arg(0), arg(1));
             return close + 1;
         }
         if (t.IsWord(u"DATEPART") && commas.size() == 1) {

@@ -537,3 +537,14 @@ TEST_P(SessionTest, IdentityStartsAtItsSeed) {
         EXPECT_EQ(NativeErrorOf(stepped), 102); // SQLite identities count by one
     }
 }
+
+TEST_P(SessionTest, LikePatternsMayBeExpressions) {
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Martínez')"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Marta')"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes WHERE Nombre LIKE "
+                                   "LEFT(Nombre, 3) + '%' AND Nombre LIKE 'MART' + '%'")),
+              QStringLiteral("2"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes c WHERE c.Nombre LIKE "
+                                   "c.Nombre")),
+              QStringLiteral("2"));
+}
