@@ -189,6 +189,8 @@ void Recordset::PrepareColumns() {
         m_columns.emplace_back(f.Type(), f.DefinedSize(), (f.Attributes() & adFldLong) != 0);
     }
     m_indexes.resize(m_columns.size());
+    m_probes.clear();
+    m_probes.resize(m_columns.size());
 }
 
 void Recordset::Open(const QString& source, const ConnectionLink* connection,
@@ -741,10 +743,7 @@ void Recordset::SetCurrentValue(int field, const Variant& value) {
     if (m_lockType == adLockReadOnly && m_link) RaiseAdoError(adErrFeatureNotAvailable);
     m_fields.Item(field);
     // Checked now so that a bad value is refused at the assignment, as ADO does.
-    ColumnStore probe(m_columns[field].Type(), m_fields.Item(field).DefinedSize(),
-                      (m_fields.Item(field).Attributes() & adFldLong) != 0);
-    probe.AppendNull();
-    probe.Set(0, value);
+    ProbeOf(field).Set(0, value);
     for (auto& [index, pending] : m_pending) {
         if (index == field) {
             pending = value;
@@ -753,6 +752,18 @@ void Recordset::SetCurrentValue(int field, const Variant& value) {
     }
     m_pending.emplace_back(field, value);
     if (m_editMode == adEditNone) m_editMode = adEditInProgress;
+}
+
+// A one-row store of the field's type that checks a value before it is accepted.
+ColumnStore& Recordset::ProbeOf(int field) {
+    std::unique_ptr<ColumnStore>& probe = m_probes[field];
+    if (!probe) {
+        probe = std::make_unique<ColumnStore>(m_columns[field].Type(),
+                                              m_fields.Item(field).DefinedSize(),
+                                              (m_fields.Item(field).Attributes() & adFldLong) != 0);
+        probe->AppendNull();
+    }
+    return *probe;
 }
 
 void Recordset::RememberOriginal(std::size_t physical) {

@@ -179,6 +179,7 @@ private:
     void MoveTo(long long position);
     long long PositionOfBookmark(const Variant& bookmark) const;
     long long StartPosition(const Variant& start) const;
+    ColumnStore& ProbeOf(int field);
     void RememberOriginal(std::size_t physical);
     void MarkChanged(std::size_t physical);
     void WriteCell(std::size_t physical, int field, const Variant& value);
@@ -212,6 +213,7 @@ private:
     std::optional<FilterCriteria> m_criteria;
     QString m_sort;
     std::vector<std::unique_ptr<FieldIndex>> m_indexes;
+    std::vector<std::unique_ptr<ColumnStore>> m_probes; // checks values as they are set
     long m_state = adStateClosed;
     QString m_source;
     std::optional<ConnectionLink> m_link;
