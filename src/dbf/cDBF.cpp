@@ -122,6 +122,7 @@ bool cDBF::OpenRaw(const QString& cRutaFicheroDBF) {
         return false;
     }
     m_fields.resize(fieldCount);
+    m_foundFields.clear();
     for (std::size_t i = 0; i < fieldCount; ++i) {
         const std::uint8_t* raw = &descriptors[i * kDescriptorSize];
         FieldDescriptor& field = m_fields[i];
@@ -147,6 +148,7 @@ bool cDBF::OpenODBC(const QString& cRutaFicheroDBF) {
 void cDBF::CloseDBF() {
     if (m_headerChanged) Commit();
     m_fields.clear();
+    m_foundFields.clear();
     m_record.clear();
     m_readAhead.clear();
     InvalidateReadAhead();
@@ -284,7 +286,19 @@ bool cDBF::ReadRecord(std::uint32_t row) {
     return true;
 }
 
+// Names already looked up answer from a short list: a caller reading every record names
+// the same fields again and again, usually with the very same strings.
 const cDBF::FieldDescriptor* cDBF::FindField(const QString& name) const {
+    for (const auto& [known, field] : m_foundFields) {
+        if ((known.constData() == name.constData() && known.size() == name.size()) || known == name)
+            return field;
+    }
+    const FieldDescriptor* field = LookUpField(name);
+    if (field && m_foundFields.size() < kFoundFieldsKept) m_foundFields.emplace_back(name, field);
+    return field;
+}
+
+const cDBF::FieldDescriptor* cDBF::LookUpField(const QString& name) const {
     // The key: upper-case first 10 characters in the file's code page, then a NUL.
     std::array<char, 11> key{};
     const qsizetype size = std::min<qsizetype>(name.size(), 10);

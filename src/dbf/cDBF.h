@@ -8,6 +8,7 @@
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace zlx {
@@ -87,6 +88,7 @@ private:
     bool ReadRecord(std::uint32_t row);
     void InvalidateReadAhead() { m_readAheadRows = 0; }
     const FieldDescriptor* FindField(const QString& name) const;
+    const FieldDescriptor* LookUpField(const QString& name) const;
     Variant ReadValue(const FieldDescriptor& field) const;
     void Report(const QString& message, const QString& title);
 
@@ -97,6 +99,8 @@ private:
     std::vector<char> m_record;
     std::array<std::uint8_t, 32> m_header{};
     std::vector<FieldDescriptor> m_fields;
+    static constexpr std::size_t kFoundFieldsKept = 32;
+    mutable std::vector<std::pair<QString, const FieldDescriptor*>> m_foundFields;
     std::uint32_t m_currentRow = 0;
     bool m_showErrors = true;
     bool m_inserting = false;
