@@ -5,6 +5,7 @@
 #include "platform/ado/RecordsetBuilder.h"
 #include "platform/ado/RecordsetWriter.h"
 #include "platform/ado/RecordsetXml.h"
+#include "platform/ado/drivers/TextOrder.h"
 
 #include <QFile>
 #include <algorithm>
@@ -45,7 +46,8 @@ public:
     Variant value;
 };
 
-// The case-folded text of every row of a text column as UTF-8 bytes, one after another
+// The sort key of every row of a text column as UTF-8 bytes, one after another: the
+// case-folded text, or for a text with accents its base letters, a NUL and the folded text
 // (ASCII texts, the common case, are folded in place without building a QString).
 struct FoldedTexts {
     std::string bytes;
@@ -68,7 +70,12 @@ FoldedTexts FoldTexts(const ColumnStore& column) {
             for (QChar c : text)
                 folded.bytes.push_back(static_cast<char>(std::tolower(c.unicode())));
         } else {
-            folded.bytes += text.toCaseFolded().toStdString();
+            // Base letters first, then (after a NUL that sorts below every letter) the
+            // folded text: accented letters sort next to their base letter.
+            const QString caseless = text.toCaseFolded();
+            folded.bytes += TextOrder::BaseLetters(caseless).toStdString();
+            folded.bytes.push_back('\0');
+            folded.bytes += caseless.toStdString();
         }
     }
     folded.start.push_back(static_cast<std::uint32_t>(folded.bytes.size()));

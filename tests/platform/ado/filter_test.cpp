@@ -122,6 +122,38 @@ TEST(RecordsetSort, SortsByKeysKeepingTheCurrentRecord) {
     EXPECT_EQ(Codes(*rs), (std::vector<int>{1, 2, 3, 4, 5, 6}));
 }
 
+// Texts sort without regard to case, accented letters next to their base letter, in both
+// the path for few distinct values and the one for many.
+TEST(RecordsetSort, AccentedLettersSortNextToTheirBaseLetter) {
+    const std::vector<const char*> names = {"Zapata", "Ávila", "alba", "Álvarez", "ÁVILA",
+                                            "avila",  "Ñu",    "nube", "Alba"};
+    const std::vector<int> expected = {3, 9, 4, 6, 2, 5, 7, 8, 1};
+    for (const int copies : {1, 8000}) {
+        Recordset rs;
+        rs.GetFields().Append("n", adInteger);
+        rs.GetFields().Append("nombre", adVarWChar, 40);
+        rs.Open();
+        for (int copy = 0; copy < copies; ++copy) {
+            for (std::size_t i = 0; i < names.size(); ++i) {
+                // Further copies carry a distinct suffix so that the column has many values.
+                const QString suffix =
+                    copy == 0 ? QString() : QStringLiteral(" %1").arg(copy, 5, 10, QChar(u'0'));
+                rs.AddNew(Names({"n", "nombre"}),
+                          Values({Variant(static_cast<std::int32_t>(i + 1 + copy * 100)),
+                                  Variant(QString::fromUtf8(names[i]) + suffix)}));
+            }
+        }
+        rs.SetSort("nombre");
+        // The rows without a suffix, in the order the sort gives them.
+        std::vector<int> originals;
+        for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) {
+            const int n = rs.GetFields().Item("n").Value().ToLong();
+            if (n < 100) originals.push_back(n);
+        }
+        EXPECT_EQ(originals, expected) << copies;
+    }
+}
+
 TEST(RecordsetFind, SearchesFromTheCurrentRecordInBothDirections) {
     for (bool optimized : {false, true}) {
         auto rs = MakeCustomers();

@@ -1,5 +1,7 @@
 #include "platform/ado/drivers/SqliteText.h"
 
+#include "platform/ado/drivers/TextOrder.h"
+
 #include <QString>
 #include <algorithm>
 #include <cctype>
@@ -8,23 +10,6 @@
 namespace zlx::ado::SqliteText {
 
 namespace {
-
-// The text without case and without accents: the first thing texts are ordered by.
-QString BaseLetters(const QString& folded) {
-    QString base;
-    const QString decomposed = folded.normalized(QString::NormalizationForm_D);
-    base.reserve(decomposed.size());
-    for (QChar c : decomposed)
-        if (c.category() != QChar::Mark_NonSpacing) base += c;
-    return base;
-}
-
-int CompareFolded(const QString& a, const QString& b) {
-    const QString foldedA = a.toCaseFolded();
-    const QString foldedB = b.toCaseFolded();
-    const int byBase = QString::compare(BaseLetters(foldedA), BaseLetters(foldedB));
-    return byBase != 0 ? byBase : QString::compare(foldedA, foldedB);
-}
 
 int CollationCallback(void*, int lengthA, const void* a, int lengthB, const void* b) {
     return Compare(lengthA, a, lengthB, b);
@@ -95,8 +80,8 @@ int Compare(int lengthA, const void* a, int lengthB, const void* b) {
     // comparison gives them.
     for (int i = 0; i < common; ++i) {
         if (x[i] >= 0x80 || y[i] >= 0x80)
-            return CompareFolded(QString::fromUtf8(static_cast<const char*>(a), lengthA),
-                                 QString::fromUtf8(static_cast<const char*>(b), lengthB));
+            return TextOrder::Compare(QString::fromUtf8(static_cast<const char*>(a), lengthA),
+                                      QString::fromUtf8(static_cast<const char*>(b), lengthB));
         const int difference = std::tolower(x[i]) - std::tolower(y[i]);
         if (difference != 0) return difference;
     }
@@ -106,8 +91,8 @@ int Compare(int lengthA, const void* a, int lengthB, const void* b) {
     if (std::all_of(rest + common, rest + std::max(lengthA, lengthB),
                     [](unsigned char c) { return c < 0x80; }))
         return lengthA - lengthB;
-    return CompareFolded(QString::fromUtf8(static_cast<const char*>(a), lengthA),
-                         QString::fromUtf8(static_cast<const char*>(b), lengthB));
+    return TextOrder::Compare(QString::fromUtf8(static_cast<const char*>(a), lengthA),
+                              QString::fromUtf8(static_cast<const char*>(b), lengthB));
 }
 
 void Install(sqlite3* db) {
