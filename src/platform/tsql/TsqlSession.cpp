@@ -493,6 +493,16 @@ QString TsqlSession::EngineName(const QString& tsqlName) {
     return TsqlTranslator(Context()).Expression(Tokenize(tsqlName)).trimmed();
 }
 
+// The schema, written "x.", that an index of the table must name: on SQLite the attached
+// database that holds the table; "" for the main database and on PostgreSQL (where an index
+// is made in its table's schema).
+QString TsqlSession::EngineSchemaOf(const QString& tsqlTable) {
+    if (EngineTarget() != Target::SQLite) return QString();
+    const QString name = EngineName(tsqlTable);
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot < 0 ? QString() : name.left(dot + 1);
+}
+
 // Without a seed the identity moves up to the highest value in the table; with one, the
 // next row gets seed + 1.
 void TsqlSession::Reseed(const QString& table, std::optional<std::int64_t> seed) {
@@ -590,23 +600,30 @@ bool TsqlSession::RunProcedure(const Tokens& statement, ado::ResultSink& sink) {
         return true;
     }
     if (procedure == u"sp_indexes_rowset") {
+        // An index is found by its SQL Server name: a primary key's constraint name, or the
+        // name of an index made by CREATE INDEX (EngineIndexName); it is answered by that name.
         const QString table = arguments.value(0);
         const QString index = arguments.value(1);
-        const QString sql = EngineTarget() == Target::SQLite
-                                ? QStringLiteral("SELECT tbl_name AS TABLE_NAME, name AS "
-                                                 "INDEX_NAME FROM main.sqlite_master WHERE "
-                                                 "type = 'index' AND tbl_name = %1 COLLATE NOCASE "
-                                                 "AND (%2 IS NULL OR name = %2 "
-                                                 "COLLATE NOCASE)")
-                                : QStringLiteral("SELECT CAST(tablename AS text) AS TABLE_NAME, "
-                                                 "CAST(indexname AS text) AS INDEX_NAME "
-                                                 "FROM pg_indexes WHERE schemaname = "
-                                                 "current_schema() AND tablename = lower(%1) AND "
-                                                 "(%2 IS NULL OR indexname = lower(%2))");
+        const QString schema = EngineSchemaOf(table);
+        const QString sql =
+            EngineTarget() == Target::SQLite
+                ? QStringLiteral("SELECT tbl_name AS TABLE_NAME, ifnull(%2, name) AS INDEX_NAME "
+                                 "FROM ") +
+                      (schema.isEmpty() ? QStringLiteral("main.") : schema) +
+                      QStringLiteral("sqlite_master WHERE type = 'index' AND tbl_name = %1 "
+                                     "COLLATE NOCASE AND (%2 IS NULL OR name = %2 COLLATE NOCASE "
+                                     "OR name = %3 COLLATE NOCASE)")
+                : QStringLiteral("SELECT CAST(tablename AS text) AS TABLE_NAME, "
+                                 "CAST(COALESCE(%2, indexname) AS text) AS INDEX_NAME FROM "
+                                 "pg_indexes WHERE schemaname = current_schema() AND tablename = "
+                                 "lower(%1) AND (%2 IS NULL OR indexname = lower(%2) OR indexname "
+                                 "= lower(%3))");
+        const QString bare = table.section(u'.', -1);
         CountingSink counting(sink, m_noCount);
         try {
-            m_inner->Execute(sql.arg(SqlString(table),
-                                     index.isEmpty() ? QStringLiteral("NULL") : SqlString(index)),
+            m_inner->Execute(sql.arg(SqlString(bare),
+                                     index.isEmpty() ? QStringLiteral("NULL") : SqlString(index),
+                                     SqlString(EngineIndexName(bare, index))),
                              counting, 0);
         } catch (const ado::AdoError& error) {
             throw MappedError(error, EngineTarget());
@@ -680,7 +697,8 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
     }
     if (StartsWith(statement, {u"DROP", u"INDEX"}) && statement.size() >= 5 &&
         statement[3].IsSymbol(u".")) {
-        Run(QStringLiteral("DROP INDEX ") + EngineName(statement[4].text));
+        Run(QStringLiteral("DROP INDEX ") + EngineSchemaOf(statement[2].text) +
+            EngineIndexName(statement[2].text, statement[4].text));
         return true;
     }
     if (StartsWith(statement, {u"TRUNCATE", u"TABLE"}) && statement.size() >= 3) {
@@ -705,8 +723,9 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
         size_t close = open;
         while (close < statement.size() && !statement[close].IsSymbol(u")"))
             ++close;
-        Run(QStringLiteral("CREATE UNIQUE INDEX %1 ON %2 (%3)")
-                .arg(statement[5].text, EngineName(statement[2].text),
+        Run(QStringLiteral("CREATE UNIQUE INDEX %1%2 ON %3 (%4)")
+                .arg(EngineSchemaOf(statement[2].text), statement[5].text,
+                     EngineName(statement[2].text).section(u'.', -1),
                      Arguments(statement, open + 1, close).join(QStringLiteral(", "))));
         return true;
     }
@@ -720,7 +739,7 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
     if (EngineTarget() == Target::SQLite && StartsWith(statement, {u"ALTER", u"TABLE"}) &&
         statement.size() == 6 && statement[3].IsWord(u"DROP") &&
         statement[4].IsWord(u"CONSTRAINT")) {
-        Run(QStringLiteral("DROP INDEX ") + statement[5].text);
+        Run(QStringLiteral("DROP INDEX ") + EngineSchemaOf(statement[2].text) + statement[5].text);
         return true;
     }
     return false;

@@ -92,6 +92,7 @@ private:
     std::vector<std::vector<Variant>> Query(const QString& sql);
     void Run(const QString& sql);
     QString EngineName(const QString& tsqlName);
+    QString EngineSchemaOf(const QString& tsqlTable);
     SqliteTableRebuild Rebuilder(const QString& table);
     QString IdentityColumn(const QString& table);
     QString FindIdentityColumn(const QString& table);

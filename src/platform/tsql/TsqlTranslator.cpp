@@ -67,7 +67,8 @@ public:
         PrepareDefinitions();
         PrepareSqliteDefaults();
         Translation translation;
-        translation.sql = Range(0, m_t.size());
+        const size_t index = IndexKeyword();
+        translation.sql = index ? IndexDefinition(index) : Range(0, m_t.size());
         translation.exclusiveTables = m_exclusive;
         translation.databases = m_databases;
         translation.identityStart = m_identityStart;
@@ -196,6 +197,40 @@ private:
                 return;
             }
         }
+    }
+
+    // The position of INDEX in CREATE [UNIQUE] [[NON]CLUSTERED] INDEX i ON t; 0 for any other
+    // statement.
+    size_t IndexKeyword() const {
+        if (!WordAt(0, u"CREATE")) return 0;
+        size_t k = 1;
+        if (WordAt(k, u"UNIQUE")) ++k;
+        if (WordAt(k, u"CLUSTERED") || WordAt(k, u"NONCLUSTERED")) ++k;
+        return WordAt(k, u"INDEX") && WordAt(k + 2, u"ON") ? k : 0;
+    }
+
+    // The index gets its engine name; SQLite writes the schema of a table in an attached
+    // database on the index, not on the table.
+    QString IndexDefinition(size_t index) {
+        const size_t name = index + 1;
+        const size_t table = index + 3;
+        size_t open = table;
+        while (open < m_t.size() && !m_t[open].IsSymbol(u"("))
+            ++open;
+        if (open == table || open == m_t.size())
+            return Range(0, m_t.size()); // malformed: left to the engine
+        QString engineTable = Range(table, open).trimmed();
+        QString schema;
+        const qsizetype dot = engineTable.lastIndexOf(u'.');
+        if (Sqlite() && dot >= 0) {
+            schema = engineTable.left(dot + 1);
+            engineTable = engineTable.mid(dot + 1);
+        }
+        QString indexName = EngineIndexName(m_t[open - 1].text, m_t[name].text);
+        if (m_t[name].kind == TokenKind::QuotedName || m_t[open - 1].kind == TokenKind::QuotedName)
+            indexName = QuoteName(indexName, m_context.target);
+        return Range(0, name) + m_t[name].leading + schema + indexName + QStringLiteral(" ON ") +
+               engineTable + Range(open, m_t.size());
     }
 
     // SQLite has no DEFAULT inside VALUES: the column and its value leave the list so that the
@@ -729,6 +764,10 @@ bool ValidDateTime(int y, int m, int d, int hh, int mi, int ss) {
 }
 
 } // namespace
+
+QString EngineIndexName(const QString& table, const QString& index) {
+    return table + u'_' + index;
+}
 
 QString NormalizedDateLiteral(const QString& text, bool dayMonthYear) {
     static const QRegularExpression compact(

@@ -57,6 +57,11 @@ private:
     TranslationContext m_context;
 };
 
+// SQL Server names an index within its table, the engines within a database (where several
+// tables may have an index named after the same column, or after the table itself): the name
+// the engine knows index `index` of table `table` by.
+QString EngineIndexName(const QString& table, const QString& index);
+
 // 'yyyymmdd', 'yyyymmdd hh:mm:ss' and (day first) 'dd/mm/yyyy[ hh:mm:ss]' as ISO
 // 'yyyy-mm-dd hh:mm:ss'; any other text comes back empty.
 QString NormalizedDateLiteral(const QString& text, bool dayMonthYear);

@@ -418,10 +418,63 @@ TEST_P(SessionTest, GoldenStatementsRunOnTheEngine) {
         "CREATE TABLE t (a INT, b INT, n INT)",
         "CREATE TABLE u (b INT, c INT)",
         "CREATE DATABASE grupo",
+        "ALTER TABLE clientes ADD Apellidos VARCHAR(40) NULL",
+        "CREATE TABLE antiguos (zolmarID INT NOT NULL IDENTITY(1,1))",
+        "CREATE DEFAULT DEFAULT_CHAR AS ''",
+        "CREATE DEFAULT DEFAULT_NUMERIC AS 0",
+        "CREATE DEFAULT DEFAULT_DATE AS '17530101'",
+    };
+    // The tables of the schema check, the blob store and the change log, made as the schema
+    // management makes them: the identity, its key, then each column with its shared default
+    // (their indexes come from the corpus).
+    struct Column {
+        const char* table;
+        const char* name;
+        const char* type;
+        const char* boundDefault;
+    };
+    const Column columns[] = {
+        {"diccionario", "tipo", "TINYINT", "DEFAULT_NUMERIC"},
+        {"diccionario", "tabla", "VARCHAR(30)", "DEFAULT_CHAR"},
+        {"diccionario", "campo", "VARCHAR(35)", "DEFAULT_CHAR"},
+        {"diccionario", "tipo_dato", "TINYINT", "DEFAULT_NUMERIC"},
+        {"diccionario", "ancho", "SMALLINT", "DEFAULT_NUMERIC"},
+        {"diccionario", "mascara", "VARCHAR(15)", "DEFAULT_CHAR"},
+        {"diccionario", "control", "TINYINT", "DEFAULT_NUMERIC"},
+        {"diccionario", "tooltip", "VARCHAR(50)", "DEFAULT_CHAR"},
+        {"idioma", "clave", "VARCHAR(50)", "DEFAULT_CHAR"},
+        {"idioma", "idioma", "INTEGER", "DEFAULT_NUMERIC"},
+        {"idioma", "tipo", "INTEGER", "DEFAULT_NUMERIC"},
+        {"idioma", "revisar", "TINYINT", "DEFAULT_NUMERIC"},
+        {"idioma", "texto", "VARCHAR(500)", "DEFAULT_CHAR"},
+        {"idioma", "traduccion", "VARCHAR(500)", "DEFAULT_CHAR"},
+        {"BLOBs", "tipo", "INTEGER", "DEFAULT_NUMERIC"},
+        {"BLOBs", "nombre", "VARCHAR(50)", "DEFAULT_CHAR"},
+        {"BLOBs", "Contenido", "IMAGE", nullptr},
+        {"LogFichas", "Fecha", "DATETIME", "DEFAULT_DATE"},
+        {"LogFichas", "ID_Usuario", "INTEGER", "DEFAULT_NUMERIC"},
+        {"LogFichas", "ID_Puesto", "INTEGER", "DEFAULT_NUMERIC"},
+        {"LogFichas", "Tabla", "VARCHAR(50)", "DEFAULT_CHAR"},
+        {"LogFichas", "ID_Ficha", "INTEGER", "DEFAULT_NUMERIC"},
+        {"LogFichas", "TipoOp", "TINYINT", "DEFAULT_NUMERIC"},
+        {"LogFichas", "Valores", "VARCHAR(7900)", "DEFAULT_CHAR"},
     };
     Exec(QStringLiteral("SET DATEFORMAT dmy"));
     for (const char* sql : schema)
         Exec(QString::fromUtf8(sql));
+    for (const char* table : {"diccionario", "idioma", "BLOBs", "LogFichas"}) {
+        Exec(QStringLiteral("CREATE TABLE %1 (zolmarID INT NOT NULL IDENTITY(1,1))").arg(table));
+        Exec(QStringLiteral("ALTER TABLE %1 ADD CONSTRAINT %1_PKEY_zolmarID PRIMARY KEY "
+                            "NONCLUSTERED (zolmarID) ON [PRIMARY]")
+                 .arg(table));
+    }
+    for (const Column& column : columns) {
+        Exec(
+            QStringLiteral("ALTER TABLE %1 ADD %2 %3").arg(column.table, column.name, column.type));
+        if (column.boundDefault)
+            Exec(QStringLiteral("EXEC sp_bindefault '%1', '%2.%3'")
+                     .arg(column.boundDefault, column.table, column.name));
+    }
     for (const QString& database : {QStringLiteral("empresa.."), QStringLiteral("grupo..")})
         Exec(QStringLiteral("CREATE TABLE %1locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla "
                             "NVARCHAR(40), id_zolmar "
@@ -447,6 +500,20 @@ TEST_P(SessionTest, GoldenStatementsRunOnTheEngine) {
     EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes")), QStringLiteral("4"));
     EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM locks WHERE usr_zolmar = 2")),
               QStringLiteral("1"));
+    // The dictionary's new text took the shared defaults of the columns it left out.
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM idioma WHERE clave = 'MENU' AND "
+                                   "revisar = 0 AND traduccion = '' AND tipo = 0")),
+              QStringLiteral("1"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM BLOBs")), QStringLiteral("0"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM LogFichas WHERE Fecha = '20240131 "
+                                   "10:15:00' AND Tabla = 'clientes' AND ID_Ficha = 5")),
+              QStringLiteral("2"));
+    // An index is known by its name within its table, though several tables have one so named.
+    for (const char* table : {"diccionario", "idioma"})
+        EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset '%1','tipo'").arg(table)).size(), 3)
+            << table;
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'locks','tabla'")),
+              (QStringList{"rowset", "row locks|tabla", "end"}));
 }
 
 TEST(SingleFileSession, JetTablesNumberTheirRowsAndKeepLocksInTheSameFile) {
@@ -547,4 +614,107 @@ TEST_P(SessionTest, LikePatternsMayBeExpressions) {
     EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes c WHERE c.Nombre LIKE "
                                    "c.Nombre")),
               QStringLiteral("2"));
+}
+
+// What the schema management sends to make a database and its tables, answered as SQL Server
+// answers it.
+TEST_P(SessionTest, SchemaStatementsOfDatabasesDefaultsAndIndexes) {
+    const QString create = QStringLiteral(
+        "IF NOT EXISTS (SELECT name FROM sysdatabases WHERE name = 'grupo') CREATE DATABASE "
+        "grupo ON (NAME= grupo, FILENAME= '/datos/grupo.mdf', SIZE=10 MB) COLLATE "
+        "Modern_Spanish_CI_AI");
+    Exec(create);
+    Exec(create); // the database exists: nothing is done
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM sysdatabases WHERE name = 'grupo'")),
+              QStringLiteral("1"));
+    Exec(QStringLiteral("ALTER DATABASE [grupo] SET OFFLINE"));
+    Exec(QStringLiteral("ALTER DATABASE [grupo] SET ONLINE"));
+    Exec(QStringLiteral("DBCC SHRINKDATABASE ('grupo')"));
+    Exec(QStringLiteral("DROP DATABASE grupo"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM sysdatabases WHERE name = 'grupo'")),
+              QStringLiteral("0"));
+
+    // The shared default objects, bound to each new column, fill the rows that leave it out.
+    Exec(QStringLiteral("CREATE DEFAULT DEFAULT_CHAR AS ''"));
+    Exec(QStringLiteral("CREATE DEFAULT DEFAULT_NUMERIC AS 0"));
+    Exec(QStringLiteral("CREATE DEFAULT DEFAULT_DATE AS '17530101'"));
+    Exec(QStringLiteral("INSERT INTO clientes(Nombre) VALUES ('Ana')"));
+    Exec(QStringLiteral("ALTER TABLE clientes ADD Nota VARCHAR(40)"));
+    Exec(QStringLiteral("EXEC sp_bindefault 'DEFAULT_CHAR', 'clientes.Nota'"));
+    Exec(QStringLiteral("ALTER TABLE clientes ADD Baja DATETIME"));
+    Exec(QStringLiteral("EXEC sp_bindefault 'DEFAULT_DATE', 'clientes.Baja'"));
+    Exec(QStringLiteral("ALTER TABLE clientes ADD Saldo MONEY"));
+    Exec(QStringLiteral("EXEC sp_bindefault 'DEFAULT_NUMERIC', 'clientes.Saldo'"));
+    Exec(QStringLiteral("UPDATE clientes SET Nota=DEFAULT, Baja=DEFAULT, Saldo=DEFAULT WHERE "
+                        "(ZolmarID BETWEEN -49999 AND 1)"));
+    Exec(QStringLiteral("INSERT INTO clientes(Nombre) VALUES ('Eva')"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes WHERE Nota = '' AND Baja = "
+                                   "'17530101' AND Saldo = 0")),
+              QStringLiteral("2"));
+    // A column changes type between unbinding and binding its default again.
+    Exec(QStringLiteral("EXEC sp_unbindefault 'clientes.Nota'"));
+    Exec(QStringLiteral("ALTER TABLE clientes ALTER COLUMN Nota VARCHAR(60)"));
+    Exec(QStringLiteral("EXEC sp_bindefault 'DEFAULT_CHAR', 'clientes.Nota'"));
+    Exec(QStringLiteral("INSERT INTO clientes(Nombre) VALUES ('Pia')"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes WHERE Nota = ''")),
+              QStringLiteral("3"));
+
+    // Indexes are named after their column: two tables may each have one of the same name.
+    Exec(QStringLiteral("CREATE TABLE proveedores (zolmarID INT NOT NULL IDENTITY(1,1))"));
+    Exec(QStringLiteral("ALTER TABLE proveedores ADD Nombre VARCHAR(40)"));
+    Exec(QStringLiteral("CREATE INDEX Nombre ON clientes(Nombre)"));
+    Exec(QStringLiteral("CREATE INDEX Nombre ON proveedores(Nombre)"));
+    Exec(QStringLiteral("CREATE INDEX proveedores ON proveedores(zolmarID)"));
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'proveedores','Nombre'")),
+              (QStringList{"rowset", "row proveedores|Nombre", "end"}));
+    Exec(QStringLiteral("DROP INDEX clientes.Nombre"));
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'clientes','Nombre'")),
+              (QStringList{"rowset", "end"}));
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'proveedores','Nombre'")).size(), 3);
+    EXPECT_THROW(Exec(QStringLiteral("CREATE INDEX Nombre ON proveedores(Nombre)")),
+                 ado::AdoError); // but one table not two
+
+    // The locks table, which a SQLite server keeps in a file of its own, gets its key and
+    // indexes there.
+    Exec(QStringLiteral("CREATE TABLE locks (zolmarID INT NOT NULL IDENTITY(1,1))"));
+    Exec(QStringLiteral("ALTER TABLE locks ADD CONSTRAINT locks_PKEY_zolmarID PRIMARY KEY "
+                        "NONCLUSTERED (zolmarID) ON [PRIMARY]"));
+    Exec(QStringLiteral("ALTER TABLE locks ADD tabla VARCHAR(50)"));
+    Exec(QStringLiteral("CREATE INDEX tabla ON locks(tabla)"));
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'locks','tabla'")).size(), 3);
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'locks','locks_PKEY_zolmarID'")).size(),
+              3);
+    Exec(QStringLiteral("DROP INDEX locks.tabla"));
+    Exec(QStringLiteral("ALTER TABLE locks DROP CONSTRAINT locks_PKEY_zolmarID"));
+    EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'locks',''")),
+              (QStringList{"rowset", "end"}));
+}
+
+// The identity repairs of the record cursor and the statement builder.
+TEST_P(SessionTest, IdentityRepairsOfTheRecordCursor) {
+    Exec(QStringLiteral("INSERT INTO clientes(Nombre) VALUES ('Ana')"));
+    Exec(QStringLiteral("INSERT INTO clientes(Nombre) VALUES ('Luis')"));
+    Exec(QStringLiteral("DBCC CHECKIDENT (clientes, RESEED, 7)"));
+    EXPECT_EQ(Exec(QStringLiteral("SET NOCOUNT ON INSERT INTO clientes(Nombre,Activo) VALUES "
+                                  "('Eva',DEFAULT) SELECT @@Identity  SET NOCOUNT OFF")),
+              (QStringList{"rowset", "row 8", "end"}));
+    // Without a seed the identity goes up to the highest value the table holds.
+    Exec(QStringLiteral("DBCC CHECKIDENT (clientes, RESEED, 0)"));
+    Exec(QStringLiteral("DBCC CHECKIDENT (clientes)"));
+    Exec(QStringLiteral("INSERT INTO clientes DEFAULT VALUES"));
+    EXPECT_EQ(m_session->Identity(), 9);
+    Exec(QStringLiteral("DBCC CHECKIDENT (clientes, RESEED, 0)"));
+    Exec(QStringLiteral("DBCC CHECKIDENT ('clientes')"));
+    Exec(QStringLiteral("INSERT INTO clientes DEFAULT VALUES"));
+    EXPECT_EQ(m_session->Identity(), 10);
+
+    // A table of another database is reseeded from inside that database.
+    Exec(QStringLiteral("CREATE DATABASE grupo"));
+    Exec(QStringLiteral("CREATE TABLE grupo..facturas (zolmarID INT NOT NULL IDENTITY(1,1), n "
+                        "INT)"));
+    m_session->UseDatabase(QStringLiteral("grupo"));
+    Exec(QStringLiteral("DBCC CHECKIDENT (facturas, RESEED, 4)"));
+    m_session->UseDatabase(QStringLiteral("empresa"));
+    Exec(QStringLiteral("INSERT INTO grupo..facturas(n) VALUES (1)"));
+    EXPECT_EQ(m_session->Identity(), 5);
 }

@@ -22,6 +22,11 @@ TranslationContext Context(Target target) {
     context.columnDefault = [](const QString& table, const QString& column) {
         return table == u"clientes" && column == u"Activo" ? QStringLiteral("1") : QString();
     };
+    context.isTextColumn = [](const QString& column) {
+        static const QStringList text = {QStringLiteral("Nombre"), QStringLiteral("Apellidos"),
+                                         QStringLiteral("texto"), QStringLiteral("Nota")};
+        return text.contains(column, Qt::CaseInsensitive);
+    };
     if (target == Target::SQLite) {
         context.locksSchema = [](const QString& database) {
             return (database.isEmpty() ? QStringLiteral("empresa") : database.toLower()) +
