@@ -123,24 +123,44 @@ QStringList CatalogStatements(Target target, const QString& applicationName) {
                 .arg(XtypeExpression(target, type), LengthExpression(target, type)),
         };
     }
-    return {
-        QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS sysdatabases (name TEXT COLLATE NOCASE, "
-                       "filename TEXT)"),
-        QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS sysprocesses (hostname TEXT COLLATE "
-                       "NOCASE, hostprocess INTEGER)"),
-        QStringLiteral("CREATE TEMP VIEW IF NOT EXISTS sysobjects AS SELECT name COLLATE NOCASE AS "
-                       "name, rowid AS id, CASE type WHEN "
-                       "'table' THEN 'U' WHEN 'view' THEN 'V' ELSE 'I' END AS xtype FROM "
-                       "main.sqlite_master WHERE "
-                       "name NOT LIKE 'sqlite_%'"),
-        QStringLiteral("CREATE TEMP VIEW IF NOT EXISTS syscolumns AS SELECT p.name COLLATE NOCASE "
-                       "AS name, m.rowid AS id, %1 AS "
-                       "xtype, %2 AS length FROM main.sqlite_master m, pragma_table_info(m.name) p "
-                       "WHERE m.type = "
-                       "'table'")
-            .arg(XtypeExpression(target, QStringLiteral("p.type")),
-                 LengthExpression(target, QStringLiteral("p.type"))),
+    return QStringList{
+               QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS sysdatabases (name TEXT COLLATE "
+                              "NOCASE, filename TEXT)"),
+               QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS sysprocesses (hostname TEXT "
+                              "COLLATE NOCASE, hostprocess INTEGER)"),
+           } +
+           SqliteObjectViews(QString());
+}
+
+// Objects of the main file and, when given, of the database's attached `locks` file (their
+// ids moved past the main file's so that the two never meet).
+QStringList SqliteObjectViews(const QString& locksSchema) {
+    const auto objects = [](const QString& schema, int offset) {
+        return QStringLiteral("SELECT name COLLATE NOCASE AS name, rowid + %1 AS id, CASE type "
+                              "WHEN 'table' THEN 'U' WHEN 'view' THEN 'V' ELSE 'I' END AS xtype "
+                              "FROM \"%2\".sqlite_master WHERE name NOT LIKE 'sqlite_%'")
+            .arg(offset)
+            .arg(schema);
     };
+    const auto columns = [](const QString& schema, int offset) {
+        return QStringLiteral("SELECT p.name COLLATE NOCASE AS name, m.rowid + %1 AS id, %2 AS "
+                              "xtype, %3 AS length FROM \"%4\".sqlite_master m, "
+                              "pragma_table_info(m.name, '%4') p WHERE m.type = 'table'")
+            .arg(offset)
+            .arg(XtypeExpression(Target::SQLite, QStringLiteral("p.type")),
+                 LengthExpression(Target::SQLite, QStringLiteral("p.type")), schema);
+    };
+    constexpr int kLocksIds = 1000000;
+    QString objectsView = objects(QStringLiteral("main"), 0);
+    QString columnsView = columns(QStringLiteral("main"), 0);
+    if (!locksSchema.isEmpty()) {
+        objectsView += QStringLiteral(" UNION ALL ") + objects(locksSchema, kLocksIds);
+        columnsView += QStringLiteral(" UNION ALL ") + columns(locksSchema, kLocksIds);
+    }
+    return {QStringLiteral("DROP VIEW IF EXISTS temp.sysobjects"),
+            QStringLiteral("CREATE TEMP VIEW sysobjects AS ") + objectsView,
+            QStringLiteral("DROP VIEW IF EXISTS temp.syscolumns"),
+            QStringLiteral("CREATE TEMP VIEW syscolumns AS ") + columnsView};
 }
 
 } // namespace zlx::tsql

@@ -12,6 +12,10 @@ namespace zlx::tsql {
 // this connection names itself to a PostgreSQL server (host:pid).
 QStringList CatalogStatements(Target target, const QString& applicationName);
 
+// SQLite: the statements that (re)make sysobjects and syscolumns over the main file and, when
+// `locksSchema` is not empty, the attached file that holds the database's `locks` table.
+QStringList SqliteObjectViews(const QString& locksSchema);
+
 // SQL Server's xtype and length of a column, as SQL expressions over the engine's type text.
 QString XtypeExpression(Target target, const QString& typeText);
 QString LengthExpression(Target target, const QString& typeText);

@@ -168,6 +168,14 @@ QString TsqlSession::ServerFolder() const {
 // machine's processes, read when a statement asks for them.
 void TsqlSession::RefreshCatalog(const QString& batch) {
     if (EngineTarget() != Target::SQLite) return;
+    const bool objects = batch.contains(u"sysobjects", Qt::CaseInsensitive) ||
+                         batch.contains(u"syscolumns", Qt::CaseInsensitive) ||
+                         batch.contains(u"object_id", Qt::CaseInsensitive);
+    if (objects && QFileInfo(ServerFolder()).isDir() &&
+        m_inner->CurrentDatabase().compare(u"master", Qt::CaseInsensitive) != 0) {
+        for (const QString& statement : SqliteObjectViews(LocksSchema(QString())))
+            Run(statement);
+    }
     if (batch.contains(u"sysdatabases", Qt::CaseInsensitive)) {
         Run(QStringLiteral("DELETE FROM temp.sysdatabases"));
         const QDir folder(ServerFolder());

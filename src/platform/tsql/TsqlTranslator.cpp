@@ -621,12 +621,11 @@ private:
         }
         if (t.IsWord(u"OBJECT_ID")) {
             out +=
-                lead +
-                (Sqlite() ? QStringLiteral(
-                                "(SELECT rowid FROM sqlite_master WHERE type IN ('table', 'view') "
-                                "AND name = %1 COLLATE NOCASE)")
-                          : QStringLiteral("CAST(CAST(to_regclass(%1) AS oid) AS integer)"))
-                    .arg(arg(0));
+                lead + (Sqlite()
+                            ? QStringLiteral("(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') "
+                                             "AND name = %1)")
+                            : QStringLiteral("CAST(CAST(to_regclass(%1) AS oid) AS integer)"))
+                           .arg(arg(0));
             return close + 1;
         }
         if (t.IsWord(u"RIGHT") && commas.size() == 1) {

@@ -88,7 +88,7 @@ const std::vector<Golden> kGoldens = {
      "SELECT filename FROM sysdatabases WHERE name='master'",
      "SELECT filename FROM sysdatabases WHERE name='master'"},
     {"SELECT * FROM syscolumns WHERE id = object_id('clientes') AND name='Nombre'",
-     "SELECT * FROM syscolumns WHERE id = (SELECT rowid FROM sqlite_master WHERE type IN ('table', 'view') AND name = 'clientes' COLLATE NOCASE) AND name='Nombre'",
+     "SELECT * FROM syscolumns WHERE id = (SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = 'clientes') AND name='Nombre'",
      "SELECT * FROM syscolumns WHERE id = CAST(CAST(to_regclass('clientes') AS oid) AS integer) AND name='Nombre'"},
     {"SELECT texto, traduccion FROM traducciones WHERE idioma=2 ORDER BY texto",
      "SELECT texto, traduccion FROM traducciones WHERE idioma=2 ORDER BY texto",

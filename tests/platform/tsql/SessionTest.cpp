@@ -718,3 +718,17 @@ TEST_P(SessionTest, IdentityRepairsOfTheRecordCursor) {
     Exec(QStringLiteral("INSERT INTO grupo..facturas(n) VALUES (1)"));
     EXPECT_EQ(m_session->Identity(), 5);
 }
+
+TEST_P(SessionTest, CatalogListsTheLocksTable) {
+    Exec(QStringLiteral("CREATE TABLE locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla "
+                        "NVARCHAR(40), id_zolmar INT)"));
+    EXPECT_EQ(
+        Value(QStringLiteral("SELECT name FROM sysobjects WHERE xtype = 'U' AND name = 'LOCKS'")),
+        QStringLiteral("locks"));
+    EXPECT_EQ(
+        Value(QStringLiteral("SELECT count(*) FROM syscolumns WHERE id = object_id('locks')")),
+        QStringLiteral("3"));
+    EXPECT_EQ(
+        Value(QStringLiteral("SELECT count(*) FROM syscolumns WHERE id = object_id('clientes')")),
+        QStringLiteral("4"));
+}
