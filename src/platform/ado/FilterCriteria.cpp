@@ -2,9 +2,11 @@
 
 #include "platform/ado/AdoErrorTexts.h"
 #include "platform/ado/Fields.h"
+#include "platform/ado/drivers/TextOrder.h"
 
 #include <QDateTime>
 #include <QLocale>
+#include <algorithm>
 
 namespace zlx::ado {
 
@@ -368,6 +370,22 @@ bool LikeMatches(const FilterCriteria::Clause& clause, const QString& cell) {
 
 } // namespace
 
+namespace {
+
+// Equality ignores case; an order puts accented letters next to their base letter, as Sort
+// and the engines' text columns do (ASCII texts, the common case, take the plain way).
+int CompareTexts(FilterCriteria::Operator op, const QString& cell, const QString& value) {
+    const auto ascii = [](const QString& text) {
+        return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+    };
+    if (op == FilterCriteria::Operator::Equal || op == FilterCriteria::Operator::NotEqual ||
+        (ascii(cell) && ascii(value)))
+        return cell.compare(value, Qt::CaseInsensitive);
+    return TextOrder::Compare(cell, value);
+}
+
+} // namespace
+
 bool FilterCriteria::ClauseMatches(const Clause& clause, std::size_t row) const {
     const ColumnStore& column = (*m_columns)[clause.column];
     const bool null = column.IsNull(row);
@@ -377,7 +395,7 @@ bool FilterCriteria::ClauseMatches(const Clause& clause, std::size_t row) const 
     case ColumnStore::Kind::Text: {
         const QString& cell = column.TextAt(row);
         if (clause.op == Operator::Like) return LikeMatches(clause, cell);
-        return Compare(clause.op, cell.compare(clause.text, Qt::CaseInsensitive));
+        return Compare(clause.op, CompareTexts(clause.op, cell, clause.text));
     }
     case ColumnStore::Kind::Other: {
         const Variant cell = column.Get(row);

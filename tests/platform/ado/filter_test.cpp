@@ -154,6 +154,21 @@ TEST(RecordsetSort, AccentedLettersSortNextToTheirBaseLetter) {
     }
 }
 
+TEST(RecordsetFilter, TextOrderPutsAccentedLettersNextToTheirBaseLetter) {
+    Recordset rs;
+    rs.GetFields().Append("nombre", adVarWChar, 40);
+    rs.Open();
+    for (const char* name : {"Álvarez", "Beltrán", "Ñu", "Óscar", "nube"})
+        rs.AddNew(Names({"nombre"}), Values({Variant(QString::fromUtf8(name))}));
+    rs.SetFilter(Variant("nombre >= 'B' AND nombre < 'O'"));
+    QStringList kept;
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext())
+        kept << rs.GetFields().Item("nombre").Value().ToString();
+    EXPECT_EQ(kept, (QStringList{"Beltrán", "Ñu", "nube"}));
+    rs.SetFilter(Variant("nombre = 'ÁLVAREZ'"));
+    EXPECT_EQ(rs.RecordCount(), 1);
+}
+
 TEST(RecordsetFind, SearchesFromTheCurrentRecordInBothDirections) {
     for (bool optimized : {false, true}) {
         auto rs = MakeCustomers();
