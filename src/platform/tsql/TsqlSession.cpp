@@ -204,6 +204,7 @@ TranslationContext TsqlSession::Context() {
     TranslationContext context;
     context.target = EngineTarget();
     context.dayMonthYear = m_dateFormat == u"dmy";
+    context.jetDates = EngineTarget() == Target::SQLite && !QFileInfo(ServerFolder()).isDir();
     context.globalValue = [this](const QString& name) { return GlobalValue(name); };
     context.databaseAlias = [this](const QString& database) { return DatabaseAlias(database); };
     if (context.target == Target::SQLite && QFileInfo(ServerFolder()).isDir())

@@ -117,6 +117,12 @@ private:
         for (size_t i = 0; i < m_t.size(); ++i) {
             if (IsTextColumnType(i)) {
                 CollateWithoutCase(i);
+            } else if (m_t[i].IsWord(u"DEFAULT") && At(i + 1) &&
+                       At(i + 1)->Is(TokenKind::Number, u"0") && IsDateColumnBefore(i)) {
+                // A date column's default 0 is the date numbered 0.
+                m_t[i + 1].kind = TokenKind::String;
+                m_t[i + 1].text = m_context.jetDates ? QStringLiteral("1899-12-30 00:00:00")
+                                                     : QStringLiteral("1900-01-01 00:00:00");
             } else if (m_t[i].IsWord(u"IDENTITY") && SymbolAt(i + 1, u"(")) {
                 const size_t close = Close(i + 1);
                 const QString arguments =
@@ -152,6 +158,17 @@ private:
                 }
             }
         }
+    }
+
+    // Whether the column definition that `i` is part of has a date type.
+    bool IsDateColumnBefore(size_t i) const {
+        for (size_t j = i; j-- > 0;) {
+            if (m_t[j].IsSymbol(u",") || m_t[j].IsSymbol(u"(") || m_t[j].IsWord(u"ADD")) break;
+            if (m_t[j].IsWord(u"DATETIME") || m_t[j].IsWord(u"SMALLDATETIME") ||
+                m_t[j].IsWord(u"DATE"))
+                return true;
+        }
+        return false;
     }
 
     // A text type right after a column's name (not a CAST's type).

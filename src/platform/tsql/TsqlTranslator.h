@@ -19,6 +19,8 @@ enum class Target { SQLite, PostgreSQL };
 struct TranslationContext {
     Target target = Target::SQLite;
     bool dayMonthYear = true; // SET DATEFORMAT dmy
+    // A Jet database file: the date numbered 0 is 1899-12-30 (SQL Server's is 1900-01-01).
+    bool jetDates = false;
     // The literal that stands for a @@ variable ("@@IDENTITY" -> "12"); empty: unsupported.
     std::function<QString(const QString& name)> globalValue;
     // SQLite: the default expression of a column, for "DEFAULT" in VALUES and SET lists.

@@ -732,3 +732,10 @@ TEST_P(SessionTest, CatalogListsTheLocksTable) {
         Value(QStringLiteral("SELECT count(*) FROM syscolumns WHERE id = object_id('clientes')")),
         QStringLiteral("4"));
 }
+
+TEST_P(SessionTest, DateDefaultZeroIsTheFirstOfJanuary1900) {
+    Exec(QStringLiteral("ALTER TABLE clientes ADD Baja DATETIME NOT NULL DEFAULT 0"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Ana')"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes WHERE Baja = '19000101'")),
+              QStringLiteral("1"));
+}

@@ -61,6 +61,22 @@ TEST(TsqlTranslator, GoldenStatementsForPostgres) {
             << golden.tsql;
 }
 
+// A date column's default 0 is the date numbered 0: 1900-01-01 on SQL Server, 1899-12-30 in
+// a Jet file.
+TEST(TsqlTranslator, DateDefaultZeroIsTheDateNumberedZero) {
+    const auto statement = SplitBatch(
+        Tokenize(QStringLiteral("ALTER TABLE t ADD Alta DATETIME NOT NULL DEFAULT 0, n INT "
+                                "DEFAULT 0")));
+    TranslationContext jet = Context(Target::SQLite);
+    jet.jetDates = true;
+    EXPECT_EQ(TsqlTranslator(jet).Translate(statement.front()).sql,
+              "ALTER TABLE t ADD Alta DATETIME NOT NULL DEFAULT '1899-12-30 00:00:00', n INT "
+              "DEFAULT 0");
+    EXPECT_EQ(TsqlTranslator(Context(Target::PostgreSQL)).Translate(statement.front()).sql,
+              "ALTER TABLE t ADD Alta timestamp(3) NOT NULL DEFAULT '1900-01-01 00:00:00', n INT "
+              "DEFAULT 0");
+}
+
 TEST(TsqlTranslator, ExclusiveHintNamesTheTable) {
     const auto statement = SplitBatch(
         Tokenize(QStringLiteral("SELECT * FROM empresa..locks WITH (TABLOCKX) WHERE pid=1")));
