@@ -162,8 +162,14 @@ void cConexion::Close_Connection() {
 void cConexion::DBName(const QString& cName) {
     m_database = cName;
     if (!IsServer() || m_cnBroken) return;
-    if (m_cn) m_cn->DefaultDatabase(cName);
-    if (m_cnXLock) m_cnXLock->DefaultDatabase(cName);
+    // A connection that can no longer switch (closed, or its link lost) keeps the name only;
+    // the next statement reports the state of the link.
+    try {
+        if (m_cn) m_cn->DefaultDatabase(cName);
+        if (m_cnXLock) m_cnXLock->DefaultDatabase(cName);
+    } catch (const ado::AdoError& e) {
+        Log(QStringLiteral("Error Nº %1 en 'DBName': %2").arg(e.Number()).arg(e.Description()));
+    }
 }
 
 void cConexion::SetIdioma(MsgTranslator* oNewIdioma) {

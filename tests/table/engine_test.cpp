@@ -251,3 +251,31 @@ TEST_P(TableOnEngine, ConnectedRowsWriteTheirChangesBack) {
     EXPECT_TRUE(text.GetChunk(10).IsNull());
     EXPECT_THROW(rs->GetFields().Item("ZolmarID").AppendChunk(Variant("1")), ado::AdoError);
 }
+
+// The server ends the query's session while rows arrive: the query fails with its message
+// and the table keeps what it held.
+TEST_P(TableOnEngine, AsynchronousQueryOnAKilledServerSessionFailsCleanly) {
+    if (QString(GetParam()) != "postgres") GTEST_SKIP() << "only a server has sessions to end";
+    const QString numbers = NumbersQuery(5);
+    cDatos table;
+    ASSERT_EQ(table.AsyncQuery("SELECT nombre FROM clientes", m_cn), 2);
+    const long pid = m_cn->Execute("SELECT pg_backend_pid()", zlxExecuteReturn_Value).ToLong();
+    ASSERT_GT(pid, 0);
+    cConexion killer;
+    ASSERT_TRUE(killer.Init(zlxDataProvider_MSDE, {},
+                            "postgres:" + QString::fromUtf8(qgetenv("ZLX_TEST_PG"))));
+    bool killed = false;
+    QObject::connect(&table, &cDatos::QueryInProgress, [&](const QString& message, std::int32_t n) {
+        if (!killed && message == "Recuperando datos..." && n > 0) {
+            killed = true;
+            killer.Execute(QStringLiteral("SELECT pg_terminate_backend(%1)").arg(pid),
+                           zlxExecuteReturn_Value);
+        }
+    });
+    m_messages.Clear();
+    EXPECT_EQ(table.AsyncQuery(numbers, m_cn, true), 0);
+    EXPECT_TRUE(killed);
+    EXPECT_EQ(table.LastError(), zlxDatosError_Err_Consultar);
+    EXPECT_EQ(table.RecCount(), 2);
+    EXPECT_EQ(table.FieldNumber("nombre"), 0);
+}

@@ -109,6 +109,23 @@ TEST(TableFiles, DbfFieldsLoadAsTheirColumnTypes) {
     cDatos missing;
     EXPECT_EQ(missing.LoadFile_DBF(TestScratchPath("nada.dbf")), 0);
     EXPECT_EQ(missing.LastError(), zlxDatosError_Err_LoadDBF);
+
+    // A file cut short in its last record: the read error is reported, the load fails and
+    // the file is left as it was.
+    const QString cut = TestScratchPath("cortado.dbf");
+    QByteArray bytes = FileBytes(path);
+    bytes.chop(30);
+    QFile file(cut);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+    file.close();
+    messages.Clear();
+    cDatos truncated;
+    EXPECT_EQ(truncated.LoadFile_DBF(cut), 0);
+    EXPECT_EQ(truncated.LastError(), zlxDatosError_Err_LoadDBF);
+    ASSERT_FALSE(messages.Messages().empty());
+    EXPECT_EQ(messages.Last().text, "No ha podido leerse el registro del disco.");
+    EXPECT_EQ(FileBytes(cut), bytes);
 }
 
 TEST(TableFiles, DbfRoundTripWritesTheSameBytes) {
