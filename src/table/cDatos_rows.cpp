@@ -343,13 +343,23 @@ Variant cDatos::Sum(const Variant& xCampos, const QString& cFor) {
         else
             CurrentRow(1);
         m_tally = m_rs->IsEOF() ? 0 : 1;
-        while (!m_rs->IsEOF()) {
-            for (std::size_t i = 0; i < columns.size(); ++i)
-                totals[i] = AddCurrency(totals[i], Field_ByColumnNumber(columns[i]).ToCurrency());
-            m_rs->MoveNext();
-            if (!m_rs->IsEOF()) {
-                ++m_currentRow;
-                ++m_tally;
+        // Number columns are added up in their store; any other column row by row.
+        bool added = true;
+        for (std::size_t i = 0; i < columns.size() && added; ++i)
+            added = m_rs->TotalOfVisible(columns[i], totals[i]);
+        if (added) {
+            m_tally = m_rs->RecordCount();
+        } else {
+            totals.assign(columns.size(), Currency{});
+            while (!m_rs->IsEOF()) {
+                for (std::size_t i = 0; i < columns.size(); ++i)
+                    totals[i] =
+                        AddCurrency(totals[i], Field_ByColumnNumber(columns[i]).ToCurrency());
+                m_rs->MoveNext();
+                if (!m_rs->IsEOF()) {
+                    ++m_currentRow;
+                    ++m_tally;
+                }
             }
         }
         if (!cFor.isEmpty()) m_rs->SetFilter(savedFilter);

@@ -180,6 +180,15 @@ TEST(TableRows, SumTotalsColumnsAsCurrency) {
 
     table->InsertRow(Variant("nombre"), Variant("SIN IMPORTE"));
     EXPECT_THROW(table->Sum(Variant("importe")), VariantError);
+
+    // A text column of numbers is added up value by value, as CCur reads each text.
+    auto texts = NumberedTable(0);
+    texts->InsertRow(Variant::Array({"n", "texto"}), Variant::Array({1, "1,5"}));
+    texts->InsertRow(Variant::Array({"n", "texto"}), Variant::Array({2, "2"}));
+    const Variant both2 = texts->Sum(Variant::Array({"n", "texto"}));
+    EXPECT_EQ(both2.ToArray()->At(1).ToCurrency().scaled, 30000);
+    EXPECT_EQ(both2.ToArray()->At(2).ToCurrency().scaled, 35000);
+    EXPECT_EQ(texts->Tally(), 2);
 }
 
 TEST(TableRows, InsertRowFromAnotherTablePairsColumns) {

@@ -230,6 +230,29 @@ Variant ColumnStore::Get(std::size_t row) const {
     return Variant::Null();
 }
 
+bool ColumnStore::CurrencyAt(std::size_t row, Currency& value) const {
+    const bool number = m_kind == Kind::Currency || m_kind == Kind::Decimal ||
+                        (m_kind == Kind::Integer && m_type != adBoolean) ||
+                        (m_kind == Kind::Real && (m_type == adSingle || m_type == adDouble));
+    if (!number) return false;
+    if (m_null[row])
+        throw VariantError(vbErrInvalidUseOfNull, QStringLiteral("Invalid use of Null"));
+    switch (m_kind) {
+    case Kind::Currency:
+        value = Currency{m_ints[row]};
+        break;
+    case Kind::Decimal:
+        value = Currency::FromDecimal(m_decimals[row]);
+        break;
+    case Kind::Integer:
+        value = Variant::FromInt64(m_ints[row]).ToCurrency();
+        break;
+    default:
+        value = Get(row).ToCurrency();
+    }
+    return true;
+}
+
 double ColumnStore::NumberAt(std::size_t row) const {
     switch (m_kind) {
     case Kind::Integer:

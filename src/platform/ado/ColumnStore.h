@@ -34,6 +34,9 @@ public:
 
     // Fast access for the numeric kinds (currency, decimals and dates as their double value).
     double NumberAt(std::size_t row) const;
+    // The value as Currency, as CCur of Get(row) gives it, for the number kinds (not Boolean);
+    // false for the others. Throws VariantError 94 for a Null, 6 on overflow.
+    bool CurrencyAt(std::size_t row, Currency& value) const;
     // Fast access for the text kind.
     const QString& TextAt(std::size_t row) const { return m_texts[row]; }
 

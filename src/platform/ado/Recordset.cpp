@@ -1098,6 +1098,22 @@ void Recordset::Find(const QString& criteria, long skipRecords, SearchDirectionE
     m_pos = found;
 }
 
+bool Recordset::TotalOfVisible(int field, Currency& total) {
+    RequireOpen();
+    FlushEdit();
+    m_fields.Item(field); // 3265 for a bad number
+    const ColumnStore& column = m_columns[field];
+    Currency sum;
+    for (std::uint32_t physical : m_view) {
+        Currency value;
+        if (!column.CurrencyAt(physical, value)) return false;
+        if (__builtin_add_overflow(sum.scaled, value.scaled, &sum.scaled))
+            throw VariantError(vbErrOverflow, QStringLiteral("Overflow"));
+    }
+    total = sum;
+    return true;
+}
+
 Variant Recordset::GetRows(long rows, const Variant& start, const Variant& fields) {
     RequireOpen();
     FlushEdit();

@@ -118,6 +118,11 @@ public:
     void Find(const QString& criteria, long skipRecords = 0,
               SearchDirectionEnum direction = adSearchForward, const Variant& start = Variant());
 
+    // The total of a number field over the visible records, each value taken as Currency;
+    // false (nothing added) when the field does not hold numbers. Throws VariantError 94 for
+    // a Null and 6 on overflow.
+    bool TotalOfVisible(int field, Currency& total);
+
     // GetRows: a (field, row) array from `start` (a bookmark or BookmarkEnum); `fields` is a
     // name, a number or an array of them (Empty: every field).
     Variant GetRows(long rows = adGetRowsRest, const Variant& start = Variant(),
