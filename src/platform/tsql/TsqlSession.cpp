@@ -148,6 +148,7 @@ void TsqlSession::UseDatabase(const QString& database) {
     m_inner->UseDatabase(database);
     m_attached.clear(); // a SQLite reopen drops every attachment
     m_identityColumns.clear();
+    m_textColumns.clear();
     Prepare();
 }
 
@@ -223,6 +224,9 @@ TranslationContext TsqlSession::Context() {
 
 // Whether some table or view of the current database has a text column of that name.
 bool TsqlSession::IsTextColumn(const QString& column) {
+    const QString key = column.toLower();
+    const auto known = m_textColumns.constFind(key);
+    if (known != m_textColumns.constEnd()) return *known;
     const QString sql =
         EngineTarget() == Target::SQLite
             ? QStringLiteral("SELECT count(*) FROM main.sqlite_master m, pragma_table_info(m.name) "
@@ -232,7 +236,9 @@ bool TsqlSession::IsTextColumn(const QString& column) {
                              "= current_schema() AND column_name = lower(%1) AND data_type IN "
                              "('character varying', 'character', 'text')");
     const auto rows = Query(sql.arg(SqlString(column)));
-    return !rows.empty() && rows[0].at(0).ToLong() > 0;
+    const bool text = !rows.empty() && rows[0].at(0).ToLong() > 0;
+    m_textColumns.insert(key, text);
+    return text;
 }
 
 QString TsqlSession::GlobalValue(const QString& name) const {
@@ -349,8 +355,12 @@ void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
 
 void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {
     // Statements that may change a table's columns forget the identity columns known so far.
-    for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"})
-        if (statement.front().IsWord(word)) m_identityColumns.clear();
+    for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"}) {
+        if (statement.front().IsWord(word)) {
+            m_identityColumns.clear();
+            m_textColumns.clear();
+        }
+    }
     if (statement.front().IsWord(u"IF")) {
         RunIf(statement, sink, timeoutSeconds);
         return;

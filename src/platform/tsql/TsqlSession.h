@@ -105,6 +105,7 @@ private:
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};
     QHash<QString, QString> m_identityColumns; // table -> identity column ("" for none)
+    QHash<QString, bool> m_textColumns;        // column name -> some table holds text in it
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;
     std::optional<std::int64_t> m_identity;
