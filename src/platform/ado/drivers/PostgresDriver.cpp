@@ -351,7 +351,8 @@ void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
     case PGRES_EMPTY_QUERY:
         break;
     default:
-        if (batch.inRowset) sink.EndRowset();
+        // A rowset cut short by a failure is not ended: its reader sees the failure instead
+        // of a complete-looking rowset.
         batch.inRowset = false;
         if (!batch.failure) RecordFailure(result);
         break;
