@@ -8,6 +8,7 @@
 #include "platform/ado/drivers/TextOrder.h"
 
 #include <QFile>
+#include <QHash>
 #include <algorithm>
 #include <array>
 #include <cctype>
@@ -57,8 +58,23 @@ struct FoldedTexts {
     }
 };
 
+// The key of a text with accents: its base letters, then (after a NUL that sorts below every
+// letter) the folded text, so that accented letters sort next to their base letter. Keys are
+// remembered for repeated texts (a column of few values repeats them a great deal).
+const std::string& AccentedKey(const QString& text, QHash<QString, std::string>& known) {
+    constexpr qsizetype kMostKept = 65536;
+    if (const auto found = known.constFind(text); found != known.constEnd()) return *found;
+    const QString caseless = text.toCaseFolded();
+    std::string key = TextOrder::BaseLetters(caseless).toStdString();
+    key.push_back('\0');
+    key += caseless.toStdString();
+    if (known.size() >= kMostKept) known.clear();
+    return *known.insert(text, std::move(key));
+}
+
 FoldedTexts FoldTexts(const ColumnStore& column) {
     FoldedTexts folded;
+    QHash<QString, std::string> accentedKeys;
     folded.start.reserve(column.Size() + 1);
     for (std::size_t r = 0; r < column.Size(); ++r) {
         folded.start.push_back(static_cast<std::uint32_t>(folded.bytes.size()));
@@ -70,12 +86,7 @@ FoldedTexts FoldTexts(const ColumnStore& column) {
             for (QChar c : text)
                 folded.bytes.push_back(static_cast<char>(std::tolower(c.unicode())));
         } else {
-            // Base letters first, then (after a NUL that sorts below every letter) the
-            // folded text: accented letters sort next to their base letter.
-            const QString caseless = text.toCaseFolded();
-            folded.bytes += TextOrder::BaseLetters(caseless).toStdString();
-            folded.bytes.push_back('\0');
-            folded.bytes += caseless.toStdString();
+            folded.bytes += AccentedKey(text, accentedKeys);
         }
     }
     folded.start.push_back(static_cast<std::uint32_t>(folded.bytes.size()));
@@ -112,31 +123,39 @@ bool RanksOfFewValues(const FoldedTexts& folded, const ColumnStore& column,
     return true;
 }
 
-// Ranks of a column of many distinct values: the rows sorted on an 8-byte prefix of their
-// folded text, the whole text breaking ties.
+// Ranks of a column of many distinct values: the rows sorted on a 16-byte prefix of their
+// folded text (texts often share a first word), the whole text breaking ties.
 void RanksOfManyValues(const FoldedTexts& folded, const ColumnStore& column,
                        std::vector<std::uint32_t>& rowRank) {
     struct Item {
-        std::uint64_t prefix;
+        std::uint64_t high;
+        std::uint64_t low;
         std::uint32_t row;
+        bool SamePrefix(const Item& other) const { return high == other.high && low == other.low; }
+        bool PrefixBefore(const Item& other) const {
+            return high != other.high ? high < other.high : low < other.low;
+        }
+    };
+    const auto bytesFrom = [](std::string_view text, std::size_t from) {
+        std::uint64_t value = 0;
+        for (std::size_t i = from; i < from + 8; ++i)
+            value = (value << 8) | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+        return value;
     };
     std::vector<Item> items;
     items.reserve(column.Size());
     for (std::size_t r = 0; r < column.Size(); ++r) {
         if (column.IsNull(r)) continue;
         const std::string_view text = folded.At(r);
-        std::uint64_t prefix = 0;
-        for (std::size_t i = 0; i < 8; ++i)
-            prefix = (prefix << 8) | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
-        items.push_back({prefix, static_cast<std::uint32_t>(r)});
+        items.push_back({bytesFrom(text, 0), bytesFrom(text, 8), static_cast<std::uint32_t>(r)});
     }
     std::sort(items.begin(), items.end(), [&](const Item& a, const Item& b) {
-        if (a.prefix != b.prefix) return a.prefix < b.prefix;
+        if (!a.SamePrefix(b)) return a.PrefixBefore(b);
         return folded.At(a.row) < folded.At(b.row);
     });
     std::uint32_t current = 0;
     for (std::size_t i = 0; i < items.size(); ++i) {
-        if (i > 0 && (items[i].prefix != items[i - 1].prefix ||
+        if (i > 0 && (!items[i].SamePrefix(items[i - 1]) ||
                       folded.At(items[i].row) != folded.At(items[i - 1].row)))
             ++current;
         rowRank[items[i].row] = current;
