@@ -68,7 +68,8 @@ QString cIdioma::Msg(const QString& cTexto, const QString& cClave) {
     QString result = cTexto;
     if (m_dictionary &&
         m_dictionary->Locate(QStringLiteral("texto=") + SqlText::PonComillas(Variant(text))) > 0) {
-        const QString translation = m_dictionary->Field(QStringLiteral("traduccion")).ToString();
+        const Variant found = m_dictionary->Field(QStringLiteral("traduccion"));
+        const QString translation = found.IsNull() ? QString() : found.ToString();
         if (!translation.isEmpty()) {
             m_busy = false;
             return translation;
@@ -105,7 +106,8 @@ QString cIdioma::Learn(const QString& text, const QString& cClave) {
     if (const VariantArrayPtr found = rows.ToArray(); found && found->Size() > 0) {
         const std::int32_t row = found->LBound(2);
         const std::int32_t column = found->LBound(1);
-        if (!cClave.isEmpty() && found->At(column + 1, row).ToString() != text) {
+        const Variant stored = found->At(column + 1, row);
+        if (!cClave.isEmpty() && (stored.IsNull() || stored.ToString() != text)) {
             m_conexion->Execute(QStringLiteral("UPDATE ") + m_table +
                                 QStringLiteral(" SET texto = ") + quoted +
                                 QStringLiteral(", revisar = 1 WHERE zolmarID=") +

@@ -121,6 +121,11 @@ TEST_P(Dictionary, LearningModeRecordsUnknownTextsAndFlagsChangedOnes) {
     idioma.Msg(QString(500, u'y'));
     EXPECT_EQ(Count("texto LIKE 'yyyy%'"), 1);
 
+    // A learnt text has no translation yet (Null): a dictionary loaded now passes it over.
+    cIdioma reloaded;
+    reloaded.Init(m_cn, zlxIdiomaIngles, m_database);
+    EXPECT_EQ(reloaded.Msg("Albarán"), "Albarán");
+
     // A text learnt after the dictionary was loaded is found in the table.
     Run("UPDATE idioma SET traduccion = 'Delivery note' WHERE texto = 'Albarán'");
     EXPECT_EQ(idioma.Msg("Albarán"), "Delivery note");
