@@ -66,7 +66,6 @@ public:
     void Init(cConexionPtr oConexionExistente = nullptr,
               ado::RecordsetPtr oRecordSetExistente = nullptr);
     ado::RecordsetPtr Get_RS() const { return m_rs; }
-    cConexionPtr Conexion() const { return m_conexion; }
     void BeginDefineColumns();
     void AddColumn(const QString& cName = {}, std::int32_t nType = 7, std::int32_t nSize = 0,
                    std::int32_t nDecimales = 0, std::int32_t nAttrib = -1);

@@ -42,16 +42,6 @@ struct DisplayRequest {
     bool descending = false;
 };
 
-class DisplayFailure : public std::runtime_error {
-public:
-    explicit DisplayFailure(std::int32_t number)
-        : std::runtime_error("display failure"), m_number(number) {}
-    std::int32_t Number() const { return m_number; }
-
-private:
-    std::int32_t m_number;
-};
-
 // The kinds that a listing right-aligns.
 bool ListedAsNumber(const Variant& value) {
     switch (value.VarType()) {
@@ -153,9 +143,9 @@ void WriteListingFile(const QString& text, const DisplayRequest& request) {
     const QIODevice::OpenMode mode = (request.flags & zlxDatosShow_Flag_CreateNewFile)
                                          ? QIODevice::WriteOnly | QIODevice::Truncate
                                          : QIODevice::WriteOnly | QIODevice::Append;
-    if (!file.open(mode)) throw DisplayFailure(kFileAccessError);
     const QByteArray bytes = Cp1252::Encode(text);
-    if (file.write(bytes) != bytes.size()) throw DisplayFailure(kFileAccessError);
+    if (!file.open(mode) || file.write(bytes) != bytes.size())
+        throw VariantError(kFileAccessError, QStringLiteral("Path/File access error"));
     file.close();
     if (request.flags & zlxDatosShow_Flag_RunNotePad) OpenInEditor(path);
 }
@@ -261,15 +251,7 @@ Variant ShowTable(cDatos& table, const DisplayRequest& request) {
             break;
         }
     } catch (...) {
-        const std::int32_t number = [] {
-            try {
-                throw;
-            } catch (const DisplayFailure& failure) {
-                return failure.Number();
-            } catch (...) {
-                return CurrentFailure().number;
-            }
-        }();
+        const std::int32_t number = CurrentFailure().number;
         cMsgBox box;
         box.SetIcon(MsgIconError);
         box.ShowMessage(QStringLiteral("Se ha producido un error # ") + QString::number(number) +

@@ -1,38 +1,24 @@
 #include "QtPrinters.h"
+#include "ServerDatabaseTest.h"
 #include "WidgetsApplication.h"
 #include "connection/cConexion.h"
 #include "language/cIdioma.h"
-#include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/cMsgBox.h"
 
-#include <QTemporaryDir>
 #include <QWidget>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace zlx;
 
 namespace {
 
 // The translation table of a database on the embedded server folder and on PostgreSQL.
-class Dictionary : public ::testing::TestWithParam<const char*> {
+class Dictionary : public test::ServerDatabaseTest {
 protected:
+    Dictionary() : ServerDatabaseTest("dicc") {}
     void SetUp() override {
-        QString server = "sqlite:" + m_dir.path();
-        if (QString(GetParam()) == "postgres") {
-            const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
-            if (conninfo.isEmpty()) {
-                if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
-                GTEST_SKIP() << "no PostgreSQL server";
-            }
-            server = "postgres:" + QString::fromUtf8(conninfo);
-        }
-        m_database = QStringLiteral("dicc%1").arg(getpid());
-        ASSERT_TRUE(m_cn->Init(zlxDataProvider_MSDE, {}, server));
-        m_cn->Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + m_database +
-                      "') DROP DATABASE " + m_database);
-        ASSERT_TRUE(m_cn->Execute("CREATE DATABASE " + m_database).ToBool());
-        m_cn->DBName(m_database);
+        ServerDatabaseTest::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
         Run("CREATE TABLE idioma (ZolmarID INT NOT NULL IDENTITY(1,1), clave VARCHAR(30), idioma "
             "INT, texto VARCHAR(500), traduccion VARCHAR(500), revisar INT)");
         Run("INSERT INTO idioma (clave, idioma, texto, traduccion) VALUES ('', 5, 'Guardar', "
@@ -45,26 +31,10 @@ protected:
         Run("INSERT INTO idioma (clave, idioma, texto, traduccion) VALUES ('', 5, 'Cliente', "
             "'Customer')");
     }
-    void TearDown() override {
-        if (m_cn->cn() && m_cn->cn()->State() == 1) {
-            m_cn->DBName("master");
-            m_cn->Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
-        }
-    }
-    void Run(const QString& sql) {
-        m_cn->Execute(sql);
-        ASSERT_EQ(m_cn->GetLastError(), 0) << sql.toStdString();
-    }
     long Count(const QString& where) {
         return m_cn->Execute("SELECT count(*) FROM idioma WHERE " + where, zlxExecuteReturn_Value)
             .ToLong();
     }
-
-    QTemporaryDir m_dir;
-    RecordingMsgPresenter m_messages;
-    ScopedMsgPresenter m_scope{m_messages};
-    QString m_database;
-    cConexionPtr m_cn = std::make_shared<cConexion>();
 };
 
 } // namespace
@@ -175,5 +145,4 @@ TEST_P(Dictionary, FormStringsTranslateTheFormAndItsControls) {
     EXPECT_FALSE(bare.property("Caption").isValid());
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, Dictionary, ::testing::Values("sqlite", "postgres"),
-                         [](const auto& info) { return std::string(info.param); });
+ZLX_ON_SERVER_ENGINES(Dictionary);

@@ -1,10 +1,8 @@
 #include "QtPrinters.h"
+#include "ServerDatabaseTest.h"
 #include "TableTestData.h"
-#include "platform/companion/RecordingMsgPresenter.h"
 
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 using namespace zlx;
 using namespace zlx::test;
@@ -12,24 +10,12 @@ using namespace zlx::test;
 namespace {
 
 // Tables loaded from a connection, on the embedded server folder and on PostgreSQL.
-class TableOnEngine : public ::testing::TestWithParam<const char*> {
+class TableOnEngine : public ServerDatabaseTest {
 protected:
+    TableOnEngine() : ServerDatabaseTest("tabla") {}
     void SetUp() override {
-        QString server = "sqlite:" + m_dir.path();
-        if (QString(GetParam()) == "postgres") {
-            const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
-            if (conninfo.isEmpty()) {
-                if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
-                GTEST_SKIP() << "no PostgreSQL server";
-            }
-            server = "postgres:" + QString::fromUtf8(conninfo);
-        }
-        m_database = QStringLiteral("tabla%1").arg(getpid());
-        ASSERT_TRUE(m_cn->Init(zlxDataProvider_MSDE, {}, server));
-        m_cn->Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + m_database +
-                      "') DROP DATABASE " + m_database);
-        ASSERT_TRUE(m_cn->Execute("CREATE DATABASE " + m_database).ToBool());
-        m_cn->DBName(m_database);
+        ServerDatabaseTest::SetUp();
+        if (IsSkipped() || HasFatalFailure()) return;
         Run("CREATE TABLE clientes (ZolmarID INT NOT NULL IDENTITY(1,1), nombre VARCHAR(30), "
             "saldo MONEY, alta DATETIME, puntos INT)");
         Run("INSERT INTO clientes (nombre, saldo, alta, puntos) VALUES ('Ana', 10.5, "
@@ -37,16 +23,6 @@ protected:
         Run("INSERT INTO clientes (nombre, saldo, alta, puntos) VALUES ('Luis', NULL, "
             "'20240302 10:30:00', 3)");
         ASSERT_TRUE(m_messages.Messages().empty()) << m_messages.Last().text.toStdString();
-    }
-    void TearDown() override {
-        if (m_cn->cn() && m_cn->cn()->State() == 1) {
-            m_cn->DBName("master");
-            m_cn->Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
-        }
-    }
-    void Run(const QString& sql) {
-        m_cn->Execute(sql);
-        ASSERT_EQ(m_cn->GetLastError(), 0) << sql.toStdString();
     }
     // Ten digits in d and two in d2: their cross product numbers `rows` rows from 0.
     QString NumbersQuery(int digits) {
@@ -64,12 +40,6 @@ protected:
         }
         return select + "AS n, 'fila' AS texto" + from;
     }
-
-    QTemporaryDir m_dir;
-    RecordingMsgPresenter m_messages;
-    ScopedMsgPresenter m_scope{m_messages};
-    QString m_database;
-    cConexionPtr m_cn = std::make_shared<cConexion>();
 };
 
 std::shared_ptr<cDatos> TableOf(const Variant& result) {
@@ -90,9 +60,8 @@ TEST_P(TableOnEngine, ExecuteAnswersTablesInThreeWays) {
         EXPECT_EQ(table->CurrentRow(), 1);
         EXPECT_EQ(table->Field("nombre").ToString(), "Ana");
         // MONEY is numeric(19,4) on PostgreSQL.
-        EXPECT_EQ(table->ColumnInfo(1).nType, QString(GetParam()) == "postgres"
-                                                  ? zlxTblColumnTypeDecimal
-                                                  : zlxTblColumnTypeCurrency);
+        EXPECT_EQ(table->ColumnInfo(1).nType,
+                  Postgres() ? zlxTblColumnTypeDecimal : zlxTblColumnTypeCurrency);
         EXPECT_EQ(table->DataCell("alta", 2).ToDate(), MakeDate(2024, 3, 2, 10, 30, 0));
         EXPECT_TRUE(table->DataCell("saldo", 2).IsNull());
         EXPECT_EQ(table->Get_RS()->ActiveConnection() != nullptr,
@@ -175,7 +144,7 @@ TEST_P(TableOnEngine, AsynchronousQueryReportsProgressAndCanBeCancelled) {
                              partial.CancelAsyncQuery();
                      });
     const std::int32_t fetched = partial.AsyncQuery(numbers, m_cn);
-    if (QString(GetParam()) == "postgres") {
+    if (Postgres()) {
         EXPECT_LT(fetched, 0);
         EXPECT_LT(partial.RecCount(), 200000);
     }
@@ -209,8 +178,7 @@ TEST_P(TableOnEngine, AsynchronousQueryCancelledOrFailedKeepsThePreviousRows) {
     EXPECT_TRUE(m_messages.Messages().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, TableOnEngine, ::testing::Values("sqlite", "postgres"),
-                         [](const auto& info) { return std::string(info.param); });
+ZLX_ON_SERVER_ENGINES(TableOnEngine);
 
 // A connected table (and a keyset recordset) writes its changes to the table by key.
 TEST_P(TableOnEngine, ConnectedRowsWriteTheirChangesBack) {
@@ -254,8 +222,10 @@ TEST_P(TableOnEngine, ConnectedRowsWriteTheirChangesBack) {
 
 // The server ends the query's session while rows arrive: the query fails with its message
 // and the table keeps what it held.
-TEST_P(TableOnEngine, AsynchronousQueryOnAKilledServerSessionFailsCleanly) {
-    if (QString(GetParam()) != "postgres") GTEST_SKIP() << "only a server has sessions to end";
+// Only a server has sessions that another connection can end.
+class TableOnServer : public TableOnEngine {};
+
+TEST_P(TableOnServer, AsynchronousQueryOnAKilledServerSessionFailsCleanly) {
     const QString numbers = NumbersQuery(5);
     cDatos table;
     ASSERT_EQ(table.AsyncQuery("SELECT nombre FROM clientes", m_cn), 2);
@@ -279,3 +249,6 @@ TEST_P(TableOnEngine, AsynchronousQueryOnAKilledServerSessionFailsCleanly) {
     EXPECT_EQ(table.RecCount(), 2);
     EXPECT_EQ(table.FieldNumber("nombre"), 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Engines, TableOnServer, ::testing::Values("postgres"),
+                         zlx::test::ServerEngineName);

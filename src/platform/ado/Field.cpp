@@ -39,6 +39,34 @@ bool IsFixedSize(DataTypeEnum type) {
            type != adLongVarBinary && type != adBinary && type != adVariant;
 }
 
+// Text pieces are strings; binary pieces are Byte arrays.
+Variant Concatenated(const Variant& head, const Variant& tail) {
+    if (head.IsNull() || head.IsEmpty()) return tail;
+    if (head.IsArray() || tail.IsArray()) {
+        std::vector<Variant> bytes;
+        for (const Variant& part : {head, tail}) {
+            if (const VariantArrayPtr array = part.ToArray())
+                bytes.insert(bytes.end(), array->Data().begin(), array->Data().end());
+            else
+                RaiseAdoError(adErrDataConversion);
+        }
+        return Variant::Array(std::move(bytes));
+    }
+    return Variant(head.ToString() + tail.ToString());
+}
+
+Variant Piece(const Variant& value, std::int32_t from, std::int32_t length) {
+    if (const VariantArrayPtr array = value.ToArray()) {
+        const auto& data = array->Data();
+        const auto begin = data.begin() + std::min<std::size_t>(from, data.size());
+        const auto end =
+            data.begin() + std::min<std::size_t>(std::size_t(from) + length, data.size());
+        return begin == end ? Variant::Null() : Variant::Array(std::vector<Variant>(begin, end));
+    }
+    const QString text = value.ToString();
+    return from >= text.size() ? Variant::Null() : Variant(text.mid(from, length));
+}
+
 } // namespace
 
 Field::Field(Recordset& owner, int index, FieldDefinition definition)
@@ -96,38 +124,6 @@ std::int32_t Field::ActualSize() const {
     }
     return m_def.definedSize;
 }
-
-namespace {
-
-// Text pieces are strings; binary pieces are Byte arrays.
-Variant Concatenated(const Variant& head, const Variant& tail) {
-    if (head.IsNull() || head.IsEmpty()) return tail;
-    if (head.IsArray() || tail.IsArray()) {
-        std::vector<Variant> bytes;
-        for (const Variant& part : {head, tail}) {
-            if (const VariantArrayPtr array = part.ToArray())
-                bytes.insert(bytes.end(), array->Data().begin(), array->Data().end());
-            else
-                RaiseAdoError(adErrDataConversion);
-        }
-        return Variant::Array(std::move(bytes));
-    }
-    return Variant(head.ToString() + tail.ToString());
-}
-
-Variant Piece(const Variant& value, std::int32_t from, std::int32_t length) {
-    if (const VariantArrayPtr array = value.ToArray()) {
-        const auto& data = array->Data();
-        const auto begin = data.begin() + std::min<std::size_t>(from, data.size());
-        const auto end =
-            data.begin() + std::min<std::size_t>(std::size_t(from) + length, data.size());
-        return begin == end ? Variant::Null() : Variant::Array(std::vector<Variant>(begin, end));
-    }
-    const QString text = value.ToString();
-    return from >= text.size() ? Variant::Null() : Variant(text.mid(from, length));
-}
-
-} // namespace
 
 void Field::AppendChunk(const Variant& data) {
     if (!(m_def.attributes & adFldLong)) RaiseAdoError(adErrFeatureNotAvailable);
