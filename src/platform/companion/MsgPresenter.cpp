@@ -22,24 +22,21 @@ public:
 };
 
 ConsolePresenter g_console;
-MsgPresenter* g_installed = nullptr;
-MsgPresenter* g_default = nullptr;
+// Constant-initialised: other libraries register their defaults while the program loads.
+constinit PresenterSlot<MsgPresenter> g_slot(g_console);
 
 } // namespace
 
 MsgPresenter& CurrentMsgPresenter() {
-    if (g_installed) return *g_installed;
-    return g_default ? *g_default : g_console;
+    return g_slot.Current();
 }
 
 MsgPresenter* InstallMsgPresenter(MsgPresenter* presenter) {
-    MsgPresenter* previous = g_installed;
-    g_installed = presenter;
-    return previous;
+    return g_slot.Install(presenter);
 }
 
 void RegisterDefaultMsgPresenter(MsgPresenter* presenter) {
-    g_default = presenter;
+    g_slot.RegisterDefault(presenter);
 }
 
 MsgPresenter& ConsoleMsgPresenter() {

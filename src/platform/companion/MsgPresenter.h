@@ -2,6 +2,8 @@
 // Every message box of the library goes through one presenter: a Qt dialog in programs with
 // a user interface, a recording presenter in tests, the console otherwise.
 
+#include "platform/companion/PresenterSlot.h"
+
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -62,17 +64,7 @@ void RegisterDefaultMsgPresenter(MsgPresenter* presenter);
 MsgPresenter& ConsoleMsgPresenter();
 
 // Installs a presenter for the lifetime of this object.
-class ScopedMsgPresenter {
-public:
-    explicit ScopedMsgPresenter(MsgPresenter& presenter)
-        : m_previous(InstallMsgPresenter(&presenter)) {}
-    ~ScopedMsgPresenter() { InstallMsgPresenter(m_previous); }
-    ScopedMsgPresenter(const ScopedMsgPresenter&) = delete;
-    ScopedMsgPresenter& operator=(const ScopedMsgPresenter&) = delete;
-
-private:
-    MsgPresenter* m_previous;
-};
+using ScopedMsgPresenter = ScopedPresenter<MsgPresenter, &InstallMsgPresenter>;
 
 // Turns the library's markup into plain text: "<BR>" becomes a line break, tags go away.
 QString MsgMarkupToPlainText(const QString& text);

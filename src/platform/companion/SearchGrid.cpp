@@ -16,24 +16,21 @@ public:
 };
 
 ConsolePresenter g_console;
-SearchGridPresenter* g_installed = nullptr;
-SearchGridPresenter* g_default = nullptr;
+// Constant-initialised: other libraries register their defaults while the program loads.
+constinit PresenterSlot<SearchGridPresenter> g_slot(g_console);
 
 } // namespace
 
 SearchGridPresenter& CurrentSearchGridPresenter() {
-    if (g_installed) return *g_installed;
-    return g_default ? *g_default : g_console;
+    return g_slot.Current();
 }
 
 SearchGridPresenter* InstallSearchGridPresenter(SearchGridPresenter* presenter) {
-    SearchGridPresenter* previous = g_installed;
-    g_installed = presenter;
-    return previous;
+    return g_slot.Install(presenter);
 }
 
 void RegisterDefaultSearchGridPresenter(SearchGridPresenter* presenter) {
-    g_default = presenter;
+    g_slot.RegisterDefault(presenter);
 }
 
 SearchGridPresenter& ConsoleSearchGridPresenter() {

@@ -4,6 +4,7 @@
 // the widgets are linked and an application object exists, a scripted presenter in tests,
 // the console otherwise.
 
+#include "platform/companion/PresenterSlot.h"
 #include "platform/companion/cMatriz.h"
 
 #include <QStringList>
@@ -46,16 +47,6 @@ void RegisterDefaultSearchGridPresenter(SearchGridPresenter* presenter);
 SearchGridPresenter& ConsoleSearchGridPresenter();
 
 // Installs a presenter for the lifetime of this object.
-class ScopedSearchGridPresenter {
-public:
-    explicit ScopedSearchGridPresenter(SearchGridPresenter& presenter)
-        : m_previous(InstallSearchGridPresenter(&presenter)) {}
-    ~ScopedSearchGridPresenter() { InstallSearchGridPresenter(m_previous); }
-    ScopedSearchGridPresenter(const ScopedSearchGridPresenter&) = delete;
-    ScopedSearchGridPresenter& operator=(const ScopedSearchGridPresenter&) = delete;
-
-private:
-    SearchGridPresenter* m_previous;
-};
+using ScopedSearchGridPresenter = ScopedPresenter<SearchGridPresenter, &InstallSearchGridPresenter>;
 
 } // namespace zlx
