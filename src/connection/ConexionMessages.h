@@ -2,7 +2,7 @@
 // The texts with which the connection reports failures: the composed error message, the
 // listing of the server's messages and the log lines of the native-code checks.
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 
 #include <QString>
 #include <functional>

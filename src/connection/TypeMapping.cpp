@@ -1,6 +1,6 @@
 #include "connection/TypeMapping.h"
 
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 
 namespace zlx::TypeMapping {
 

@@ -1,6 +1,6 @@
 #include "table/DatosFailure.h"
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/variant/Variant.h"
 
 #include <exception>

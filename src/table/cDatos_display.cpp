@@ -3,7 +3,7 @@
 
 #include "connection/TypeMapping.h"
 #include "dbf/Cp1252.h"
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/companion/SearchGrid.h"
 #include "table/DatosFailure.h"
 #include "table/cDatos.h"

@@ -1,6 +1,6 @@
 #include "platform/ado/AdoErrorTexts.h"
 
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 
 namespace zlx::ado {
 

@@ -1,8 +1,8 @@
 #pragma once
 // ADO's own descriptions for its error numbers, so that raised errors read as ADO's do.
 
-#include "platform/ado/AdoConstants.h"
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoConstants.h"
+#include "platform/engines/AdoError.h"
 
 #include <QString>
 #include <cstdint>

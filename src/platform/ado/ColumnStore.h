@@ -3,7 +3,7 @@
 // arrays, decimals with a double copy for fast comparison, texts as QStrings, and everything
 // else (binary, variants) as Variants, with one null flag per row.
 
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/variant/Variant.h"
 
 #include <QString>

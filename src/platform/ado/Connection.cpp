@@ -1,9 +1,9 @@
 #include "platform/ado/Connection.h"
 
 #include "platform/ado/AdoErrorTexts.h"
-#include "platform/ado/drivers/OdbcDriver.h"
-#include "platform/ado/drivers/PostgresDriver.h"
-#include "platform/ado/drivers/SqliteDriver.h"
+#include "platform/engines/OdbcDriver.h"
+#include "platform/engines/PostgresDriver.h"
+#include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/TsqlSession.h"
 
 namespace zlx::ado {

@@ -5,7 +5,7 @@
 #include "platform/ado/ConnectionString.h"
 #include "platform/ado/Errors.h"
 #include "platform/ado/Recordset.h"
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 
 #include <QObject>
 #include <QTimer>

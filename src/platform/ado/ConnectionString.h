@@ -2,7 +2,7 @@
 // An ADO connection string ("Provider=...;Server=...;Database=...") read into its pairs,
 // and the engine that serves it.
 
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 
 #include <QString>
 #include <utility>

@@ -1,7 +1,7 @@
 #pragma once
 // Connection.Errors: the provider's error records of the last operation that failed.
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 
 #include <vector>
 

@@ -3,7 +3,7 @@
 // properties ("Optimize" builds an index used by Find and Filter) and the value it holds on
 // the recordset's current record.
 
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/ado/Properties.h"
 #include "platform/variant/Variant.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/ado/AdoErrorTexts.h"
 #include "platform/ado/Fields.h"
-#include "platform/ado/drivers/TextOrder.h"
+#include "platform/engines/TextOrder.h"
 
 #include <QDateTime>
 #include <QLocale>

@@ -1,6 +1,6 @@
 #include "platform/ado/Properties.h"
 
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/ado/AdoErrorTexts.h"
 
 namespace zlx::ado {

@@ -5,7 +5,7 @@
 #include "platform/ado/RecordsetBuilder.h"
 #include "platform/ado/RecordsetWriter.h"
 #include "platform/ado/RecordsetXml.h"
-#include "platform/ado/drivers/TextOrder.h"
+#include "platform/engines/TextOrder.h"
 
 #include <QFile>
 #include <QHash>

@@ -3,12 +3,12 @@
 // editing, Filter / Sort / Find, bookmarks, GetRows, XML persistence and a batch's further
 // rowsets (NextRecordset). Errors are AdoError with ADO's numbers.
 
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/ado/ColumnStore.h"
 #include "platform/ado/Fields.h"
 #include "platform/ado/FilterCriteria.h"
 #include "platform/ado/Properties.h"
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 #include "platform/variant/Variant.h"
 
 #include <QObject>

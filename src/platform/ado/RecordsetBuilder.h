@@ -3,7 +3,7 @@
 // target, each further one into a recordset queued for NextRecordset. Emits FetchProgress
 // every 1,000 rows, honours MaxRecords and stops at Cancel keeping the rows fetched so far.
 
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 
 #include <cstdint>
 #include <memory>

@@ -2,7 +2,7 @@
 // Gives an engine's error the native number and SQLSTATE that SQL Server would report, so
 // that the library's checks (deadlock, duplicate key, missing table...) work on any engine.
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/tsql/TsqlTranslator.h"
 
 namespace zlx::tsql {

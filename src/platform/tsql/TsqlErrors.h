@@ -1,7 +1,7 @@
 #pragma once
 // Errors raised by the T-SQL layer itself, numbered as SQL Server's provider numbers them.
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 
 namespace zlx::tsql {
 

@@ -1,6 +1,6 @@
 #include "platform/tsql/TsqlSession.h"
 
-#include "platform/ado/drivers/DriverErrors.h"
+#include "platform/engines/DriverErrors.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/EngineErrorMap.h"
 #include "platform/tsql/SqliteTableRebuild.h"

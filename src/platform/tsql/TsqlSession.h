@@ -4,8 +4,8 @@
 // @@ROWCOUNT, @@TRANCOUNT, SET options), answers the session statements itself and runs
 // the rest, translated, on the engine; results reach the sink as SQL Server sends them.
 
-#include "platform/ado/drivers/Driver.h"
-#include "platform/ado/drivers/WorkerExecution.h"
+#include "platform/engines/Driver.h"
+#include "platform/engines/WorkerExecution.h"
 #include "platform/tsql/SqliteTableRebuild.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/tsql/TsqlTranslator.h"

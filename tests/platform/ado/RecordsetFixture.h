@@ -1,7 +1,7 @@
 #pragma once
 // A small connectionless customer table shared by the recordset tests.
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/ado/AdoErrorTexts.h"
 #include "platform/ado/Recordset.h"
 

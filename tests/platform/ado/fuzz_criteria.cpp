@@ -1,6 +1,6 @@
 // libFuzzer target: arbitrary Filter criteria against a small recordset.
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/ado/Recordset.h"
 
 #include <cstddef>

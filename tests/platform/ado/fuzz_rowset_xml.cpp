@@ -1,6 +1,6 @@
 // libFuzzer target: arbitrary bytes read as an XML rowset file.
 
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/ado/Recordset.h"
 #include "platform/ado/RecordsetXml.h"
 

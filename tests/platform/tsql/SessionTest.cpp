@@ -1,8 +1,8 @@
 // The T-SQL session on a real engine: what SQL Server would answer, statement by statement.
 #include "GoldenCorpus.h"
 #include "QtPrinters.h"
-#include "platform/ado/drivers/PostgresDriver.h"
-#include "platform/ado/drivers/SqliteDriver.h"
+#include "platform/engines/PostgresDriver.h"
+#include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/TsqlSession.h"
 
 #include <QDir>

@@ -1,5 +1,5 @@
 #include "QtPrinters.h"
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/TsqlTokenizer.h"
 

@@ -1,6 +1,6 @@
 #include "GoldenCorpus.h"
 #include "QtPrinters.h"
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TsqlTranslator.h"

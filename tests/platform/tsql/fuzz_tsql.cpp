@@ -1,6 +1,6 @@
 // Feeds arbitrary text through the tokenizer, the splitter and both translations: any
 // outcome but a clean result or an AdoError is a fault.
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TsqlTranslator.h"

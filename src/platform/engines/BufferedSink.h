@@ -2,7 +2,7 @@
 // A ResultSink that records what a worker thread produces so that the caller's thread can
 // replay it later, in order, into the real sink.
 
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 
 #include <deque>
 #include <mutex>

@@ -2,8 +2,8 @@
 // The embedded engine: SQLite through its C API. Either a "server" folder where database X
 // is the file <folder>/X.sqlite (master.sqlite made on first connect), or one database file.
 
-#include "platform/ado/drivers/Driver.h"
-#include "platform/ado/drivers/WorkerExecution.h"
+#include "platform/engines/Driver.h"
+#include "platform/engines/WorkerExecution.h"
 
 #include <atomic>
 

@@ -2,7 +2,7 @@
 // A value an engine sent as text ("123.45", "t", "2024-03-15 10:20:30") turned into the
 // Variant kind ADO gives for the column's type.
 
-#include "platform/ado/AdoConstants.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/variant/Variant.h"
 
 namespace zlx::ado {

@@ -1,4 +1,4 @@
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoError.h"
 
 namespace zlx::ado {
 

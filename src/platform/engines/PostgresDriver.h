@@ -2,7 +2,7 @@
 // PostgreSQL through libpq's asynchronous API. A SQL Server database X is the schema x of
 // the PostgreSQL database named in the conninfo; the default database is the search_path.
 
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 
 #include <atomic>
 #include <memory>

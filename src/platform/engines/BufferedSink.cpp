@@ -1,4 +1,4 @@
-#include "platform/ado/drivers/BufferedSink.h"
+#include "platform/engines/BufferedSink.h"
 
 namespace zlx::ado {
 

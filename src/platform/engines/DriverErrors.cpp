@@ -1,4 +1,4 @@
-#include "platform/ado/drivers/DriverErrors.h"
+#include "platform/engines/DriverErrors.h"
 
 namespace zlx::ado {
 

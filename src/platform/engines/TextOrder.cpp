@@ -1,4 +1,4 @@
-#include "platform/ado/drivers/TextOrder.h"
+#include "platform/engines/TextOrder.h"
 
 namespace zlx::ado::TextOrder {
 

@@ -1,6 +1,6 @@
-#include "platform/ado/drivers/SqliteText.h"
+#include "platform/engines/SqliteText.h"
 
-#include "platform/ado/drivers/TextOrder.h"
+#include "platform/engines/TextOrder.h"
 
 #include <QString>
 #include <algorithm>

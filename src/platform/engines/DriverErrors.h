@@ -2,8 +2,8 @@
 // The errors every driver raises, worded as SQL Server's provider words them so that the
 // layers above test one set of numbers and states whatever the engine.
 
-#include "platform/ado/AdoConstants.h"
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoConstants.h"
+#include "platform/engines/AdoError.h"
 
 namespace zlx::ado {
 

@@ -2,7 +2,7 @@
 // Reads a column's declared SQL type ("NVARCHAR(40)", "NUMERIC(12,2)", "DATETIME") into
 // ADO's type, size, precision and scale, as SQL Server's provider would report that type.
 
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 
 namespace zlx::ado {
 

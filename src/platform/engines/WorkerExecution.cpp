@@ -1,4 +1,4 @@
-#include "platform/ado/drivers/WorkerExecution.h"
+#include "platform/engines/WorkerExecution.h"
 
 namespace zlx::ado {
 

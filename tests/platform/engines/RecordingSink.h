@@ -1,7 +1,7 @@
 #pragma once
 // Test helper: a ResultSink that keeps every result of a batch, in order.
 
-#include "platform/ado/drivers/Driver.h"
+#include "platform/engines/Driver.h"
 
 #include <QStringList>
 

@@ -3,8 +3,8 @@
 // statements pass to the server unchanged. Blocking ODBC calls run on a worker thread so
 // that opening and executing can be polled and cancelled (SQLCancel) from the caller.
 
-#include "platform/ado/drivers/Driver.h"
-#include "platform/ado/drivers/WorkerExecution.h"
+#include "platform/engines/Driver.h"
+#include "platform/engines/WorkerExecution.h"
 
 #include <atomic>
 #include <mutex>

@@ -1,4 +1,4 @@
-#include "platform/ado/drivers/DeclaredType.h"
+#include "platform/engines/DeclaredType.h"
 
 #include <QRegularExpression>
 

@@ -1,4 +1,4 @@
-#include "platform/ado/drivers/IsoDate.h"
+#include "platform/engines/IsoDate.h"
 
 #include <QRegularExpression>
 

@@ -2,8 +2,8 @@
 // The one small interface every database engine implements (SQLite, PostgreSQL, ODBC).
 // Connection and Recordset are written against it and never see an engine's API.
 
-#include "platform/ado/AdoConstants.h"
-#include "platform/ado/AdoError.h"
+#include "platform/engines/AdoConstants.h"
+#include "platform/engines/AdoError.h"
 #include "platform/variant/Variant.h"
 
 #include <QString>

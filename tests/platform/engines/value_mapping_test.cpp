@@ -2,10 +2,10 @@
 // replay across threads.
 
 #include "RecordingSink.h"
-#include "platform/ado/drivers/BufferedSink.h"
-#include "platform/ado/drivers/DeclaredType.h"
-#include "platform/ado/drivers/IsoDate.h"
-#include "platform/ado/drivers/TextValue.h"
+#include "platform/engines/BufferedSink.h"
+#include "platform/engines/DeclaredType.h"
+#include "platform/engines/IsoDate.h"
+#include "platform/engines/TextValue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "platform/ado/drivers/OdbcDriver.h"
+#include "platform/engines/OdbcDriver.h"
 
-#include "platform/ado/drivers/DriverErrors.h"
-#include "platform/ado/drivers/TextValue.h"
+#include "platform/engines/DriverErrors.h"
+#include "platform/engines/TextValue.h"
 
 #include <QDateTime>
 #include <QScopeGuard>

@@ -1,6 +1,6 @@
-#include "platform/ado/drivers/TextValue.h"
+#include "platform/engines/TextValue.h"
 
-#include "platform/ado/drivers/IsoDate.h"
+#include "platform/engines/IsoDate.h"
 
 #include <QRegularExpression>
 

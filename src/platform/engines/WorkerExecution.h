@@ -2,7 +2,7 @@
 // Runs a blocking batch on a worker thread for drivers whose engine has no asynchronous
 // API of its own; the caller polls and receives the results on its own thread.
 
-#include "platform/ado/drivers/BufferedSink.h"
+#include "platform/engines/BufferedSink.h"
 
 #include <atomic>
 #include <exception>

@@ -1,9 +1,9 @@
-#include "platform/ado/drivers/SqliteDriver.h"
+#include "platform/engines/SqliteDriver.h"
 
-#include "platform/ado/drivers/DeclaredType.h"
-#include "platform/ado/drivers/DriverErrors.h"
-#include "platform/ado/drivers/IsoDate.h"
-#include "platform/ado/drivers/SqliteText.h"
+#include "platform/engines/DeclaredType.h"
+#include "platform/engines/DriverErrors.h"
+#include "platform/engines/IsoDate.h"
+#include "platform/engines/SqliteText.h"
 
 #include <QDateTime>
 #include <QDir>
