@@ -12,6 +12,8 @@ public:
     int Count() const { return static_cast<int>(m_records.size()); }
     // Zero-based, as ADO's Errors(i); raises 3265 when out of range.
     const ErrorRecord& Item(int index) const;
+    // Every record, for the error-kind questions (IsLinkLost and the rest, ErrorKinds.h).
+    const std::vector<ErrorRecord>& Records() const { return m_records; }
     void Clear() { m_records.clear(); }
 
     // Keeps the records of `error`; an error without records is listed as one record.

@@ -4,11 +4,9 @@
 
 #include "platform/engines/AdoConstants.h"
 #include "platform/engines/AdoError.h"
+#include "platform/engines/SqlServerErrors.h"
 
 namespace zlx::ado {
-
-// SQL Server's native number for an unknown database in a login or USE.
-constexpr std::int32_t kNativeCannotOpenDatabase = 4060;
 
 ErrorRecord MakeRecord(std::int32_t number, const QString& description, const QString& source,
                        std::int32_t nativeError, const QString& sqlState);

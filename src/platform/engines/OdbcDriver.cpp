@@ -19,6 +19,9 @@ constexpr qint64 kCancelRepeatMs = 200;
 constexpr std::int32_t kLongTextSize = 1073741823;
 constexpr std::int32_t kLongBinarySize = 2147483647;
 
+// Texts pass between Qt and the driver as UTF-16 without conversion.
+static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "the ODBC wide character must be UTF-16");
+
 const SQLWCHAR* Wide(const QString& text) {
     return reinterpret_cast<const SQLWCHAR*>(text.utf16());
 }
@@ -291,7 +294,7 @@ void OdbcDriver::Run(const QString& batch, ResultSink& sink) {
             if (cancelled) ThrowCanceled(kSource);
             if (!records.empty() && records.front().sqlState.startsWith(QLatin1String("08")))
                 for (auto& record : records)
-                    record.sqlState = QStringLiteral("08S01");
+                    record.sqlState = QString::fromLatin1(kSqlStateLinkLost);
             ThrowRecords(adHrCommandFailed, std::move(records));
         }
         SQLSMALLINT columns = 0;

@@ -14,8 +14,7 @@ namespace zlx::ado {
 namespace {
 
 const QString kSource = QStringLiteral("PostgreSQL");
-const QString kLinkBroken = QStringLiteral("08S01");
-constexpr std::int32_t kNativeLinkBroken = 11; // SQL Server's "General network error"
+const QString kLinkBroken = QString::fromLatin1(kSqlStateLinkLost);
 constexpr int kWaitSliceMs = 50;
 constexpr qint64 kCancelRepeatMs = 200;
 

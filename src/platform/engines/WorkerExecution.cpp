@@ -1,5 +1,7 @@
 #include "platform/engines/WorkerExecution.h"
 
+#include "platform/variant/ZlxAssert.h"
+
 namespace zlx::ado {
 
 WorkerExecution::~WorkerExecution() {
@@ -23,6 +25,7 @@ void WorkerExecution::Start(std::function<void(ResultSink&)> work) {
 
 bool WorkerExecution::Poll(ResultSink& target) {
     if (!m_thread.joinable()) return true;
+    ZLX_ASSERT(m_buffer, "a running batch has a buffer for its results");
     const bool finished = m_done; // read before draining so no late event is lost
     m_buffer->Drain(target);
     if (!finished) return false;

@@ -130,7 +130,8 @@ IfParts SplitIf(const Tokens& statement) {
             depth = std::max(0, depth - 1);
         parts.condition.push_back(token);
     }
-    ThrowStatementError(QStringLiteral("Incorrect syntax near the keyword 'IF'."), kNativeSyntax);
+    ThrowStatementError(QStringLiteral("Incorrect syntax near the keyword 'IF'."),
+                        ado::kNativeSyntax);
 }
 
 } // namespace zlx::tsql

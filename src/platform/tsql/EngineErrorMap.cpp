@@ -13,25 +13,25 @@ constexpr int kSqliteIoErr = 10;
 
 std::int32_t SqliteNative(const ado::ErrorRecord& record) {
     const QString text = record.description;
-    if (record.nativeError == kSqliteConstraintPrimaryKey) return kNativeDuplicateKey;
-    if (record.nativeError == kSqliteConstraintUnique) return kNativeDuplicateIndexKey;
-    if (text.contains(u"no such table")) return kNativeInvalidObject;
-    if (text.contains(u"no such column")) return kNativeInvalidColumn;
-    if ((record.nativeError & 0xff) == kSqliteBusy) return kNativeDeadlock;
+    if (record.nativeError == kSqliteConstraintPrimaryKey) return ado::kNativeDuplicateKey;
+    if (record.nativeError == kSqliteConstraintUnique) return ado::kNativeDuplicateIndexKey;
+    if (text.contains(u"no such table")) return ado::kNativeInvalidObject;
+    if (text.contains(u"no such column")) return ado::kNativeInvalidColumn;
+    if ((record.nativeError & 0xff) == kSqliteBusy) return ado::kNativeDeadlock;
     return record.nativeError;
 }
 
 std::int32_t PostgresNative(const ado::ErrorRecord& record) {
     const QString& state = record.sqlState;
-    if (state == u"40P01" || state == u"40001") return kNativeDeadlock;
+    if (state == u"40P01" || state == u"40001") return ado::kNativeDeadlock;
     if (state == u"23505")
         return record.description.contains(u"_pkey") ||
                        record.description.contains(u"_PKEY_", Qt::CaseInsensitive)
-                   ? kNativeDuplicateKey
-                   : kNativeDuplicateIndexKey;
-    if (state == u"42P01") return kNativeInvalidObject;
-    if (state == u"42703") return kNativeInvalidColumn;
-    if (state == u"22001") return kNativeTruncation;
+                   ? ado::kNativeDuplicateKey
+                   : ado::kNativeDuplicateIndexKey;
+    if (state == u"42P01") return ado::kNativeInvalidObject;
+    if (state == u"42703") return ado::kNativeInvalidColumn;
+    if (state == u"22001") return ado::kNativeTruncation;
     return record.nativeError;
 }
 
@@ -46,7 +46,7 @@ bool LinkBroken(const ado::ErrorRecord& record, Target target) {
 ado::ErrorRecord MappedRecord(const ado::ErrorRecord& record, Target target) {
     ado::ErrorRecord mapped = record;
     mapped.nativeError = target == Target::SQLite ? SqliteNative(record) : PostgresNative(record);
-    if (LinkBroken(record, target)) mapped.sqlState = QStringLiteral("08S01");
+    if (LinkBroken(record, target)) mapped.sqlState = QString::fromLatin1(ado::kSqlStateLinkLost);
     return mapped;
 }
 

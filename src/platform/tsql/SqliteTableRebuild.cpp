@@ -98,7 +98,7 @@ void SqliteTableRebuild::Rebuild(const QString& column,
                   .arg(master, SqlString(m_table)));
     if (created.isEmpty())
         ThrowStatementError(QStringLiteral("Invalid object name '%1'.").arg(m_table),
-                            kNativeInvalidObject, QStringLiteral("42S02"));
+                            ado::kNativeInvalidObject, QStringLiteral("42S02"));
     const QStringList indexes =
         m_run(QStringLiteral("SELECT sql FROM %1 WHERE type = 'index' AND tbl_name = %2 COLLATE "
                              "NOCASE AND sql IS NOT NULL")
@@ -141,7 +141,7 @@ void SqliteTableRebuild::Rebuild(const QString& column,
     }
     if (!found)
         ThrowStatementError(QStringLiteral("Invalid column name '%1'.").arg(column),
-                            kNativeInvalidColumn, QStringLiteral("42S22"));
+                            ado::kNativeInvalidColumn, QStringLiteral("42S22"));
     QStringList definitions;
     for (const Tokens& piece : pieces)
         definitions << TokensToSql(piece).trimmed();

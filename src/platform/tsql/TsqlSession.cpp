@@ -258,7 +258,7 @@ void TsqlSession::RequireDatabaseFile(const QString& database) const {
         return;
     if (!QFile::exists(QDir(ServerFolder()).filePath(database + QStringLiteral(".sqlite"))))
         ThrowStatementError(QStringLiteral("Invalid object name '%1..'.").arg(database),
-                            kNativeInvalidObject, QStringLiteral("42S02"));
+                            ado::kNativeInvalidObject, QStringLiteral("42S02"));
 }
 
 QString TsqlSession::DatabaseAlias(const QString& database) {
@@ -343,7 +343,7 @@ void TsqlSession::RunWaitFor(const Tokens& statement, int timeoutSeconds) {
 // on with it anyway; on SQLite a statement refused before reaching the engine leaves it open.
 void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
     const bool refused =
-        !error.Records().empty() && error.Records().front().nativeError == kNativeSyntax;
+        !error.Records().empty() && error.Records().front().nativeError == ado::kNativeSyntax;
     if (m_tranCount == 0 || (refused && EngineTarget() == Target::SQLite)) return;
     m_tranCount = 0;
     try {
@@ -426,7 +426,7 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
             ThrowStatementError(
                 QStringLiteral(
                     "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION."),
-                kNativeCommitWithoutBegin, QStringLiteral("25000"));
+                ado::kNativeCommitWithoutBegin, QStringLiteral("25000"));
         Commit();
         return true;
     }
@@ -435,7 +435,7 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
             ThrowStatementError(
                 QStringLiteral(
                     "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION."),
-                kNativeRollbackWithoutBegin, QStringLiteral("25000"));
+                ado::kNativeRollbackWithoutBegin, QStringLiteral("25000"));
         Rollback();
         return true;
     }
@@ -488,7 +488,7 @@ void TsqlSession::RunIf(const Tokens& statement, ado::ResultSink& sink, int time
 // DBCC CHECKIDENT ('t' [, RESEED [, n]]), DBCC DBREINDEX ('t'), DBCC SHRINKDATABASE (d).
 void TsqlSession::RunDbcc(const Tokens& statement) {
     if (statement.size() < 4 || !statement[2].IsSymbol(u"(") || !statement.back().IsSymbol(u")"))
-        ThrowStatementError(QStringLiteral("Incorrect syntax near 'DBCC'."), kNativeSyntax);
+        ThrowStatementError(QStringLiteral("Incorrect syntax near 'DBCC'."), ado::kNativeSyntax);
     const QStringList arguments = Arguments(statement, 3, statement.size() - 1);
     const Token& command = statement[1];
     if (command.IsWord(u"CHECKIDENT")) {

@@ -93,7 +93,7 @@ private:
             else if (m_t[i].IsSymbol(u")") && --depth == 0)
                 return i;
         }
-        ThrowStatementError(QStringLiteral("Incorrect syntax near '('."), kNativeSyntax);
+        ThrowStatementError(QStringLiteral("Incorrect syntax near '('."), ado::kNativeSyntax);
     }
 
     // Top-level comma positions between `open` and its closing parenthesis.
@@ -538,7 +538,7 @@ private:
             n = m_t[count].text;
             next = count + 1;
         } else {
-            ThrowStatementError(QStringLiteral("Incorrect syntax near 'TOP'."), kNativeSyntax);
+            ThrowStatementError(QStringLiteral("Incorrect syntax near 'TOP'."), ado::kNativeSyntax);
         }
         if (WordAt(next, u"PERCENT")) ThrowUnsupported(QStringLiteral("TOP ... PERCENT"));
         limits.emplace(ScopeEnd(select, end), QStringLiteral(" LIMIT ") + n);
@@ -719,7 +719,8 @@ private:
                 as = j;
         }
         if (as == close)
-            ThrowStatementError(QStringLiteral("Incorrect syntax near 'CAST'."), kNativeSyntax);
+            ThrowStatementError(QStringLiteral("Incorrect syntax near 'CAST'."),
+                                ado::kNativeSyntax);
         const QString type =
             TokensToSql(Tokens(m_t.begin() + as + 1, m_t.begin() + close)).simplified().toUpper();
         const QString lead = m_t[cast].leading;

@@ -5,6 +5,7 @@
 #include "RecordingSink.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
+#include "platform/engines/ErrorKinds.h"
 
 #include <QCoreApplication>
 #include <QDateTime>
@@ -174,8 +175,11 @@ TEST_P(EngineTest, CommandTimeoutCancelsTheStatement) {
         FAIL() << "the slow query finished";
     } catch (const AdoError& error) {
         EXPECT_EQ(error.Number(), adHrTimeout);
+        EXPECT_TRUE(IsTimeout(error.Records()));
+        EXPECT_FALSE(IsCanceled(error.Records()));
+        EXPECT_FALSE(IsLinkLost(error.Records()));
     }
-    EXPECT_EQ(m_connection->GetErrors().Item(0).number, adHrTimeout);
+    EXPECT_TRUE(IsTimeout(m_connection->GetErrors().Records()));
     EXPECT_EQ(Scalar("SELECT 2"), 2);
 }
 
@@ -192,6 +196,8 @@ TEST_P(EngineTest, CancelStopsAnAsynchronousStatement) {
         FAIL() << "the cancelled query finished";
     } catch (const AdoError& error) {
         EXPECT_EQ(error.Number(), adHrCanceled);
+        EXPECT_TRUE(IsCanceled(error.Records()));
+        EXPECT_FALSE(IsTimeout(error.Records()));
     }
     EXPECT_EQ(Scalar("SELECT 3"), 3);
 }
@@ -278,6 +284,8 @@ TEST_P(DatabaseSwitchTest, UnknownDefaultDatabaseIsRefusedWithNative4060) {
     } catch (const AdoError& error) {
         ASSERT_EQ(error.Records().size(), 1u);
         EXPECT_EQ(error.Records()[0].nativeError, 4060);
+        EXPECT_TRUE(IsUnknownDatabase(error.Records()));
+        EXPECT_FALSE(IsLinkLost(error.Records()));
         EXPECT_EQ(error.Description(), "Cannot open database \"no_existe\" requested by the "
                                        "login. The login failed.");
     }

@@ -4,6 +4,7 @@
 #include "EngineCase.h"
 #include "RecordingSink.h"
 #include "platform/ado/Connection.h"
+#include "platform/engines/ErrorKinds.h"
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
@@ -53,6 +54,8 @@ TEST_F(PostgresTest, KilledServerProcessGivesLinkBrokenState) {
     ASSERT_GE(errors.Count(), 1);
     EXPECT_EQ(errors.Item(0).sqlState, "08S01");
     EXPECT_EQ(errors.Item(0).number, adHrConnectFailed);
+    EXPECT_TRUE(IsLinkLost(errors.Records()));
+    EXPECT_FALSE(IsDeadlock(errors.Records()));
 }
 
 TEST_F(PostgresTest, NoticesArriveAsInfoMessages) {

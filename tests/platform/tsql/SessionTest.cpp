@@ -1,6 +1,7 @@
 // The T-SQL session on a real engine: what SQL Server would answer, statement by statement.
 #include "GoldenCorpus.h"
 #include "QtPrinters.h"
+#include "platform/engines/ErrorKinds.h"
 #include "platform/engines/PostgresDriver.h"
 #include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/TsqlSession.h"
@@ -309,6 +310,29 @@ TEST_P(SessionTest, EngineErrorsCarrySqlServerNumbers) {
         2627);
     Exec(QStringLiteral("CREATE UNIQUE INDEX clientes_nombre ON clientes (Nombre)"));
     EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('x')")), 2601);
+}
+
+// Recovery code asks what kind of failure it has, never for the number.
+TEST_P(SessionTest, ErrorKindsNameTheMappedFailures) {
+    auto recordsOf = [this](const char* batch) {
+        try {
+            Exec(QString::fromUtf8(batch));
+        } catch (const ado::AdoError& error) {
+            return error.Records();
+        }
+        ADD_FAILURE() << "no error: " << batch;
+        return std::vector<ado::ErrorRecord>();
+    };
+    EXPECT_TRUE(ado::IsUnknownObject(recordsOf("SELECT * FROM nada")));
+    EXPECT_TRUE(ado::IsUnknownColumn(recordsOf("SELECT nada FROM clientes")));
+    Exec(QStringLiteral("CREATE UNIQUE INDEX clientes_nombre ON clientes (Nombre)"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('x')"));
+    const auto duplicate = recordsOf("INSERT INTO clientes (Nombre) VALUES ('x')");
+    EXPECT_TRUE(ado::IsDuplicateKey(duplicate));
+    EXPECT_FALSE(ado::IsUnknownObject(duplicate));
+    EXPECT_FALSE(ado::IsLinkLost(duplicate));
+    EXPECT_FALSE(ado::IsDeadlock(duplicate));
+    EXPECT_FALSE(ado::IsTimeout(duplicate));
 }
 
 TEST_P(SessionTest, CrossDatabaseNamesReachTheOtherFile) {
