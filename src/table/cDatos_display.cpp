@@ -150,11 +150,21 @@ void WriteListingFile(const QString& text, const DisplayRequest& request) {
     if (request.flags & zlxDatosShow_Flag_RunNotePad) OpenInEditor(path);
 }
 
-// The items of a list argument: an array's elements in order, a single value as one item,
-// nothing for Empty or a missing argument.
+// The items of a list argument: an array's elements in order, a cMatriz's single row (else
+// its first column), a single value as one item, nothing for Empty or a missing argument.
 std::vector<Variant> ListItems(const Variant& list) {
     if (list.IsEmpty() || list.IsMissing() || list.IsNull()) return {};
     if (const VariantArrayPtr array = list.ToArray()) return array->Data();
+    if (const auto matrix = list.IsObject() ? list.As<cMatriz>() : nullptr) {
+        std::vector<Variant> items;
+        if (matrix->Rows() == 1)
+            for (std::int32_t col = matrix->FirstCol(); col <= matrix->LastCol(); ++col)
+                items.push_back(matrix->GetValue(col, matrix->FirstRow()));
+        else
+            for (std::int32_t row = matrix->FirstRow(); row <= matrix->LastRow(); ++row)
+                items.push_back(matrix->GetValue(matrix->FirstCol(), row));
+        return items;
+    }
     return {list};
 }
 

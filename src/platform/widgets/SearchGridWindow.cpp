@@ -1,5 +1,7 @@
 #include "platform/widgets/SearchGridWindow.h"
 
+#include "platform/widgets/DateMask.h"
+
 #include <QCollator>
 #include <QDialogButtonBox>
 #include <QHeaderView>
@@ -104,7 +106,8 @@ QString SearchGridWindow::FormatNumber(const Variant& value, const QString& full
 
 QString SearchGridWindow::CellText(const Variant& value, const QString& mask) {
     if (value.IsNull() || value.IsEmpty()) return {};
-    if (!mask.isEmpty() && value.IsNumber()) return FormatNumber(value, mask);
+    if (!mask.isEmpty() && value.IsNumber() && !IsDateMask(mask)) return FormatNumber(value, mask);
+    if (value.VarType() == vbDate && IsDateMask(mask)) return FormatDateMask(value.ToDate(), mask);
     return cMatriz::CellText(value);
 }
 

@@ -26,7 +26,8 @@ public:
     std::optional<std::int32_t> SelectedMatrixRow() const;
 
     // A cell as the grid shows it: numbers through the mask ("#,##0.00": "." groups
-    // thousands and "," separates decimals), Null and Empty as blanks.
+    // thousands and "," separates decimals), dates through a date mask ("dd/mm/yyyy"), Null
+    // and Empty as blanks.
     static QString CellText(const Variant& value, const QString& mask);
     // A number laid out by a "#,##0.00" style mask: "0" a digit always shown, "#" a digit
     // shown when needed, "," thousands grouping, "." the decimal point; text around the
