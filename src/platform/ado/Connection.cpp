@@ -63,13 +63,9 @@ DriverPtr Connection::CreateDriver(const ado::ConnectionString& connection) {
     // translates it; a real SQL Server (ODBC) gets the statements unchanged, and so does an
     // engine opened with "SQL Dialect=Native" (its own SQL, for tools and tests).
     DriverPtr native = CreateNativeDriver(connection);
-    const bool translated = connection.Which() == ado::ConnectionString::Engine::SqliteFolder ||
-                            connection.Which() == ado::ConnectionString::Engine::SqliteFile ||
-                            connection.Which() == ado::ConnectionString::Engine::Postgres;
-    if (!translated ||
-        connection.Value({"SQL Dialect"}).compare(u"Native", Qt::CaseInsensitive) == 0)
+    if (connection.Value({"SQL Dialect"}).compare(u"Native", Qt::CaseInsensitive) == 0)
         return native;
-    return std::make_unique<tsql::TsqlSession>(std::move(native));
+    return tsql::OpenTsqlSession(std::move(native));
 }
 
 DriverPtr Connection::CreateNativeDriver(const ado::ConnectionString& connection) {

@@ -3,6 +3,7 @@
 #include "platform/engines/DeclaredType.h"
 #include "platform/engines/DriverErrors.h"
 #include "platform/engines/IsoDate.h"
+#include "platform/engines/SqliteServerFolder.h"
 #include "platform/engines/SqliteText.h"
 
 #include <QDateTime>
@@ -159,7 +160,7 @@ SqliteDriver::~SqliteDriver() {
 }
 
 QString SqliteDriver::FileFor(const QString& database) const {
-    return QDir(m_target).filePath(database + QStringLiteral(".sqlite"));
+    return SqliteServerFolder(m_target).DatabaseFile(database);
 }
 
 void SqliteDriver::Connect(const ConnectParams& params) {
@@ -178,8 +179,8 @@ void SqliteDriver::Connect(const ConnectParams& params) {
             kSource, 17, "08001");
     const QString database =
         params.defaultDatabase.isEmpty() ? QStringLiteral("master") : params.defaultDatabase;
-    if (database.compare(QStringLiteral("master"), Qt::CaseInsensitive) != 0 &&
-        !QFileInfo::exists(FileFor(database)))
+    if (!SqliteServerFolder::IsMaster(database) &&
+        !SqliteServerFolder(m_target).HasDatabase(database))
         ThrowCannotOpenDatabase(database, kSource);
     OpenFile(FileFor(database), true);
     m_database = database;
@@ -312,7 +313,8 @@ void SqliteDriver::Cancel() {
 void SqliteDriver::UseDatabase(const QString& database) {
     if (m_layout == Layout::SingleFile || database.compare(m_database, Qt::CaseInsensitive) == 0)
         return;
-    if (!QFileInfo::exists(FileFor(database))) ThrowCannotOpenDatabase(database, kSource);
+    if (!SqliteServerFolder(m_target).HasDatabase(database))
+        ThrowCannotOpenDatabase(database, kSource);
     sqlite3_close_v2(m_db);
     m_db = nullptr;
     OpenFile(FileFor(database), false);

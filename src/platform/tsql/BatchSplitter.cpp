@@ -134,4 +134,34 @@ IfParts SplitIf(const Tokens& statement) {
                         ado::kNativeSyntax);
 }
 
+namespace {
+
+// The text of a procedure or DBCC argument: a string's value or a name as written.
+QString ArgumentText(const Tokens& tokens, size_t from, size_t to) {
+    if (to == from + 1 && tokens[from].kind == TokenKind::String) return tokens[from].text;
+    QString text;
+    for (size_t i = from; i < to; ++i)
+        text += tokens[i].text;
+    return text;
+}
+
+} // namespace
+
+QStringList ArgumentList(const Tokens& tokens, size_t from, size_t to) {
+    QStringList arguments;
+    size_t start = from;
+    int depth = 0;
+    for (size_t i = from; i <= to; ++i) {
+        if (i < to && tokens[i].IsSymbol(u"("))
+            ++depth;
+        else if (i < to && tokens[i].IsSymbol(u")"))
+            --depth;
+        else if (i == to || (depth == 0 && tokens[i].IsSymbol(u","))) {
+            if (i > start) arguments << ArgumentText(tokens, start, i);
+            start = i + 1;
+        }
+    }
+    return arguments;
+}
+
 } // namespace zlx::tsql

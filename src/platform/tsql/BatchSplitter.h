@@ -5,6 +5,8 @@
 
 #include "platform/tsql/TsqlToken.h"
 
+#include <QStringList>
+
 namespace zlx::tsql {
 
 std::vector<Tokens> SplitBatch(const Tokens& tokens);
@@ -15,5 +17,9 @@ struct IfParts {
     Tokens body;
 };
 IfParts SplitIf(const Tokens& statement);
+
+// The comma-separated arguments of a procedure or DBCC from `from` to `to` (exclusive), each
+// as text: a string's value or a name as written.
+QStringList ArgumentList(const Tokens& tokens, size_t from, size_t to);
 
 } // namespace zlx::tsql

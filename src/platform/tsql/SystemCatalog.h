@@ -1,23 +1,28 @@
 #pragma once
-// The per-connection views that stand for SQL Server's catalog tables (sysobjects,
-// syscolumns, sysdatabases, sysprocesses) on each engine.
+// SQL Server's xtype and length of a column as SQL expressions over the engine's type text, for
+// the syscolumns views that each dialect makes.
 
-#include "platform/tsql/TsqlTranslator.h"
-
-#include <QStringList>
+#include <QString>
+#include <span>
 
 namespace zlx::tsql {
 
-// Statements that create the catalog views of a new connection. `applicationName` is how
-// this connection names itself to a PostgreSQL server (host:pid).
-QStringList CatalogStatements(Target target, const QString& applicationName);
+// One kind of column: the LIKE pattern of its type text, its xtype and its length (a number,
+// or "n" for the declared size, "2n" for twice it, "p" for a decimal's storage size).
+struct TypeRule {
+    const char* pattern;
+    int xtype;
+    const char* length;
+};
 
-// SQLite: the statements that (re)make sysobjects and syscolumns over the main file and, when
-// `locksSchema` is not empty, the attached file that holds the database's `locks` table.
-QStringList SqliteObjectViews(const QString& locksSchema);
+// How an engine's type texts are read.
+struct CatalogTypes {
+    std::span<const TypeRule> rules;
+    const char* typeText;     // the text the patterns match, %1 the type: "upper(%1)"
+    const char* declaredSize; // the size in "type(n)", %1 the type
+};
 
-// SQL Server's xtype and length of a column, as SQL expressions over the engine's type text.
-QString XtypeExpression(Target target, const QString& typeText);
-QString LengthExpression(Target target, const QString& typeText);
+QString XtypeExpression(const CatalogTypes& types, const QString& typeText);
+QString LengthExpression(const CatalogTypes& types, const QString& typeText);
 
 } // namespace zlx::tsql

@@ -2,17 +2,12 @@
 
 #include "platform/engines/DriverErrors.h"
 #include "platform/tsql/BatchSplitter.h"
-#include "platform/tsql/EngineErrorMap.h"
-#include "platform/tsql/SqliteTableRebuild.h"
-#include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
+#include "platform/variant/ZlxAssert.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
 #include <QRegularExpression>
 #include <QSysInfo>
 #include <QThread>
@@ -59,10 +54,6 @@ private:
     bool m_noCount;
 };
 
-QString SqlString(const QString& value) {
-    return u'\'' + QString(value).replace(u'\'', QStringLiteral("''")) + u'\'';
-}
-
 bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words) {
     size_t i = 0;
     for (QStringView word : words) {
@@ -70,33 +61,6 @@ bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> word
         ++i;
     }
     return true;
-}
-
-// The text of a procedure or DBCC argument: a string's value or a name as written.
-QString ArgumentText(const Tokens& tokens, size_t from, size_t to) {
-    if (to == from + 1 && tokens[from].kind == TokenKind::String) return tokens[from].text;
-    QString text;
-    for (size_t i = from; i < to; ++i)
-        text += tokens[i].text;
-    return text;
-}
-
-// Comma-separated arguments from `from` to `to` (exclusive), each as text.
-QStringList Arguments(const Tokens& tokens, size_t from, size_t to) {
-    QStringList arguments;
-    size_t start = from;
-    int depth = 0;
-    for (size_t i = from; i <= to; ++i) {
-        if (i < to && tokens[i].IsSymbol(u"("))
-            ++depth;
-        else if (i < to && tokens[i].IsSymbol(u")"))
-            --depth;
-        else if (i == to || (depth == 0 && tokens[i].IsSymbol(u","))) {
-            if (i > start) arguments << ArgumentText(tokens, start, i);
-            start = i + 1;
-        }
-    }
-    return arguments;
 }
 
 // The possibly qualified name (t, db..t, db.dbo.t) that begins at `first`, as written.
@@ -112,10 +76,14 @@ QString QualifiedNameAt(const Tokens& statement, size_t first) {
 
 } // namespace
 
-TsqlSession::TsqlSession(ado::DriverPtr inner) : m_inner(std::move(inner)) {}
+ado::DriverPtr OpenTsqlSession(ado::DriverPtr native) {
+    if (!EngineDialect::For(*native, nullptr)) return native;
+    return std::make_unique<TsqlSession>(std::move(native));
+}
 
-Target TsqlSession::EngineTarget() const {
-    return m_inner->Dialect() == ado::SqlDialect::PostgreSQL ? Target::PostgreSQL : Target::SQLite;
+TsqlSession::TsqlSession(ado::DriverPtr inner)
+    : m_inner(std::move(inner)), m_dialect(EngineDialect::For(*m_inner, this)) {
+    ZLX_ASSERT(m_dialect, "a session runs over an engine that needs T-SQL translated");
 }
 
 void TsqlSession::Connect(const ado::ConnectParams& params) {
@@ -146,7 +114,7 @@ bool TsqlSession::PollExecute(ado::ResultSink& sink) {
 void TsqlSession::UseDatabase(const QString& database) {
     m_worker.Abandon();
     m_inner->UseDatabase(database);
-    m_attached.clear(); // a SQLite reopen drops every attachment
+    m_dialect->DatabaseChanged();
     m_identityColumns.clear();
     m_textColumns.clear();
     Prepare();
@@ -157,66 +125,25 @@ void TsqlSession::Prepare() {
     m_tranCount = 0;
     const QString application =
         QSysInfo::machineHostName() + u':' + QString::number(QCoreApplication::applicationPid());
-    for (const QString& statement : CatalogStatements(EngineTarget(), application))
+    for (const QString& statement : m_dialect->CatalogStatements(application))
         Run(statement);
-}
-
-QString TsqlSession::ServerFolder() const {
-    return m_params.target;
-}
-
-// sysdatabases and sysprocesses of a SQLite server are the folder's files and this
-// machine's processes, read when a statement asks for them.
-void TsqlSession::RefreshCatalog(const QString& batch) {
-    if (EngineTarget() != Target::SQLite) return;
-    const bool objects = batch.contains(u"sysobjects", Qt::CaseInsensitive) ||
-                         batch.contains(u"syscolumns", Qt::CaseInsensitive) ||
-                         batch.contains(u"object_id", Qt::CaseInsensitive);
-    if (objects && QFileInfo(ServerFolder()).isDir() &&
-        m_inner->CurrentDatabase().compare(u"master", Qt::CaseInsensitive) != 0) {
-        for (const QString& statement : SqliteObjectViews(LocksSchema(QString())))
-            Run(statement);
-    }
-    if (batch.contains(u"sysdatabases", Qt::CaseInsensitive)) {
-        Run(QStringLiteral("DELETE FROM temp.sysdatabases"));
-        const QDir folder(ServerFolder());
-        for (const QFileInfo& file :
-             folder.entryInfoList({QStringLiteral("*.sqlite")}, QDir::Files)) {
-            if (file.completeBaseName().contains(u'.')) continue; // a database's locks file
-            Run(QStringLiteral("INSERT INTO temp.sysdatabases VALUES (%1, %2)")
-                    .arg(SqlString(file.completeBaseName()), SqlString(file.absoluteFilePath())));
-        }
-    }
-    if (batch.contains(u"sysprocesses", Qt::CaseInsensitive)) {
-        Run(QStringLiteral("DELETE FROM temp.sysprocesses"));
-        const QString host = SqlString(QSysInfo::machineHostName());
-        for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-            bool numeric = false;
-            const int pid = entry.toInt(&numeric);
-            if (numeric)
-                Run(QStringLiteral("INSERT INTO temp.sysprocesses VALUES (%1, %2)")
-                        .arg(host)
-                        .arg(pid));
-        }
-    }
 }
 
 TranslationContext TsqlSession::Context() {
     TranslationContext context;
-    context.target = EngineTarget();
+    context.dialect = m_dialect.get();
     context.dayMonthYear = m_dateFormat == u"dmy";
-    context.jetDates = EngineTarget() == Target::SQLite && !QFileInfo(ServerFolder()).isDir();
+    context.jetDates = m_dialect->JetDates();
     context.globalValue = [this](const QString& name) { return GlobalValue(name); };
-    context.databaseAlias = [this](const QString& database) { return DatabaseAlias(database); };
-    if (context.target == Target::SQLite && QFileInfo(ServerFolder()).isDir())
-        context.locksSchema = [this](const QString& database) { return LocksSchema(database); };
+    context.databaseAlias = [this](const QString& database) {
+        return m_dialect->DatabaseAlias(database);
+    };
+    if (m_dialect->KeepsLocksApart())
+        context.locksSchema = [this](const QString& database) {
+            return m_dialect->LocksSchema(database);
+        };
     context.columnDefault = [this](const QString& table, const QString& column) {
-        for (const auto& row :
-             Query(QStringLiteral("SELECT dflt_value FROM pragma_table_info(%1) WHERE name = %2 "
-                                  "COLLATE NOCASE")
-                       .arg(SqlString(table), SqlString(column))))
-            return row.at(0).IsNull() ? QString() : row.at(0).ToString();
-        return QString();
+        return m_dialect->ColumnDefault(table, column);
     };
     context.isTextColumn = [this](const QString& column) { return IsTextColumn(column); };
     return context;
@@ -227,15 +154,7 @@ bool TsqlSession::IsTextColumn(const QString& column) {
     const QString key = column.toLower();
     const auto known = m_textColumns.constFind(key);
     if (known != m_textColumns.constEnd()) return *known;
-    const QString sql =
-        EngineTarget() == Target::SQLite
-            ? QStringLiteral("SELECT count(*) FROM main.sqlite_master m, pragma_table_info(m.name) "
-                             "p WHERE m.type IN ('table', 'view') AND p.name = %1 COLLATE NOCASE "
-                             "AND (upper(p.type) LIKE '%CHAR%' OR upper(p.type) LIKE '%TEXT%')")
-            : QStringLiteral("SELECT count(*) FROM information_schema.columns WHERE table_schema "
-                             "= current_schema() AND column_name = lower(%1) AND data_type IN "
-                             "('character varying', 'character', 'text')");
-    const auto rows = Query(sql.arg(SqlString(column)));
+    const auto rows = Query(m_dialect->TextColumnCount(SqlString(column)));
     const bool text = !rows.empty() && rows[0].at(0).ToLong() > 0;
     m_textColumns.insert(key, text);
     return text;
@@ -251,48 +170,6 @@ QString TsqlSession::GlobalValue(const QString& name) const {
     return QString();
 }
 
-// SQLite reaches another database of the server folder by attaching its file.
-// A name in another database of the server folder that has no file is an unknown object.
-void TsqlSession::RequireDatabaseFile(const QString& database) const {
-    if (!QFileInfo(ServerFolder()).isDir() || database.compare(u"master", Qt::CaseInsensitive) == 0)
-        return;
-    if (!QFile::exists(QDir(ServerFolder()).filePath(database + QStringLiteral(".sqlite"))))
-        ThrowStatementError(QStringLiteral("Invalid object name '%1..'.").arg(database),
-                            ado::kNativeInvalidObject, QStringLiteral("42S02"));
-}
-
-QString TsqlSession::DatabaseAlias(const QString& database) {
-    if (EngineTarget() == Target::PostgreSQL) return database.toLower();
-    if (database.compare(m_inner->CurrentDatabase(), Qt::CaseInsensitive) == 0)
-        return QStringLiteral("main");
-    const QString alias = database.toLower();
-    if (!m_attached.contains(alias)) {
-        const QString file = QDir(ServerFolder()).filePath(database + QStringLiteral(".sqlite"));
-        RequireDatabaseFile(database);
-        Run(QStringLiteral("ATTACH DATABASE %1 AS \"%2\"").arg(SqlString(file), alias));
-        m_attached << alias;
-    }
-    return alias;
-}
-
-// The `locks` table of a SQLite database lives in "<database>.locks.sqlite" beside it, so
-// that the lock connection can write there while the main one holds a write transaction.
-QString TsqlSession::LocksSchema(const QString& database) {
-    const QString name = database.isEmpty() ? m_inner->CurrentDatabase() : database;
-    const QString alias = name.toLower() + QStringLiteral("_locks");
-    if (!m_attached.contains(alias)) {
-        RequireDatabaseFile(name);
-        const QString file = QDir(ServerFolder()).filePath(name + QStringLiteral(".locks.sqlite"));
-        QFile created(file);
-        if (!created.exists() &&
-            !created.open(QIODevice::WriteOnly)) // an empty file is an empty database
-            ThrowStatementError(QStringLiteral("Could not create '%1'.").arg(file), 5105);
-        Run(QStringLiteral("ATTACH DATABASE %1 AS \"%2\"").arg(SqlString(file), alias));
-        m_attached << alias;
-    }
-    return alias;
-}
-
 void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
     // A cancelled asynchronous batch may still be ending on the worker: the engine's
     // connection is free only after it.
@@ -301,7 +178,7 @@ void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeo
 }
 
 void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
-    RefreshCatalog(batch);
+    m_dialect->RefreshCatalog(batch);
     for (const Tokens& statement : SplitBatch(Tokenize(batch))) {
         try {
             RunStatement(statement, sink, timeoutSeconds);
@@ -344,7 +221,7 @@ void TsqlSession::RunWaitFor(const Tokens& statement, int timeoutSeconds) {
 void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
     const bool refused =
         !error.Records().empty() && error.Records().front().nativeError == ado::kNativeSyntax;
-    if (m_tranCount == 0 || (refused && EngineTarget() == Target::SQLite)) return;
+    if (m_tranCount == 0 || (refused && m_dialect->RefusalKeepsTransaction())) return;
     m_tranCount = 0;
     try {
         m_inner->Rollback();
@@ -448,7 +325,7 @@ void TsqlSession::BeginTransaction() {
         try {
             m_inner->BeginTransaction();
         } catch (const ado::AdoError& error) {
-            throw MappedError(error, EngineTarget());
+            throw m_dialect->MapError(error);
         }
     }
     ++m_tranCount;
@@ -460,7 +337,7 @@ void TsqlSession::Commit() {
         try {
             m_inner->Commit();
         } catch (const ado::AdoError& error) {
-            throw MappedError(error, EngineTarget());
+            throw m_dialect->MapError(error);
         }
     }
     m_tranCount = std::max(0, m_tranCount - 1);
@@ -472,7 +349,7 @@ void TsqlSession::Rollback() {
     try {
         m_inner->Rollback();
     } catch (const ado::AdoError& error) {
-        throw MappedError(error, EngineTarget());
+        throw m_dialect->MapError(error);
     }
 }
 
@@ -489,37 +366,23 @@ void TsqlSession::RunIf(const Tokens& statement, ado::ResultSink& sink, int time
 void TsqlSession::RunDbcc(const Tokens& statement) {
     if (statement.size() < 4 || !statement[2].IsSymbol(u"(") || !statement.back().IsSymbol(u")"))
         ThrowStatementError(QStringLiteral("Incorrect syntax near 'DBCC'."), ado::kNativeSyntax);
-    const QStringList arguments = Arguments(statement, 3, statement.size() - 1);
+    const QStringList arguments = ArgumentList(statement, 3, statement.size() - 1);
     const Token& command = statement[1];
     if (command.IsWord(u"CHECKIDENT")) {
-        const QString table = EngineName(arguments.value(0));
+        const QString table = EngineObjectName(arguments.value(0));
         std::optional<std::int64_t> seed;
         if (arguments.size() > 2) seed = arguments[2].toLongLong();
         Reseed(table, seed);
     } else if (command.IsWord(u"DBREINDEX")) {
-        const QString table = EngineName(arguments.value(0));
-        Run((EngineTarget() == Target::SQLite ? QStringLiteral("REINDEX ")
-                                              : QStringLiteral("REINDEX TABLE ")) +
-            table);
+        Run(m_dialect->ReindexSql(EngineObjectName(arguments.value(0))));
     } else if (!command.IsWord(u"SHRINKDATABASE")) {
         // SHRINKDATABASE has nothing to do: both engines give space back on their own.
         ThrowUnsupported(QStringLiteral("DBCC ") + command.text);
     }
 }
 
-// The engine's spelling of a T-SQL object name such as "db..t" or "[t]".
-QString TsqlSession::EngineName(const QString& tsqlName) {
+QString TsqlSession::EngineObjectName(const QString& tsqlName) {
     return TsqlTranslator(Context()).Expression(Tokenize(tsqlName)).trimmed();
-}
-
-// The schema, written "x.", that an index of the table must name: on SQLite the attached
-// database that holds the table; "" for the main database and on PostgreSQL (where an index
-// is made in its table's schema).
-QString TsqlSession::EngineSchemaOf(const QString& tsqlTable) {
-    if (EngineTarget() != Target::SQLite) return QString();
-    const QString name = EngineName(tsqlTable);
-    const qsizetype dot = name.lastIndexOf(u'.');
-    return dot < 0 ? QString() : name.left(dot + 1);
 }
 
 // Without a seed the identity moves up to the highest value in the table; with one, the
@@ -536,20 +399,7 @@ void TsqlSession::Reseed(const QString& table, std::optional<std::int64_t> seed)
         const auto rows = Query(QStringLiteral("SELECT max(%1) FROM %2").arg(column, table));
         value = rows.empty() || rows[0][0].IsNull() ? 0 : rows[0][0].ToDouble();
     }
-    if (EngineTarget() == Target::PostgreSQL) {
-        Query(QStringLiteral("SELECT setval(pg_get_serial_sequence(%1, %2), %3, false)")
-                  .arg(SqlString(table), SqlString(column))
-                  .arg(value + 1));
-        return;
-    }
-    const int dot = table.lastIndexOf(u'.');
-    const QString schema = dot < 0 ? QStringLiteral("main") : table.left(dot);
-    const QString bare = table.mid(dot + 1);
-    Run(QStringLiteral("DELETE FROM %1.sqlite_sequence WHERE name = %2 COLLATE NOCASE")
-            .arg(schema, SqlString(bare)));
-    Run(QStringLiteral("INSERT INTO %1.sqlite_sequence (name, seq) VALUES (%2, %3)")
-            .arg(schema, SqlString(bare))
-            .arg(value));
+    m_dialect->SetIdentity(table, column, value);
 }
 
 // The identity column of a table, "" when it has none.
@@ -557,34 +407,9 @@ QString TsqlSession::IdentityColumn(const QString& table) {
     // Looked up once per table: an INSERT must not cost a catalog query each time.
     const auto known = m_identityColumns.constFind(table);
     if (known != m_identityColumns.constEnd()) return *known;
-    const QString column = FindIdentityColumn(table);
+    const QString column = m_dialect->FindIdentityColumn(table);
     m_identityColumns.insert(table, column);
     return column;
-}
-
-QString TsqlSession::FindIdentityColumn(const QString& table) {
-    QString sql;
-    if (EngineTarget() == Target::PostgreSQL) {
-        sql = QStringLiteral("SELECT CAST(attname AS text) FROM pg_attribute WHERE attrelid = "
-                             "to_regclass(%1) AND "
-                             "attidentity <> ''")
-                  .arg(SqlString(table));
-    } else {
-        const int dot = table.lastIndexOf(u'.');
-        const QString schema = dot < 0 ? QStringLiteral("main") : table.left(dot);
-        const QString bare = table.mid(dot + 1);
-        const auto definition = Query(
-            QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table' AND name = %2 "
-                           "COLLATE NOCASE")
-                .arg(schema, SqlString(bare)));
-        if (definition.empty() ||
-            !definition[0][0].ToString().contains(u"AUTOINCREMENT", Qt::CaseInsensitive))
-            return QString();
-        sql = QStringLiteral("SELECT name FROM pragma_table_info(%1, %2) WHERE pk = 1")
-                  .arg(SqlString(bare), SqlString(schema));
-    }
-    const auto rows = Query(sql);
-    return rows.empty() ? QString() : rows[0][0].ToString();
 }
 
 // The stored procedures the library calls; anything else is named as unsupported.
@@ -600,22 +425,16 @@ bool TsqlSession::RunProcedure(const Tokens& statement, ado::ResultSink& sink) {
     if (!procedure.startsWith(u"sp_") && !procedure.startsWith(u"xp_"))
         return name == 1 ? (ThrowUnsupported(QStringLiteral("EXEC ") + statement[last].text), true)
                          : false;
-    const QStringList arguments = Arguments(statement, last + 1, statement.size());
+    const QStringList arguments = ArgumentList(statement, last + 1, statement.size());
     if (procedure == u"sp_bindefault" || procedure == u"sp_unbindefault") {
         const QString target = arguments.value(procedure == u"sp_bindefault" ? 1 : 0);
         const int dot = target.lastIndexOf(u'.');
-        const QString table = EngineName(target.left(dot));
-        const QString column = EngineName(target.mid(dot + 1));
+        const QString table = EngineObjectName(target.left(dot));
+        const QString column = EngineObjectName(target.mid(dot + 1));
         const QString value = procedure == u"sp_bindefault"
                                   ? m_defaults.value(arguments.value(0).toLower())
                                   : QString();
-        if (EngineTarget() == Target::PostgreSQL)
-            Run(QStringLiteral("ALTER TABLE %1 ALTER COLUMN %2 %3")
-                    .arg(table, column,
-                         value.isEmpty() ? QStringLiteral("DROP DEFAULT")
-                                         : QStringLiteral("SET DEFAULT ") + value));
-        else
-            Rebuilder(table).ChangeDefault(column, value);
+        m_dialect->ChangeDefault(table, column, value);
         return true;
     }
     if (procedure == u"sp_indexes_rowset") {
@@ -623,30 +442,13 @@ bool TsqlSession::RunProcedure(const Tokens& statement, ado::ResultSink& sink) {
         // name of an index made by CREATE INDEX (EngineIndexName); it is answered by that name.
         const QString table = arguments.value(0);
         const QString index = arguments.value(1);
-        const QString schema = EngineSchemaOf(table);
-        const QString sql =
-            EngineTarget() == Target::SQLite
-                ? QStringLiteral("SELECT tbl_name AS TABLE_NAME, ifnull(%2, name) AS INDEX_NAME "
-                                 "FROM ") +
-                      (schema.isEmpty() ? QStringLiteral("main.") : schema) +
-                      QStringLiteral("sqlite_master WHERE type = 'index' AND tbl_name = %1 "
-                                     "COLLATE NOCASE AND (%2 IS NULL OR name = %2 COLLATE NOCASE "
-                                     "OR name = %3 COLLATE NOCASE)")
-                : QStringLiteral("SELECT CAST(tablename AS text) AS TABLE_NAME, "
-                                 "CAST(COALESCE(%2, indexname) AS text) AS INDEX_NAME FROM "
-                                 "pg_indexes WHERE schemaname = current_schema() AND tablename = "
-                                 "lower(%1) AND (%2 IS NULL OR indexname = lower(%2) OR indexname "
-                                 "= lower(%3))");
         const QString bare = table.section(u'.', -1);
         CountingSink counting(sink, m_noCount);
-        try {
-            m_inner->Execute(sql.arg(SqlString(bare),
-                                     index.isEmpty() ? QStringLiteral("NULL") : SqlString(index),
-                                     SqlString(EngineIndexName(bare, index))),
-                             counting, 0);
-        } catch (const ado::AdoError& error) {
-            throw MappedError(error, EngineTarget());
-        }
+        ExecuteMapped(m_dialect->IndexesQuery(m_dialect->IndexSchemaOf(table))
+                          .arg(SqlString(bare),
+                               index.isEmpty() ? QStringLiteral("NULL") : SqlString(index),
+                               SqlString(EngineIndexName(bare, index))),
+                      counting, 0);
         return true;
     }
     if (procedure == u"sp_rename" &&
@@ -654,49 +456,23 @@ bool TsqlSession::RunProcedure(const Tokens& statement, ado::ResultSink& sink) {
         const QString old = arguments.value(0);
         const int dot = old.lastIndexOf(u'.');
         Run(QStringLiteral("ALTER TABLE %1 RENAME COLUMN %2 TO %3")
-                .arg(EngineName(old.left(dot)), EngineName(old.mid(dot + 1)),
-                     EngineName(arguments.value(1))));
+                .arg(EngineObjectName(old.left(dot)), EngineObjectName(old.mid(dot + 1)),
+                     EngineObjectName(arguments.value(1))));
         return true;
     }
     ThrowUnsupported(statement[last].text);
 }
 
-// CREATE/DROP/ALTER DATABASE: PostgreSQL schemas or SQLite files in the server folder.
+// CREATE/DROP/ALTER DATABASE: what a database is belongs to the dialect.
 bool TsqlSession::RunDatabaseStatement(const Tokens& statement) {
     if (statement.size() < 3 || !statement[1].IsWord(u"DATABASE")) return false;
     const QString database = statement[2].text;
-    const bool postgres = EngineTarget() == Target::PostgreSQL;
     if (statement.front().IsWord(u"CREATE")) {
-        if (postgres) {
-            Run(QStringLiteral("CREATE SCHEMA \"%1\"").arg(database.toLower()));
-        } else {
-            QFile file(QDir(ServerFolder()).filePath(database + QStringLiteral(".sqlite")));
-            if (file.exists())
-                ThrowStatementError(QStringLiteral("Database '%1' already exists.").arg(database),
-                                    1801);
-            if (!file.open(QIODevice::WriteOnly))
-                ThrowStatementError(QStringLiteral("Could not create database '%1'.").arg(database),
-                                    1802);
-        }
+        m_dialect->CreateDatabase(database);
         return true;
     }
     if (statement.front().IsWord(u"DROP")) {
-        if (postgres) {
-            Run(QStringLiteral("DROP SCHEMA \"%1\" CASCADE").arg(database.toLower()));
-        } else {
-            for (const QString& alias :
-                 {database.toLower(), database.toLower() + QStringLiteral("_locks")}) {
-                if (m_attached.removeAll(alias) > 0)
-                    Run(QStringLiteral("DETACH DATABASE \"%1\"").arg(alias));
-            }
-            QFile::remove(
-                QDir(ServerFolder()).filePath(database + QStringLiteral(".locks.sqlite")));
-            if (!QFile::remove(QDir(ServerFolder()).filePath(database + QStringLiteral(".sqlite"))))
-                ThrowStatementError(
-                    QStringLiteral("Cannot drop the database '%1', because it does not exist.")
-                        .arg(database),
-                    3701);
-        }
+        m_dialect->DropDatabase(database);
         return true;
     }
     if (statement.front().IsWord(u"ALTER"))
@@ -716,7 +492,7 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
     }
     if (StartsWith(statement, {u"DROP", u"INDEX"}) && statement.size() >= 5 &&
         statement[3].IsSymbol(u".")) {
-        Run(QStringLiteral("DROP INDEX ") + EngineSchemaOf(statement[2].text) +
+        Run(QStringLiteral("DROP INDEX ") + m_dialect->IndexSchemaOf(statement[2].text) +
             EngineIndexName(statement[2].text, statement[4].text));
         return true;
     }
@@ -724,56 +500,12 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
         const QString table = TsqlTranslator(Context())
                                   .Expression(Tokens(statement.begin() + 2, statement.end()))
                                   .trimmed();
-        if (EngineTarget() == Target::PostgreSQL) {
-            Run(QStringLiteral("TRUNCATE TABLE ") + table + QStringLiteral(" RESTART IDENTITY"));
-        } else {
-            Run(QStringLiteral("DELETE FROM ") + table);
-            if (!IdentityColumn(table).isEmpty()) Reseed(table, 0);
-        }
+        Run(m_dialect->TruncateSql(table));
+        if (!m_dialect->TruncateRestartsIdentity() && !IdentityColumn(table).isEmpty())
+            Reseed(table, 0);
         return true;
     }
-    // SQLite cannot add a primary key to a table: a unique index of that name stands for it.
-    if (EngineTarget() == Target::SQLite && StartsWith(statement, {u"ALTER", u"TABLE"}) &&
-        statement.size() >= 8 && statement[3].IsWord(u"ADD") &&
-        statement[4].IsWord(u"CONSTRAINT") && statement[6].IsWord(u"PRIMARY")) {
-        size_t open = 7;
-        while (open < statement.size() && !statement[open].IsSymbol(u"("))
-            ++open;
-        size_t close = open;
-        while (close < statement.size() && !statement[close].IsSymbol(u")"))
-            ++close;
-        Run(QStringLiteral("CREATE UNIQUE INDEX %1%2 ON %3 (%4)")
-                .arg(EngineSchemaOf(statement[2].text), statement[5].text,
-                     EngineName(statement[2].text).section(u'.', -1),
-                     Arguments(statement, open + 1, close).join(QStringLiteral(", "))));
-        return true;
-    }
-    if (EngineTarget() == Target::SQLite && StartsWith(statement, {u"ALTER", u"TABLE"}) &&
-        statement.size() > 6 && statement[3].IsWord(u"ALTER") && statement[4].IsWord(u"COLUMN")) {
-        Rebuilder(EngineName(statement[2].text))
-            .ChangeType(statement[5].text,
-                        TokensToSql(Tokens(statement.begin() + 6, statement.end())).trimmed());
-        return true;
-    }
-    if (EngineTarget() == Target::SQLite && StartsWith(statement, {u"ALTER", u"TABLE"}) &&
-        statement.size() == 6 && statement[3].IsWord(u"DROP") &&
-        statement[4].IsWord(u"CONSTRAINT")) {
-        Run(QStringLiteral("DROP INDEX ") + EngineSchemaOf(statement[2].text) + statement[5].text);
-        return true;
-    }
-    return false;
-}
-
-SqliteTableRebuild TsqlSession::Rebuilder(const QString& table) {
-    const int dot = table.lastIndexOf(u'.');
-    auto run = [this](const QString& sql) {
-        QStringList values;
-        for (const auto& row : Query(sql))
-            values << (row.at(0).IsNull() ? QString() : row.at(0).ToInvariantString());
-        return values;
-    };
-    return SqliteTableRebuild(run, dot < 0 ? QStringLiteral("main") : table.left(dot),
-                              table.mid(dot + 1));
+    return m_dialect->RunDefinition(statement);
 }
 
 void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
@@ -781,66 +513,58 @@ void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
     const Translation translation = TsqlTranslator(Context()).Translate(statement);
     if (m_tranCount > 0) {
         for (const QString& table : translation.exclusiveTables)
-            Run(EngineTarget() == Target::PostgreSQL
-                    ? QStringLiteral("LOCK TABLE %1 IN ACCESS EXCLUSIVE MODE").arg(table)
-                    // a write that changes nothing takes SQLite's write lock for the transaction
-                    : QStringLiteral("DELETE FROM %1 WHERE 0").arg(table));
+            Run(m_dialect->ExclusiveLockSql(table));
     }
     if (statement.front().IsWord(u"INSERT")) {
         const size_t name = statement.size() > 1 && statement[1].IsWord(u"INTO") ? 2 : 1;
-        RunInsert(translation.sql, EngineName(QualifiedNameAt(statement, name)), sink,
+        RunInsert(translation.sql, EngineObjectName(QualifiedNameAt(statement, name)), sink,
                   timeoutSeconds);
         return;
     }
     CountingSink counting(sink, m_noCount);
-    try {
-        m_inner->Execute(translation.sql, counting, timeoutSeconds);
-    } catch (const ado::AdoError& error) {
-        throw MappedError(error, EngineTarget());
-    }
+    ExecuteMapped(translation.sql, counting, timeoutSeconds);
     m_rowCount = counting.rows;
     // CREATE TABLE t (... IDENTITY(s, 1)): the next identity is s.
     if (translation.identityStart && statement.size() > 2 && statement[0].IsWord(u"CREATE"))
-        Reseed(EngineName(QualifiedNameAt(statement, 2)), *translation.identityStart - 1);
+        Reseed(EngineObjectName(QualifiedNameAt(statement, 2)), *translation.identityStart - 1);
 }
 
-// An INSERT also sets @@IDENTITY when its table has an identity column.
+// An INSERT also sets @@IDENTITY when its table has an identity column: from the INSERT
+// itself where the engine can answer it, else from the engine's last identity.
 void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::ResultSink& sink,
                             int timeoutSeconds) {
     const QString column = IdentityColumn(table);
-    try {
-        if (EngineTarget() == Target::PostgreSQL && !column.isEmpty()) {
-            RowsSink rows;
-            m_inner->Execute(sql + QStringLiteral(" RETURNING ") + column, rows, timeoutSeconds);
-            m_rowCount = static_cast<std::int64_t>(rows.rows.size());
-            if (!rows.rows.empty())
-                m_identity = static_cast<std::int64_t>(rows.rows.back().at(0).ToDouble());
-            if (!m_noCount) sink.RowsAffected(m_rowCount);
-            return;
-        }
-        CountingSink counting(sink, m_noCount);
-        m_inner->Execute(sql, counting, timeoutSeconds);
-        m_rowCount = counting.rows;
-    } catch (const ado::AdoError& error) {
-        throw MappedError(error, EngineTarget());
+    const QString returning =
+        column.isEmpty() ? QString() : m_dialect->InsertReturningIdentity(sql, column);
+    if (!returning.isEmpty()) {
+        RowsSink rows;
+        ExecuteMapped(returning, rows, timeoutSeconds);
+        m_rowCount = static_cast<std::int64_t>(rows.rows.size());
+        if (!rows.rows.empty())
+            m_identity = static_cast<std::int64_t>(rows.rows.back().at(0).ToDouble());
+        if (!m_noCount) sink.RowsAffected(m_rowCount);
+        return;
     }
-    if (EngineTarget() == Target::SQLite && !column.isEmpty() && m_rowCount > 0)
-        m_identity = static_cast<std::int64_t>(
-            Query(QStringLiteral("SELECT last_insert_rowid()")).at(0).at(0).ToDouble());
+    CountingSink counting(sink, m_noCount);
+    ExecuteMapped(sql, counting, timeoutSeconds);
+    m_rowCount = counting.rows;
+    if (!column.isEmpty() && m_rowCount > 0)
+        m_identity =
+            static_cast<std::int64_t>(Query(m_dialect->LastIdentitySql()).at(0).at(0).ToDouble());
+}
+
+void TsqlSession::ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds) {
+    try {
+        m_inner->Execute(sql, sink, timeoutSeconds);
+    } catch (const ado::AdoError& error) {
+        throw m_dialect->MapError(error);
+    }
 }
 
 std::vector<std::vector<Variant>> TsqlSession::Query(const QString& sql) {
     RowsSink rows;
-    try {
-        m_inner->Execute(sql, rows, 0);
-    } catch (const ado::AdoError& error) {
-        throw MappedError(error, EngineTarget());
-    }
+    ExecuteMapped(sql, rows, 0);
     return std::move(rows.rows);
-}
-
-void TsqlSession::Run(const QString& sql) {
-    Query(sql);
 }
 
 } // namespace zlx::tsql

@@ -6,7 +6,7 @@
 
 #include "platform/engines/Driver.h"
 #include "platform/engines/WorkerExecution.h"
-#include "platform/tsql/SqliteTableRebuild.h"
+#include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/tsql/TsqlTranslator.h"
 
@@ -16,8 +16,9 @@
 
 namespace zlx::tsql {
 
-class TsqlSession : public ado::Driver {
+class TsqlSession : public ado::Driver, private EngineAccess {
 public:
+    // `inner` must speak an engine's dialect (not T-SQL itself): see OpenTsqlSession.
     explicit TsqlSession(ado::DriverPtr inner);
 
     ado::SqlDialect Dialect() const override { return ado::SqlDialect::SqlServer; }
@@ -41,6 +42,7 @@ public:
     }
 
     void UseDatabase(const QString& database) override;
+    // Also what the dialect asks (EngineAccess).
     QString CurrentDatabase() const override { return m_inner->CurrentDatabase(); }
 
     // ADO's BeginTrans/CommitTrans/RollbackTrans count like the T-SQL statements.
@@ -64,12 +66,8 @@ public:
     QString Language() const { return m_language; }
 
 private:
-    Target EngineTarget() const;
     TranslationContext Context();
     QString GlobalValue(const QString& name) const;
-    QString DatabaseAlias(const QString& database);
-    QString LocksSchema(const QString& database);
-    void RequireDatabaseFile(const QString& database) const;
     void Prepare();
     bool IsTextColumn(const QString& column);
     void RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds);
@@ -88,19 +86,18 @@ private:
     void RunInsert(const QString& sql, const QString& table, ado::ResultSink& sink,
                    int timeoutSeconds);
 
-    // Runs engine SQL and answers its rows; errors come back mapped.
-    std::vector<std::vector<Variant>> Query(const QString& sql);
-    void Run(const QString& sql);
-    QString EngineName(const QString& tsqlName);
-    QString EngineSchemaOf(const QString& tsqlTable);
-    SqliteTableRebuild Rebuilder(const QString& table);
+    // What the dialect asks of the session.
+    std::vector<std::vector<Variant>> Query(const QString& sql) override;
+    QString ConnectTarget() const override { return m_params.target; }
+    QString EngineObjectName(const QString& tsqlName) override;
+
+    // Runs engine SQL for a statement, its errors mapped.
+    void ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds);
     QString IdentityColumn(const QString& table);
-    QString FindIdentityColumn(const QString& table);
     void Reseed(const QString& table, std::optional<std::int64_t> seed);
-    void RefreshCatalog(const QString& batch);
-    QString ServerFolder() const;
 
     ado::DriverPtr m_inner;
+    std::unique_ptr<EngineDialect> m_dialect;
     ado::ConnectParams m_params;
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};
@@ -113,8 +110,11 @@ private:
     QString m_dateFormat = QStringLiteral("mdy");
     int m_dateFirst = 7;
     QString m_language = QStringLiteral("us_english");
-    QStringList m_attached;
     QHash<QString, QString> m_defaults; // CREATE DEFAULT name -> value
 };
+
+// The driver that runs T-SQL on `native`'s engine: a session over it, or the driver itself
+// when its engine speaks T-SQL (a real SQL Server).
+ado::DriverPtr OpenTsqlSession(ado::DriverPtr native);
 
 } // namespace zlx::tsql

@@ -1,7 +1,7 @@
 #pragma once
-// Rewrites one T-SQL statement into the SQL of SQLite or PostgreSQL: TOP, db..table, [names],
-// isnull, GetDate, the CAST/FLOOR/DATEPART/RIGHT/RTRIM date forms, string "+", LIKE, date
-// literals, DEFAULT in VALUES and SET, table hints, IDENTITY and AUTOINCREMENT columns,
+// Rewrites one T-SQL statement into the SQL of an engine (spelled by its EngineDialect): TOP,
+// db..table, [names], isnull, GetDate, the CAST/FLOOR/DATEPART/RIGHT/RTRIM date forms, string "+",
+// LIKE, date literals, DEFAULT in VALUES and SET, table hints, IDENTITY and AUTOINCREMENT columns,
 // @@ variables, ServerProperty, object_id and the SQL Server catalog tables.
 
 #include "platform/tsql/TsqlToken.h"
@@ -13,12 +13,12 @@
 
 namespace zlx::tsql {
 
-enum class Target { SQLite, PostgreSQL };
+class EngineDialect;
 
 // What the translator asks of the session it works for.
 struct TranslationContext {
-    Target target = Target::SQLite;
-    bool dayMonthYear = true; // SET DATEFORMAT dmy
+    const EngineDialect* dialect = nullptr; // the engine's spellings; required
+    bool dayMonthYear = true;               // SET DATEFORMAT dmy
     // A Jet database file: the date numbered 0 is 1899-12-30 (SQL Server's is 1900-01-01).
     bool jetDates = false;
     // The literal that stands for a @@ variable ("@@IDENTITY" -> "12"); empty: unsupported.

@@ -2,6 +2,8 @@
 #include "QtPrinters.h"
 #include "platform/engines/AdoError.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/PostgresDialect.h"
+#include "platform/tsql/SqliteDialect.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TsqlTranslator.h"
 
@@ -11,9 +13,17 @@ using namespace zlx::tsql;
 
 namespace {
 
+enum class Target { SQLite, PostgreSQL };
+
+const EngineDialect& DialectOf(Target target) {
+    static const SqliteDialect sqlite;
+    static const PostgresDialect postgres;
+    return target == Target::SQLite ? static_cast<const EngineDialect&>(sqlite) : postgres;
+}
+
 TranslationContext Context(Target target) {
     TranslationContext context;
-    context.target = target;
+    context.dialect = &DialectOf(target);
     context.globalValue = [](const QString& name) {
         if (name == u"@@IDENTITY") return QStringLiteral("41");
         if (name == u"@@ROWCOUNT") return QStringLiteral("3");

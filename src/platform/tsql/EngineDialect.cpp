@@ -1,0 +1,71 @@
+#include "platform/tsql/EngineDialect.h"
+
+#include "platform/engines/Driver.h"
+#include "platform/tsql/PostgresDialect.h"
+#include "platform/tsql/SqliteDialect.h"
+#include "platform/variant/ZlxAssert.h"
+
+namespace zlx::tsql {
+
+std::unique_ptr<EngineDialect> EngineDialect::For(const ado::Driver& driver, EngineAccess* access) {
+    switch (driver.Dialect()) {
+    case ado::SqlDialect::SQLite:
+        return std::make_unique<SqliteDialect>(access);
+    case ado::SqlDialect::PostgreSQL:
+        return std::make_unique<PostgresDialect>(access);
+    case ado::SqlDialect::SqlServer:
+        break;
+    }
+    return nullptr;
+}
+
+EngineAccess& EngineDialect::Access() const {
+    ZLX_ASSERT(m_access, "a dialect made for spelling alone does no session work");
+    return *m_access;
+}
+
+QString EngineDialect::QuoteName(const QString& name) const {
+    return u'"' + QString(name).replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+const FunctionSpelling* EngineDialect::FindFunction(const QString& name) const {
+    for (const FunctionSpelling& function : Functions()) {
+        if (name.compare(QLatin1StringView(function.name), Qt::CaseInsensitive) == 0)
+            return &function;
+    }
+    return nullptr;
+}
+
+QString EngineDialect::IndexSchemaOf(const QString& tsqlTable) const {
+    if (!SchemaOnIndexName()) return QString();
+    const QString name = Access().EngineObjectName(tsqlTable);
+    const qsizetype dot = name.lastIndexOf(u'.');
+    return dot < 0 ? QString() : name.left(dot + 1);
+}
+
+ado::AdoError EngineDialect::MapError(const ado::AdoError& error) const {
+    std::vector<ado::ErrorRecord> records;
+    for (const ado::ErrorRecord& record : error.Records())
+        records.push_back(MapRecord(record));
+    return ado::AdoError(error.Number(), error.Description(), std::move(records));
+}
+
+QString SqlString(const QString& value) {
+    return u'\'' + QString(value).replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+QString FillPattern(const char* pattern, const QStringList& arguments) {
+    const QString text = QString::fromUtf8(pattern);
+    QString out;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'%' && i + 1 < text.size() && text[i + 1].isDigit()) {
+            out += arguments.value(text[i + 1].digitValue() - 1);
+            ++i;
+        } else {
+            out += text[i];
+        }
+    }
+    return out;
+}
+
+} // namespace zlx::tsql

@@ -1,0 +1,167 @@
+#pragma once
+// Everything that differs between the engines the T-SQL layer runs on, in one class per
+// engine: how a construct is spelled (functions, types, identity columns, collation), the
+// catalog views, the statements that need more than a translation (databases, defaults,
+// identity counters, locks) and the mapping of the engine's errors. TsqlTranslator and
+// TsqlSession ask their dialect and hold no engine branches; a new engine is a new subclass.
+
+#include "platform/engines/AdoError.h"
+#include "platform/tsql/TsqlToken.h"
+#include "platform/variant/Variant.h"
+
+#include <QStringList>
+#include <memory>
+#include <optional>
+#include <span>
+
+namespace zlx::ado {
+class Driver;
+}
+
+namespace zlx::tsql {
+
+// What a dialect may ask of the session it works for.
+class EngineAccess {
+public:
+    virtual ~EngineAccess() = default;
+    // Runs engine SQL and answers its rows; errors come back mapped.
+    virtual std::vector<std::vector<Variant>> Query(const QString& sql) = 0;
+    void Run(const QString& sql) { Query(sql); }
+    virtual QString CurrentDatabase() const = 0;
+    // What the connection was opened on: a folder or file for SQLite, a conninfo...
+    virtual QString ConnectTarget() const = 0;
+    // The engine's spelling of a T-SQL object name such as "db..t" or "[t]".
+    virtual QString EngineObjectName(const QString& tsqlName) = 0;
+};
+
+// A T-SQL function whose engine spelling is a pattern over its arguments (%1, %2...).
+struct FunctionSpelling {
+    const char* name;
+    int arguments;
+    // Only a call with exactly `arguments` arguments is rewritten; others stay as written.
+    bool exact;
+    const char* pattern;
+};
+
+// How an IDENTITY(seed, step) column is written; `text` empty: not supported.
+struct IdentitySpelling {
+    QString text;
+    bool integerKey = false; // the column's integer type becomes INTEGER (SQLite's row id)
+    std::optional<std::int64_t> start; // the session sets the counter after CREATE TABLE
+};
+
+// DATEPART's units, named as T-SQL's long forms.
+enum class DateUnit { Year, Month, Day, Hour, Minute, Second };
+
+class EngineDialect {
+public:
+    virtual ~EngineDialect() = default;
+
+    // The dialect for the statements a driver's engine runs; nullptr when it speaks T-SQL
+    // itself (a real SQL Server), which needs no session.
+    static std::unique_ptr<EngineDialect> For(const ado::Driver& driver, EngineAccess* access);
+
+    // --- Spelling: what the translator asks. ---
+    // A quoted name as the engine keeps it.
+    virtual QString QuoteName(const QString& name) const;
+    // The engine's spelling of a function call, nullptr when it stays as written.
+    const FunctionSpelling* FindFunction(const QString& name) const;
+    virtual QString DatePart(DateUnit unit, const QString& value) const = 0;
+    // CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME): x's date at midnight.
+    virtual QString DateOnly(const QString& value) const = 0;
+    // The engine's type for CAST(x AS type), type in upper case; empty: not supported.
+    virtual QString CastType(const QString& type) const = 0;
+    // The engine's type for a column declared `type` in CREATE/ALTER TABLE; empty: as written.
+    virtual QString ColumnType(const QString&) const { return {}; }
+    // Appended to text columns so that they compare without regard to case.
+    virtual QString CaseInsensitiveCollation() const = 0;
+    virtual IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const = 0;
+    // Jet's AUTOINCREMENT type; MarksAutoincrementKey: the column's PRIMARY KEY is marked too.
+    virtual QString Autoincrement() const = 0;
+    virtual bool MarksAutoincrementKey() const { return false; }
+    // LIKE's engine operator and what follows its pattern; empty: LIKE as written.
+    virtual QString LikeOperator() const { return {}; }
+    virtual QString PatternSuffix() const { return {}; }
+    // Whether DEFAULT may stand for a value in VALUES and SET lists.
+    virtual bool HasDefaultValues() const { return true; }
+    // ALTER COLUMN c <word> type; empty: as written.
+    virtual QString AlterColumnTypeWord() const { return {}; }
+    // Whether an index of a table in another database names the schema on the index (SQLite)
+    // rather than on the table.
+    virtual bool SchemaOnIndexName() const { return false; }
+
+    // --- The session's work on the engine. ---
+    virtual QStringList CatalogStatements(const QString& applicationName) = 0;
+    // The session switched to another database (USE).
+    virtual void DatabaseChanged() {}
+    // Brings the catalog views up to date for a batch that reads them.
+    virtual void RefreshCatalog(const QString& batch) { (void)batch; }
+    // A Jet database file: the date numbered 0 is 1899-12-30.
+    virtual bool JetDates() const { return false; }
+    // The engine's name for a database named in db..table.
+    virtual QString DatabaseAlias(const QString& database) = 0;
+    // Whether the `locks` tables live apart, and the schema that holds `database`'s.
+    virtual bool KeepsLocksApart() const { return false; }
+    virtual QString LocksSchema(const QString& database) { return database; }
+    // The default expression of a column, for dialects without DEFAULT in VALUES and SET.
+    virtual QString ColumnDefault(const QString& table, const QString& column) {
+        (void)table, (void)column;
+        return {};
+    }
+    // SQL counting the text columns named `column` (a quoted string) in the database.
+    virtual QString TextColumnCount(const QString& column) const = 0;
+    // Whether a statement refused before reaching the engine leaves its transaction open.
+    virtual bool RefusalKeepsTransaction() const { return false; }
+
+    virtual void CreateDatabase(const QString& database) = 0;
+    virtual void DropDatabase(const QString& database) = 0;
+    // sp_bindefault and sp_unbindefault (empty value) on an engine table and column.
+    virtual void ChangeDefault(const QString& table, const QString& column,
+                               const QString& value) = 0;
+    // sp_indexes_rowset: %1 the table, %2 the index or NULL, %3 its engine name.
+    virtual QString IndexesQuery(const QString& schema) const = 0;
+    // Definitions this engine handles itself; false: translate the statement.
+    virtual bool RunDefinition(const Tokens& statement) {
+        (void)statement;
+        return false;
+    }
+    // TRUNCATE TABLE; true when the identity counter starts again with it.
+    virtual QString TruncateSql(const QString& table) const = 0;
+    virtual bool TruncateRestartsIdentity() const { return false; }
+    // Takes the table's exclusive lock inside a transaction (WITH (TABLOCKX)).
+    virtual QString ExclusiveLockSql(const QString& table) const = 0;
+    // The INSERT that answers the new identity, or empty to ask LastIdentitySql() after it.
+    virtual QString InsertReturningIdentity(const QString& insert, const QString& column) const {
+        (void)insert, (void)column;
+        return {};
+    }
+    virtual QString LastIdentitySql() const { return {}; }
+    // The identity column of an engine table, "" when it has none.
+    virtual QString FindIdentityColumn(const QString& table) = 0;
+    // The next identity of the table's column becomes value + 1.
+    virtual void SetIdentity(const QString& table, const QString& column, std::int64_t value) = 0;
+    virtual QString ReindexSql(const QString& table) const = 0;
+    // The schema, written "x.", that an index of the T-SQL table must name ("" when the index
+    // goes with its table).
+    QString IndexSchemaOf(const QString& tsqlTable) const;
+
+    // The engine's error as SQL Server reports it (native number, SQLSTATE 08S01 for a lost
+    // link).
+    virtual ado::ErrorRecord MapRecord(const ado::ErrorRecord& record) const = 0;
+    ado::AdoError MapError(const ado::AdoError& error) const;
+
+protected:
+    explicit EngineDialect(EngineAccess* access) : m_access(access) {}
+    EngineAccess& Access() const;
+    virtual std::span<const FunctionSpelling> Functions() const = 0;
+
+private:
+    EngineAccess* m_access;
+};
+
+// A string literal of `value`.
+QString SqlString(const QString& value);
+// `pattern` with %1, %2... replaced by the arguments, in one pass.
+QString FillPattern(const char* pattern, const QStringList& arguments);
+
+} // namespace zlx::tsql

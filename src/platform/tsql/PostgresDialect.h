@@ -1,0 +1,45 @@
+#pragma once
+// PostgreSQL: a SQL Server database is a schema of the PostgreSQL database, text columns
+// compare under a case-insensitive ICU collation, identities are identity columns.
+
+#include "platform/tsql/EngineDialect.h"
+
+namespace zlx::tsql {
+
+class PostgresDialect : public EngineDialect {
+public:
+    explicit PostgresDialect(EngineAccess* access = nullptr) : EngineDialect(access) {}
+
+    QString QuoteName(const QString& name) const override;
+    QString DatePart(DateUnit unit, const QString& value) const override;
+    QString DateOnly(const QString& value) const override;
+    QString CastType(const QString& type) const override;
+    QString ColumnType(const QString& type) const override;
+    QString CaseInsensitiveCollation() const override;
+    IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
+    QString Autoincrement() const override;
+    QString LikeOperator() const override;
+    QString PatternSuffix() const override;
+    QString AlterColumnTypeWord() const override;
+
+    QStringList CatalogStatements(const QString& applicationName) override;
+    QString DatabaseAlias(const QString& database) override;
+    QString TextColumnCount(const QString& column) const override;
+    void CreateDatabase(const QString& database) override;
+    void DropDatabase(const QString& database) override;
+    void ChangeDefault(const QString& table, const QString& column, const QString& value) override;
+    QString IndexesQuery(const QString& schema) const override;
+    QString TruncateSql(const QString& table) const override;
+    bool TruncateRestartsIdentity() const override { return true; }
+    QString ExclusiveLockSql(const QString& table) const override;
+    QString InsertReturningIdentity(const QString& insert, const QString& column) const override;
+    QString FindIdentityColumn(const QString& table) override;
+    void SetIdentity(const QString& table, const QString& column, std::int64_t value) override;
+    QString ReindexSql(const QString& table) const override;
+    ado::ErrorRecord MapRecord(const ado::ErrorRecord& record) const override;
+
+protected:
+    std::span<const FunctionSpelling> Functions() const override;
+};
+
+} // namespace zlx::tsql

@@ -1,0 +1,385 @@
+#include "platform/tsql/SqliteDialect.h"
+
+#include "platform/engines/SqlServerErrors.h"
+#include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/SystemCatalog.h"
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TypeNames.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSysInfo>
+#include <map>
+
+namespace zlx::tsql {
+namespace {
+
+constexpr FunctionSpelling kFunctions[] = {
+    {"ISNULL", 2, false, "ifnull(%1, %2)"},
+    {"GETDATE", 0, false, "datetime('now', 'localtime')"},
+    {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
+    {"RIGHT", 2, true, "substr(%1, -(%2))"},
+    {"LEFT", 2, true, "substr(%1, 1, %2)"},
+    // Without regard to case, as the columns compare.
+    {"CHARINDEX", 2, true, "instr(lower(%2), lower(%1))"},
+};
+
+// Dates are ISO-8601 texts, so that they compare in order.
+constexpr TypeName kCastTypes[] = {
+    {"FLOAT", "REAL"},         {"REAL", "REAL"},        {"DATETIME", "TEXT"},
+    {"SMALLDATETIME", "TEXT"}, {"INT", "INTEGER"},      {"INTEGER", "INTEGER"},
+    {"BIGINT", "INTEGER"},     {"SMALLINT", "INTEGER"}, {"TINYINT", "INTEGER"},
+    {"MONEY", "NUMERIC"},
+};
+
+// clang-format off
+constexpr TypeRule kTypeRules[] = {
+    {"INT", 56, "4"}, {"INTEGER", 56, "4"}, {"SMALLINT", 52, "2"}, {"TINYINT", 48, "1"},
+    {"BIGINT", 127, "8"}, {"BIT", 104, "1"}, {"FLOAT", 62, "8"}, {"REAL", 59, "4"},
+    {"DATETIME", 61, "8"}, {"SMALLDATETIME", 58, "4"}, {"MONEY", 60, "8"},
+    {"DECIMAL%", 106, "p"}, {"NUMERIC%", 108, "p"}, {"NVARCHAR%", 231, "2n"}, {"VARCHAR%", 167, "n"},
+    {"NCHAR%", 239, "2n"}, {"CHAR%", 175, "n"}, {"NTEXT", 99, "16"}, {"TEXT", 35, "16"}, {"IMAGE", 34, "16"},
+};
+// clang-format on
+constexpr CatalogTypes kCatalogTypes{kTypeRules, "upper(%1)",
+                                     "CAST(substr(%1, instr(%1, '(') + 1) AS INTEGER)"};
+
+// SQLite's extended result codes that carry a meaning of their own here.
+constexpr int kSqliteConstraintPrimaryKey = 1555;
+constexpr int kSqliteConstraintUnique = 2067;
+constexpr int kSqliteBusy = 5;
+constexpr int kSqliteIoErr = 10;
+
+// The schema and bare name of an engine table name ("main" when it has no schema).
+std::pair<QString, QString> SchemaAndName(const QString& table) {
+    const int dot = table.lastIndexOf(u'.');
+    return {dot < 0 ? QStringLiteral("main") : table.left(dot), table.mid(dot + 1)};
+}
+
+bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words) {
+    size_t i = 0;
+    for (QStringView word : words) {
+        if (i >= statement.size() || !statement[i].IsWord(word)) return false;
+        ++i;
+    }
+    return true;
+}
+
+} // namespace
+
+std::span<const FunctionSpelling> SqliteDialect::Functions() const {
+    return kFunctions;
+}
+
+QString SqliteDialect::DatePart(DateUnit unit, const QString& value) const {
+    static const std::map<DateUnit, const char*> formats = {
+        {DateUnit::Year, "%Y"}, {DateUnit::Month, "%m"},  {DateUnit::Day, "%d"},
+        {DateUnit::Hour, "%H"}, {DateUnit::Minute, "%M"}, {DateUnit::Second, "%S"}};
+    return QStringLiteral("CAST(strftime('%1', %2) AS INTEGER)")
+        .arg(QLatin1StringView(formats.at(unit)), value);
+}
+
+QString SqliteDialect::DateOnly(const QString& value) const {
+    return QStringLiteral("datetime(date(%1))").arg(value);
+}
+
+QString SqliteDialect::CastType(const QString& type) const {
+    if (SizedTextType(type)) return QStringLiteral("TEXT");
+    if (type.startsWith(u"DECIMAL") || type.startsWith(u"NUMERIC"))
+        return QStringLiteral("NUMERIC");
+    return LookUpType(kCastTypes, type);
+}
+
+// Text columns compare without regard to case: the driver makes NOCASE fold every letter.
+QString SqliteDialect::CaseInsensitiveCollation() const {
+    return QStringLiteral("COLLATE NOCASE");
+}
+
+// Only an INTEGER PRIMARY KEY is an alias of the row id; SQLite counts by one only.
+IdentitySpelling SqliteDialect::Identity(std::int64_t seed, std::int64_t step) const {
+    if (step != 1) return {};
+    IdentitySpelling spelling{QStringLiteral("PRIMARY KEY AUTOINCREMENT"), true, std::nullopt};
+    if (seed != 1) spelling.start = seed;
+    return spelling;
+}
+
+QString SqliteDialect::Autoincrement() const {
+    return QStringLiteral("INTEGER");
+}
+
+ado::SqliteServerFolder SqliteDialect::Folder() const {
+    return ado::SqliteServerFolder(Access().ConnectTarget());
+}
+
+QStringList SqliteDialect::CatalogStatements(const QString&) {
+    return QStringList{
+               QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS sysdatabases (name TEXT COLLATE "
+                              "NOCASE, filename TEXT)"),
+               QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS sysprocesses (hostname TEXT "
+                              "COLLATE NOCASE, hostprocess INTEGER)"),
+           } +
+           ObjectViews(QString());
+}
+
+// Objects of the main file and, when given, of the database's attached `locks` file (their
+// ids moved past the main file's so that the two never meet).
+QStringList SqliteDialect::ObjectViews(const QString& locksSchema) const {
+    const auto objects = [](const QString& schema, int offset) {
+        return QStringLiteral("SELECT name COLLATE NOCASE AS name, rowid + %1 AS id, CASE type "
+                              "WHEN 'table' THEN 'U' WHEN 'view' THEN 'V' ELSE 'I' END AS xtype "
+                              "FROM \"%2\".sqlite_master WHERE name NOT LIKE 'sqlite_%'")
+            .arg(offset)
+            .arg(schema);
+    };
+    const auto columns = [](const QString& schema, int offset) {
+        return QStringLiteral("SELECT p.name COLLATE NOCASE AS name, m.rowid + %1 AS id, %2 AS "
+                              "xtype, %3 AS length FROM \"%4\".sqlite_master m, "
+                              "pragma_table_info(m.name, '%4') p WHERE m.type = 'table'")
+            .arg(offset)
+            .arg(XtypeExpression(kCatalogTypes, QStringLiteral("p.type")),
+                 LengthExpression(kCatalogTypes, QStringLiteral("p.type")), schema);
+    };
+    constexpr int kLocksIds = 1000000;
+    QString objectsView = objects(QStringLiteral("main"), 0);
+    QString columnsView = columns(QStringLiteral("main"), 0);
+    if (!locksSchema.isEmpty()) {
+        objectsView += QStringLiteral(" UNION ALL ") + objects(locksSchema, kLocksIds);
+        columnsView += QStringLiteral(" UNION ALL ") + columns(locksSchema, kLocksIds);
+    }
+    return {QStringLiteral("DROP VIEW IF EXISTS temp.sysobjects"),
+            QStringLiteral("CREATE TEMP VIEW sysobjects AS ") + objectsView,
+            QStringLiteral("DROP VIEW IF EXISTS temp.syscolumns"),
+            QStringLiteral("CREATE TEMP VIEW syscolumns AS ") + columnsView};
+}
+
+// sysdatabases and sysprocesses of a SQLite server are the folder's files and this
+// machine's processes, read when a statement asks for them.
+void SqliteDialect::RefreshCatalog(const QString& batch) {
+    EngineAccess& access = Access();
+    const bool objects = batch.contains(u"sysobjects", Qt::CaseInsensitive) ||
+                         batch.contains(u"syscolumns", Qt::CaseInsensitive) ||
+                         batch.contains(u"object_id", Qt::CaseInsensitive);
+    if (objects && Folder().IsFolder() &&
+        !ado::SqliteServerFolder::IsMaster(access.CurrentDatabase())) {
+        for (const QString& statement : ObjectViews(LocksSchema(QString())))
+            access.Run(statement);
+    }
+    if (batch.contains(u"sysdatabases", Qt::CaseInsensitive)) {
+        access.Run(QStringLiteral("DELETE FROM temp.sysdatabases"));
+        for (const auto& [name, file] : Folder().Databases())
+            access.Run(QStringLiteral("INSERT INTO temp.sysdatabases VALUES (%1, %2)")
+                           .arg(SqlString(name), SqlString(file)));
+    }
+    if (batch.contains(u"sysprocesses", Qt::CaseInsensitive)) {
+        access.Run(QStringLiteral("DELETE FROM temp.sysprocesses"));
+        const QString host = SqlString(QSysInfo::machineHostName());
+        for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
+            bool numeric = false;
+            const int pid = entry.toInt(&numeric);
+            if (numeric)
+                access.Run(QStringLiteral("INSERT INTO temp.sysprocesses VALUES (%1, %2)")
+                               .arg(host)
+                               .arg(pid));
+        }
+    }
+}
+
+// A name in another database of the server folder that has no file is an unknown object.
+void SqliteDialect::RequireDatabaseFile(const QString& database) const {
+    const ado::SqliteServerFolder folder = Folder();
+    if (!folder.IsFolder() || ado::SqliteServerFolder::IsMaster(database)) return;
+    if (!folder.HasDatabase(database))
+        ThrowStatementError(QStringLiteral("Invalid object name '%1..'.").arg(database),
+                            ado::kNativeInvalidObject, QStringLiteral("42S02"));
+}
+
+void SqliteDialect::Attach(const QString& file, const QString& alias) {
+    Access().Run(QStringLiteral("ATTACH DATABASE %1 AS \"%2\"").arg(SqlString(file), alias));
+    m_attached << alias;
+}
+
+// Another database of the server folder is reached by attaching its file.
+QString SqliteDialect::DatabaseAlias(const QString& database) {
+    if (database.compare(Access().CurrentDatabase(), Qt::CaseInsensitive) == 0)
+        return QStringLiteral("main");
+    const QString alias = database.toLower();
+    if (!m_attached.contains(alias)) {
+        RequireDatabaseFile(database);
+        Attach(Folder().DatabaseFile(database), alias);
+    }
+    return alias;
+}
+
+QString SqliteDialect::LocksSchema(const QString& database) {
+    const QString name = database.isEmpty() ? Access().CurrentDatabase() : database;
+    const QString alias = name.toLower() + QStringLiteral("_locks");
+    if (!m_attached.contains(alias)) {
+        RequireDatabaseFile(name);
+        const QString file = Folder().LocksFile(name);
+        QFile created(file);
+        if (!created.exists() &&
+            !created.open(QIODevice::WriteOnly)) // an empty file is an empty database
+            ThrowStatementError(QStringLiteral("Could not create '%1'.").arg(file), 5105);
+        Attach(file, alias);
+    }
+    return alias;
+}
+
+QString SqliteDialect::ColumnDefault(const QString& table, const QString& column) {
+    for (const auto& row : Access().Query(
+             QStringLiteral("SELECT dflt_value FROM pragma_table_info(%1) WHERE name = %2 COLLATE "
+                            "NOCASE")
+                 .arg(SqlString(table), SqlString(column))))
+        return row.at(0).IsNull() ? QString() : row.at(0).ToString();
+    return QString();
+}
+
+QString SqliteDialect::TextColumnCount(const QString& column) const {
+    return QStringLiteral("SELECT count(*) FROM main.sqlite_master m, pragma_table_info(m.name) "
+                          "p WHERE m.type IN ('table', 'view') AND p.name = %1 COLLATE NOCASE "
+                          "AND (upper(p.type) LIKE '%CHAR%' OR upper(p.type) LIKE '%TEXT%')")
+        .arg(column);
+}
+
+void SqliteDialect::CreateDatabase(const QString& database) {
+    QFile file(Folder().DatabaseFile(database));
+    if (file.exists())
+        ThrowStatementError(QStringLiteral("Database '%1' already exists.").arg(database), 1801);
+    if (!file.open(QIODevice::WriteOnly))
+        ThrowStatementError(QStringLiteral("Could not create database '%1'.").arg(database), 1802);
+}
+
+void SqliteDialect::DropDatabase(const QString& database) {
+    for (const QString& alias :
+         {database.toLower(), database.toLower() + QStringLiteral("_locks")}) {
+        if (m_attached.removeAll(alias) > 0)
+            Access().Run(QStringLiteral("DETACH DATABASE \"%1\"").arg(alias));
+    }
+    const ado::SqliteServerFolder folder = Folder();
+    QFile::remove(folder.LocksFile(database));
+    if (!QFile::remove(folder.DatabaseFile(database)))
+        ThrowStatementError(
+            QStringLiteral("Cannot drop the database '%1', because it does not exist.")
+                .arg(database),
+            3701);
+}
+
+SqliteTableRebuild SqliteDialect::Rebuilder(const QString& table) {
+    auto run = [this](const QString& sql) {
+        QStringList values;
+        for (const auto& row : Access().Query(sql))
+            values << (row.at(0).IsNull() ? QString() : row.at(0).ToInvariantString());
+        return values;
+    };
+    const auto [schema, name] = SchemaAndName(table);
+    return SqliteTableRebuild(run, schema, name);
+}
+
+void SqliteDialect::ChangeDefault(const QString& table, const QString& column,
+                                  const QString& value) {
+    Rebuilder(table).ChangeDefault(column, value);
+}
+
+QString SqliteDialect::IndexesQuery(const QString& schema) const {
+    return QStringLiteral("SELECT tbl_name AS TABLE_NAME, ifnull(%2, name) AS INDEX_NAME FROM ") +
+           (schema.isEmpty() ? QStringLiteral("main.") : schema) +
+           QStringLiteral("sqlite_master WHERE type = 'index' AND tbl_name = %1 COLLATE NOCASE "
+                          "AND (%2 IS NULL OR name = %2 COLLATE NOCASE OR name = %3 COLLATE "
+                          "NOCASE)");
+}
+
+// SQLite cannot add a primary key to a table (a unique index of that name stands for it),
+// nor change or drop a column's type or constraint in place.
+bool SqliteDialect::RunDefinition(const Tokens& statement) {
+    if (!StartsWith(statement, {u"ALTER", u"TABLE"})) return false;
+    EngineAccess& access = Access();
+    if (statement.size() >= 8 && statement[3].IsWord(u"ADD") &&
+        statement[4].IsWord(u"CONSTRAINT") && statement[6].IsWord(u"PRIMARY")) {
+        size_t open = 7;
+        while (open < statement.size() && !statement[open].IsSymbol(u"("))
+            ++open;
+        size_t close = open;
+        while (close < statement.size() && !statement[close].IsSymbol(u")"))
+            ++close;
+        access.Run(QStringLiteral("CREATE UNIQUE INDEX %1%2 ON %3 (%4)")
+                       .arg(IndexSchemaOf(statement[2].text), statement[5].text,
+                            access.EngineObjectName(statement[2].text).section(u'.', -1),
+                            ArgumentList(statement, open + 1, close).join(QStringLiteral(", "))));
+        return true;
+    }
+    if (statement.size() > 6 && statement[3].IsWord(u"ALTER") && statement[4].IsWord(u"COLUMN")) {
+        Rebuilder(access.EngineObjectName(statement[2].text))
+            .ChangeType(statement[5].text,
+                        TokensToSql(Tokens(statement.begin() + 6, statement.end())).trimmed());
+        return true;
+    }
+    if (statement.size() == 6 && statement[3].IsWord(u"DROP") &&
+        statement[4].IsWord(u"CONSTRAINT")) {
+        access.Run(QStringLiteral("DROP INDEX ") + IndexSchemaOf(statement[2].text) +
+                   statement[5].text);
+        return true;
+    }
+    return false;
+}
+
+QString SqliteDialect::TruncateSql(const QString& table) const {
+    return QStringLiteral("DELETE FROM ") + table;
+}
+
+// A write that changes nothing takes SQLite's write lock for the transaction.
+QString SqliteDialect::ExclusiveLockSql(const QString& table) const {
+    return QStringLiteral("DELETE FROM %1 WHERE 0").arg(table);
+}
+
+QString SqliteDialect::LastIdentitySql() const {
+    return QStringLiteral("SELECT last_insert_rowid()");
+}
+
+QString SqliteDialect::FindIdentityColumn(const QString& table) {
+    const auto [schema, bare] = SchemaAndName(table);
+    const auto definition = Access().Query(
+        QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table' AND name = %2 "
+                       "COLLATE NOCASE")
+            .arg(schema, SqlString(bare)));
+    if (definition.empty() ||
+        !definition[0][0].ToString().contains(u"AUTOINCREMENT", Qt::CaseInsensitive))
+        return QString();
+    const auto rows =
+        Access().Query(QStringLiteral("SELECT name FROM pragma_table_info(%1, %2) WHERE pk = 1")
+                           .arg(SqlString(bare), SqlString(schema)));
+    return rows.empty() ? QString() : rows[0][0].ToString();
+}
+
+void SqliteDialect::SetIdentity(const QString& table, const QString&, std::int64_t value) {
+    const auto [schema, bare] = SchemaAndName(table);
+    Access().Run(QStringLiteral("DELETE FROM %1.sqlite_sequence WHERE name = %2 COLLATE NOCASE")
+                     .arg(schema, SqlString(bare)));
+    Access().Run(QStringLiteral("INSERT INTO %1.sqlite_sequence (name, seq) VALUES (%2, %3)")
+                     .arg(schema, SqlString(bare))
+                     .arg(value));
+}
+
+QString SqliteDialect::ReindexSql(const QString& table) const {
+    return QStringLiteral("REINDEX ") + table;
+}
+
+ado::ErrorRecord SqliteDialect::MapRecord(const ado::ErrorRecord& record) const {
+    ado::ErrorRecord mapped = record;
+    const QString& text = record.description;
+    if (record.nativeError == kSqliteConstraintPrimaryKey)
+        mapped.nativeError = ado::kNativeDuplicateKey;
+    else if (record.nativeError == kSqliteConstraintUnique)
+        mapped.nativeError = ado::kNativeDuplicateIndexKey;
+    else if (text.contains(u"no such table"))
+        mapped.nativeError = ado::kNativeInvalidObject;
+    else if (text.contains(u"no such column"))
+        mapped.nativeError = ado::kNativeInvalidColumn;
+    else if ((record.nativeError & 0xff) == kSqliteBusy)
+        mapped.nativeError = ado::kNativeDeadlock;
+    if ((record.nativeError & 0xff) == kSqliteIoErr)
+        mapped.sqlState = QString::fromLatin1(ado::kSqlStateLinkLost);
+    return mapped;
+}
+
+} // namespace zlx::tsql

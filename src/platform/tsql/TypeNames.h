@@ -1,0 +1,25 @@
+#pragma once
+// SQL Server type names and an engine's spelling of them, kept by each dialect as a table.
+
+#include <QString>
+#include <optional>
+#include <span>
+
+namespace zlx::tsql {
+
+struct TypeName {
+    const char* tsql; // upper case
+    const char* engine;
+};
+
+// The engine's spelling of `type` (upper case), empty when the table has none.
+QString LookUpType(std::span<const TypeName> types, const QString& type);
+
+// CHAR(n), VARCHAR(n), NCHAR(n), NVARCHAR(n): a CHAR without a length is 30 characters.
+struct SizedText {
+    bool variable;
+    QString length;
+};
+std::optional<SizedText> SizedTextType(const QString& type);
+
+} // namespace zlx::tsql
