@@ -20,7 +20,7 @@ function(zlx_add_test name)
     endif()
     cmake_parse_arguments(ARG "" "" "SOURCES;DEPS;LABELS" ${ARGN})
     add_executable(test_${name} ${ARG_SOURCES})
-    target_link_libraries(test_${name} PRIVATE ${ARG_DEPS} GTest::gtest GTest::gtest_main)
+    target_link_libraries(test_${name} PRIVATE ${ARG_DEPS} zlx_test_support GTest::gtest GTest::gtest_main)
     target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
     add_test(NAME ${name} COMMAND test_${name})
     set_tests_properties(${name} PROPERTIES

@@ -1,65 +1,29 @@
 // The T-SQL session on a real engine: what SQL Server would answer, statement by statement.
+#include "EventText.h"
 #include "GoldenCorpus.h"
 #include "QtPrinters.h"
 #include "platform/engines/ErrorKinds.h"
 #include "platform/engines/PostgresDriver.h"
 #include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/TsqlSession.h"
+#include "support/EngineTest.h"
 
 #include <QDir>
 #include <QStringList>
-#include <QUuid>
 #include <gtest/gtest.h>
 
 using namespace zlx;
 using namespace zlx::tsql;
+using test::RecordingSink;
 
 namespace {
 
-// Writes every result event as one line of text.
-class RecordingSink : public ado::ResultSink {
-public:
-    void BeginRowset(const std::vector<ado::ColumnInfo>&) override {
-        events << QStringLiteral("rowset");
-    }
-    bool Row(std::vector<Variant>& values) override {
-        QStringList cells;
-        for (const Variant& value : values)
-            cells << (value.IsNull() ? QStringLiteral("NULL") : value.ToInvariantString());
-        events << QStringLiteral("row ") + cells.join(u'|');
-        return true;
-    }
-    void EndRowset() override { events << QStringLiteral("end"); }
-    void RowsAffected(std::int64_t count) override {
-        events << QStringLiteral("count %1").arg(count);
-    }
-    QStringList events;
-};
-
-QString TestFolder() {
-    const QString base = qEnvironmentVariable("ZLX_TEST_TMP", QDir::tempPath());
-    const QString folder =
-        QDir(base).filePath(QStringLiteral("tsql-") + QUuid::createUuid().toString(QUuid::Id128));
-    QDir().mkpath(folder);
-    return folder;
-}
-
-enum class Engine { SQLite, PostgreSQL };
-
-class SessionTest : public ::testing::TestWithParam<Engine> {
+class SessionTest : public test::EngineTest {
 protected:
     void SetUp() override {
-        if (Postgres()) {
-            m_server = qEnvironmentVariable("ZLX_TEST_PG");
-            if (m_server.isEmpty()) {
-                if (qEnvironmentVariable("ZLX_REQUIRE_PG") == u"1")
-                    FAIL() << "ZLX_TEST_PG is not set";
-                GTEST_SKIP() << "ZLX_TEST_PG is not set";
-            }
-            DropSchemas();
-        } else {
-            m_server = TestFolder();
-        }
+        EngineTest::SetUp();
+        if (Stopped()) return;
+        if (Postgres()) DropSchemas();
         m_session = Open(QStringLiteral("master"));
         Exec(QStringLiteral("IF NOT EXISTS (SELECT name FROM sysdatabases WHERE name = 'empresa') "
                             "CREATE DATABASE empresa"));
@@ -69,18 +33,13 @@ protected:
         Exec(QStringLiteral("ALTER TABLE clientes ADD Alta DATETIME NOT NULL DEFAULT '17530101'"));
         Exec(QStringLiteral("ALTER TABLE clientes ADD Activo INT NOT NULL DEFAULT 1"));
     }
-    void TearDown() override {
-        m_session.reset();
-        if (!Postgres() && !m_server.isEmpty()) QDir(m_server).removeRecursively();
-    }
-
-    bool Postgres() const { return GetParam() == Engine::PostgreSQL; }
+    void TearDown() override { m_session.reset(); }
 
     // Each test starts from a server without the databases the tests make.
     void DropSchemas() {
         ado::PostgresDriver driver;
         ado::ConnectParams params;
-        params.target = m_server;
+        params.target = Target();
         driver.Connect(params);
         RecordingSink sink;
         driver.Execute(
@@ -97,7 +56,7 @@ protected:
             driver = std::make_unique<ado::SqliteDriver>(ado::SqliteDriver::Layout::ServerFolder);
         auto session = std::make_unique<TsqlSession>(std::move(driver));
         ado::ConnectParams params;
-        params.target = m_server;
+        params.target = Target();
         params.defaultDatabase = database;
         session->Connect(params);
         return session;
@@ -116,6 +75,18 @@ protected:
         return QStringLiteral("<no row>");
     }
 
+    // The session's events for the batch, or "error <native number>" when it fails ("error"
+    // when the failure carries no SQL Server number).
+    QStringList Outcome(const QString& batch) {
+        try {
+            return Exec(batch);
+        } catch (const ado::AdoError& error) {
+            const std::int32_t native =
+                error.Records().empty() ? 0 : error.Records().front().nativeError;
+            return {native > 1 ? QStringLiteral("error %1").arg(native) : QStringLiteral("error")};
+        }
+    }
+
     std::int32_t NativeErrorOf(const QString& batch) {
         try {
             Exec(batch);
@@ -127,17 +98,12 @@ protected:
         return 0;
     }
 
-    QString m_server; // the SQLite server folder or the PostgreSQL conninfo
     std::unique_ptr<TsqlSession> m_session;
 };
 
 } // namespace
 
-INSTANTIATE_TEST_SUITE_P(Engines, SessionTest,
-                         ::testing::Values(Engine::SQLite, Engine::PostgreSQL),
-                         [](const ::testing::TestParamInfo<Engine>& info) {
-                             return info.param == Engine::SQLite ? "SQLite" : "PostgreSQL";
-                         });
+ZLX_ON_SERVER_ENGINES(SessionTest);
 
 TEST_P(SessionTest, InsertReportsItsIdentityAndNoCountHidesCounts) {
     EXPECT_EQ(
@@ -425,102 +391,22 @@ TEST_P(SessionTest, AlteredColumnsKeepRowsIndexesIdentityAndBoundDefaults) {
     EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes")), QStringLiteral("3"));
 }
 
-// Every statement of the corpus runs on the engine against tables made for it.
+// Every statement of the corpus runs on the engine, in order, against the tables made for it,
+// and answers what its file expects.
 TEST_P(SessionTest, GoldenStatementsRunOnTheEngine) {
-    const char* schema[] = {
-        "ALTER TABLE clientes ADD Flags INT NOT NULL DEFAULT 0",
-        "ALTER TABLE clientes ADD [Código] NVARCHAR(10) NULL",
-        "ALTER TABLE clientes ADD [Nombre Largo] NVARCHAR(60) NULL",
-        "ALTER TABLE clientes ADD codigo NVARCHAR(10) NULL",
-        "ALTER TABLE clientes ADD name NVARCHAR(10) NULL",
-        "ALTER TABLE clientes ADD Nota NVARCHAR(40) NULL",
-        "CREATE TABLE apuntes (zolmarID INT NOT NULL IDENTITY(1,1), Fecha DATETIME NULL, Alta "
-        "DATETIME NULL)",
-        "CREATE TABLE traducciones (zolmarID INT NOT NULL IDENTITY(1,1), texto NVARCHAR(500), "
-        "traduccion "
-        "NVARCHAR(500), revisar INT, idioma INT)",
-        "CREATE TABLE t (a INT, b INT, n INT)",
-        "CREATE TABLE u (b INT, c INT)",
-        "CREATE DATABASE grupo",
-        "ALTER TABLE clientes ADD Apellidos VARCHAR(40) NULL",
-        "CREATE TABLE antiguos (zolmarID INT NOT NULL IDENTITY(1,1))",
-        "CREATE DEFAULT DEFAULT_CHAR AS ''",
-        "CREATE DEFAULT DEFAULT_NUMERIC AS 0",
-        "CREATE DEFAULT DEFAULT_DATE AS '17530101'",
-    };
-    // The tables of the schema check, the blob store and the change log, made as the schema
-    // management makes them: the identity, its key, then each column with its shared default
-    // (their indexes come from the corpus).
-    struct Column {
-        const char* table;
-        const char* name;
-        const char* type;
-        const char* boundDefault;
-    };
-    const Column columns[] = {
-        {"diccionario", "tipo", "TINYINT", "DEFAULT_NUMERIC"},
-        {"diccionario", "tabla", "VARCHAR(30)", "DEFAULT_CHAR"},
-        {"diccionario", "campo", "VARCHAR(35)", "DEFAULT_CHAR"},
-        {"diccionario", "tipo_dato", "TINYINT", "DEFAULT_NUMERIC"},
-        {"diccionario", "ancho", "SMALLINT", "DEFAULT_NUMERIC"},
-        {"diccionario", "mascara", "VARCHAR(15)", "DEFAULT_CHAR"},
-        {"diccionario", "control", "TINYINT", "DEFAULT_NUMERIC"},
-        {"diccionario", "tooltip", "VARCHAR(50)", "DEFAULT_CHAR"},
-        {"idioma", "clave", "VARCHAR(50)", "DEFAULT_CHAR"},
-        {"idioma", "idioma", "INTEGER", "DEFAULT_NUMERIC"},
-        {"idioma", "tipo", "INTEGER", "DEFAULT_NUMERIC"},
-        {"idioma", "revisar", "TINYINT", "DEFAULT_NUMERIC"},
-        {"idioma", "texto", "VARCHAR(500)", "DEFAULT_CHAR"},
-        {"idioma", "traduccion", "VARCHAR(500)", "DEFAULT_CHAR"},
-        {"BLOBs", "tipo", "INTEGER", "DEFAULT_NUMERIC"},
-        {"BLOBs", "nombre", "VARCHAR(50)", "DEFAULT_CHAR"},
-        {"BLOBs", "Contenido", "IMAGE", nullptr},
-        {"LogFichas", "Fecha", "DATETIME", "DEFAULT_DATE"},
-        {"LogFichas", "ID_Usuario", "INTEGER", "DEFAULT_NUMERIC"},
-        {"LogFichas", "ID_Puesto", "INTEGER", "DEFAULT_NUMERIC"},
-        {"LogFichas", "Tabla", "VARCHAR(50)", "DEFAULT_CHAR"},
-        {"LogFichas", "ID_Ficha", "INTEGER", "DEFAULT_NUMERIC"},
-        {"LogFichas", "TipoOp", "TINYINT", "DEFAULT_NUMERIC"},
-        {"LogFichas", "Valores", "VARCHAR(7900)", "DEFAULT_CHAR"},
-    };
-    Exec(QStringLiteral("SET DATEFORMAT dmy"));
-    for (const char* sql : schema)
-        Exec(QString::fromUtf8(sql));
-    for (const char* table : {"diccionario", "idioma", "BLOBs", "LogFichas"}) {
-        Exec(QStringLiteral("CREATE TABLE %1 (zolmarID INT NOT NULL IDENTITY(1,1))").arg(table));
-        Exec(QStringLiteral("ALTER TABLE %1 ADD CONSTRAINT %1_PKEY_zolmarID PRIMARY KEY "
-                            "NONCLUSTERED (zolmarID) ON [PRIMARY]")
-                 .arg(table));
+    for (const QString& sql : test::GoldenTables())
+        Exec(sql);
+    for (const test::GoldenCase& golden : test::GoldenCorpus()) {
+        const QStringList expected = Postgres() ? golden.postgresResult : golden.sqliteResult;
+        const QStringList actual = Outcome(golden.tsql);
+        const bool matches =
+            expected.size() == actual.size() &&
+            std::equal(expected.begin(), expected.end(), actual.begin(), test::ResultLineMatches);
+        EXPECT_TRUE(matches) << golden.name.toStdString() << "\nexpected:\n"
+                             << expected.join(u'\n').toStdString() << "\nactual:\n"
+                             << actual.join(u'\n').toStdString();
     }
-    for (const Column& column : columns) {
-        Exec(
-            QStringLiteral("ALTER TABLE %1 ADD %2 %3").arg(column.table, column.name, column.type));
-        if (column.boundDefault)
-            Exec(QStringLiteral("EXEC sp_bindefault '%1', '%2.%3'")
-                     .arg(column.boundDefault, column.table, column.name));
-    }
-    for (const QString& database : {QStringLiteral("empresa.."), QStringLiteral("grupo..")})
-        Exec(QStringLiteral("CREATE TABLE %1locks (ZolmarID INT NOT NULL IDENTITY(1,1), tabla "
-                            "NVARCHAR(40), id_zolmar "
-                            "INT, maquina NVARCHAR(40), usr_windows NVARCHAR(40), usr_zolmar INT, "
-                            "pid INT, cuando "
-                            "DATETIME, tipo INT, subtipo NVARCHAR(10), ClientName NVARCHAR(60))")
-                 .arg(database));
-    Exec(QStringLiteral(
-        "INSERT INTO clientes (Nombre, Alta, Flags) VALUES ('Ana', '20240131 07:05:09', 4)"));
-    Exec(QStringLiteral(
-        "INSERT INTO apuntes (Fecha, Alta) VALUES ('20240131 07:05:09', '31/01/2024')"));
-
-    for (const Golden& golden : GoldenCorpus()) {
-        const QString sql = QString::fromUtf8(golden.tsql);
-        if (sql.startsWith(u"CREATE TABLE") || sql.startsWith(u"ALTER TABLE"))
-            continue; // definitions run in the tests that build tables
-        try {
-            Exec(sql);
-        } catch (const ado::AdoError& error) {
-            ADD_FAILURE() << golden.tsql << "\n" << error.what();
-        }
-    }
+    // What the statements left behind.
     EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM clientes")), QStringLiteral("4"));
     EXPECT_EQ(Value(QStringLiteral("SELECT count(*) FROM locks WHERE usr_zolmar = 2")),
               QStringLiteral("1"));
@@ -541,10 +427,10 @@ TEST_P(SessionTest, GoldenStatementsRunOnTheEngine) {
 }
 
 TEST(SingleFileSession, JetTablesNumberTheirRowsAndKeepLocksInTheSameFile) {
-    const QString folder = TestFolder();
+    const test::TemporaryFolder folder;
     TsqlSession session(std::make_unique<ado::SqliteDriver>(ado::SqliteDriver::Layout::SingleFile));
     ado::ConnectParams params;
-    params.target = QDir(folder).filePath(QStringLiteral("datos.mdb"));
+    params.target = folder.filePath(QStringLiteral("datos.mdb"));
     session.Connect(params);
     RecordingSink sink;
     session.Execute(QStringLiteral("CREATE TABLE articulos (zolmarID AUTOINCREMENT CONSTRAINT "
@@ -564,9 +450,8 @@ TEST(SingleFileSession, JetTablesNumberTheirRowsAndKeepLocksInTheSameFile) {
         inserts, 0);
     EXPECT_EQ(inserts.events,
               (QStringList{"count 1", "count 1", "count 1", "rowset", "row 2", "end"}));
-    EXPECT_TRUE(QDir(folder).entryList({QStringLiteral("*.sqlite")}).isEmpty());
+    EXPECT_TRUE(QDir(folder.path()).entryList({QStringLiteral("*.sqlite")}).isEmpty());
     session.Disconnect();
-    QDir(folder).removeRecursively();
 }
 
 TEST_P(SessionTest, TextColumnsCompareWithoutCaseAsOnSqlServer) {

@@ -51,24 +51,26 @@ TranslationContext Context(Target target) {
     return context;
 }
 
-QString Translated(const char* tsql, Target target) {
-    const auto statements = SplitBatch(Tokenize(QString::fromUtf8(tsql)));
-    EXPECT_EQ(statements.size(), 1u) << tsql;
+QString Translated(const QString& tsql, Target target) {
+    const auto statements = SplitBatch(Tokenize(tsql));
+    EXPECT_EQ(statements.size(), 1u) << tsql.toStdString();
     return TsqlTranslator(Context(target)).Translate(statements.front()).sql;
 }
 
 } // namespace
 
 TEST(TsqlTranslator, GoldenStatementsForSqlite) {
-    for (const Golden& golden : GoldenCorpus())
-        EXPECT_EQ(Translated(golden.tsql, Target::SQLite), QString::fromUtf8(golden.sqlite))
-            << golden.tsql;
+    ASSERT_GE(zlx::test::GoldenCorpus().size(), 104u); // the corpus is read
+    for (const zlx::test::GoldenCase& golden : zlx::test::GoldenCorpus())
+        EXPECT_EQ(Translated(golden.tsql, Target::SQLite), golden.sqlite)
+            << golden.name.toStdString();
 }
 
 TEST(TsqlTranslator, GoldenStatementsForPostgres) {
-    for (const Golden& golden : GoldenCorpus())
-        EXPECT_EQ(Translated(golden.tsql, Target::PostgreSQL), QString::fromUtf8(golden.postgres))
-            << golden.tsql;
+    ASSERT_GE(zlx::test::GoldenCorpus().size(), 104u);
+    for (const zlx::test::GoldenCase& golden : zlx::test::GoldenCorpus())
+        EXPECT_EQ(Translated(golden.tsql, Target::PostgreSQL), golden.postgres)
+            << golden.name.toStdString();
 }
 
 // A date column's default 0 is the date numbered 0: 1900-01-01 on SQL Server, 1899-12-30 in

@@ -1,0 +1,11 @@
+-- Cursor navigation and lookups.
+-- T-SQL
+SELECT count(*) AS cuantos FROM clientes WHERE Nombre LIKE 'A|%%' ESCAPE '|'
+-- SQLite
+SELECT count(*) AS cuantos FROM clientes WHERE Nombre LIKE 'A|%%' ESCAPE '|'
+-- PostgreSQL
+SELECT count(*) AS cuantos FROM clientes WHERE Nombre ILIKE 'A|%%' COLLATE "default" ESCAPE '|'
+-- result
+rowset
+row 0
+end

@@ -1,0 +1,15 @@
+-- Databases and locks.
+-- T-SQL
+SELECT * FROM syscolumns WHERE id = object_id('clientes') AND name='Nombre'
+-- SQLite
+SELECT * FROM syscolumns WHERE id = (SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = 'clientes') AND name='Nombre'
+-- PostgreSQL
+SELECT * FROM syscolumns WHERE id = CAST(CAST(to_regclass('clientes') AS oid) AS integer) AND name='Nombre'
+-- result on SQLite
+rowset
+row Nombre|{any}|231|80
+end
+-- result on PostgreSQL
+rowset
+row nombre|{any}|167|40
+end

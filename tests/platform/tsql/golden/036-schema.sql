@@ -1,0 +1,9 @@
+-- Schema management: tables, columns and their defaults, indexes, catalog lookups.
+-- T-SQL
+CREATE INDEX Nombre ON clientes(Nombre)
+-- SQLite
+CREATE INDEX clientes_Nombre ON clientes(Nombre)
+-- PostgreSQL
+CREATE INDEX clientes_Nombre ON clientes(Nombre)
+-- result
+count -1

@@ -1,0 +1,10 @@
+-- Definitions.
+-- T-SQL
+ALTER TABLE clientes ALTER COLUMN Nombre NVARCHAR(60)
+-- SQLite
+ALTER TABLE clientes ALTER COLUMN Nombre NVARCHAR(60) COLLATE NOCASE
+-- PostgreSQL
+ALTER TABLE clientes ALTER COLUMN Nombre TYPE varchar(60) COLLATE zlx_nocase
+-- result on SQLite
+-- result on PostgreSQL
+count -1

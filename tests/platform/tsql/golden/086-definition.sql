@@ -1,0 +1,10 @@
+-- Definitions.
+-- Run after the other statements, it fails on both engines: neither engine takes several columns in one ADD yet.
+-- T-SQL
+ALTER TABLE clientes ADD Nota NVARCHAR(40), Importe MONEY, Baja BIT
+-- SQLite
+ALTER TABLE clientes ADD Nota NVARCHAR(40) COLLATE NOCASE, Importe MONEY, Baja BIT
+-- PostgreSQL
+ALTER TABLE clientes ADD Nota varchar(40) COLLATE zlx_nocase, Importe numeric(19,4), Baja smallint
+-- result
+error

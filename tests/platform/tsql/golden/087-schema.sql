@@ -1,0 +1,10 @@
+-- Schema management: tables, columns and their defaults, indexes, catalog lookups.
+-- Run after the other statements, it fails on both engines: the table or column is already there.
+-- T-SQL
+ALTER TABLE diccionario ADD tipo TINYINT
+-- SQLite
+ALTER TABLE diccionario ADD tipo TINYINT
+-- PostgreSQL
+ALTER TABLE diccionario ADD tipo smallint
+-- result
+error

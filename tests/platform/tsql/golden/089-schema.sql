@@ -1,0 +1,10 @@
+-- Schema management: tables, columns and their defaults, indexes, catalog lookups.
+-- Run after the other statements, it fails on both engines: the table or column is already there.
+-- T-SQL
+ALTER TABLE idioma ADD idioma INTEGER
+-- SQLite
+ALTER TABLE idioma ADD idioma INTEGER
+-- PostgreSQL
+ALTER TABLE idioma ADD idioma INTEGER
+-- result
+error

@@ -1,0 +1,9 @@
+-- Schema management: tables, columns and their defaults, indexes, catalog lookups.
+-- T-SQL
+ALTER TABLE clientes ADD Serie CHAR(2) NOT NULL DEFAULT 'A'
+-- SQLite
+ALTER TABLE clientes ADD Serie CHAR(2) COLLATE NOCASE NOT NULL DEFAULT 'A'
+-- PostgreSQL
+ALTER TABLE clientes ADD Serie CHAR(2) COLLATE zlx_nocase NOT NULL DEFAULT 'A'
+-- result
+count -1

@@ -1,0 +1,9 @@
+-- Schema management: tables, columns and their defaults, indexes, catalog lookups.
+-- T-SQL
+ALTER TABLE clientes ADD Observaciones TEXT
+-- SQLite
+ALTER TABLE clientes ADD Observaciones TEXT COLLATE NOCASE
+-- PostgreSQL
+ALTER TABLE clientes ADD Observaciones TEXT COLLATE zlx_nocase
+-- result
+count -1

@@ -1,0 +1,10 @@
+-- Schema management: tables, columns and their defaults, indexes, catalog lookups.
+-- Run after the other statements, it fails on both engines: the table is not there.
+-- T-SQL
+ALTER TABLE articulos ADD Nombre VARCHAR(40) NOT NULL DEFAULT ''
+-- SQLite
+ALTER TABLE articulos ADD Nombre VARCHAR(40) COLLATE NOCASE NOT NULL DEFAULT ''
+-- PostgreSQL
+ALTER TABLE articulos ADD Nombre VARCHAR(40) COLLATE zlx_nocase NOT NULL DEFAULT ''
+-- result
+error 208

@@ -1,0 +1,10 @@
+-- Schema management: tables, columns and their defaults, indexes, catalog lookups.
+-- T-SQL
+ALTER TABLE clientes ALTER COLUMN Nombre VARCHAR(60)
+-- SQLite
+ALTER TABLE clientes ALTER COLUMN Nombre VARCHAR(60) COLLATE NOCASE
+-- PostgreSQL
+ALTER TABLE clientes ALTER COLUMN Nombre TYPE VARCHAR(60) COLLATE zlx_nocase
+-- result on SQLite
+-- result on PostgreSQL
+count -1

@@ -1,0 +1,46 @@
+#pragma once
+// A cConexion on a scratch database of its own on each server engine (EngineTest): the
+// database is made before each test and dropped after it; the library's messages are
+// recorded.
+
+#include "connection/cConexion.h"
+#include "support/EngineTest.h"
+#include "support/MessageRecorder.h"
+
+#include <unistd.h>
+
+namespace zlx::test {
+
+class ServerDatabaseTest : public EngineTest {
+protected:
+    // `prefix` + the process id names the database, so parallel test programs never meet.
+    explicit ServerDatabaseTest(const char* prefix)
+        : m_database(QString::fromUtf8(prefix) + QString::number(getpid())) {}
+
+    void SetUp() override {
+        EngineTest::SetUp();
+        if (Stopped()) return;
+        ASSERT_TRUE(m_cn->Init(zlxDataProvider_MSDE, {}, Server()));
+        m_cn->Execute("IF EXISTS (SELECT name FROM sysdatabases WHERE name='" + m_database +
+                      "') DROP DATABASE " + m_database);
+        ASSERT_TRUE(m_cn->Execute("CREATE DATABASE " + m_database).ToBool());
+        m_cn->DBName(m_database);
+    }
+    void TearDown() override {
+        if (m_cn->cn() && m_cn->cn()->State() == 1) {
+            m_cn->DBName("master");
+            m_cn->Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
+        }
+    }
+
+    void Run(const QString& sql) {
+        m_cn->Execute(sql);
+        ASSERT_EQ(m_cn->GetLastError(), 0) << sql.toStdString();
+    }
+
+    MessageRecorder m_messages;
+    QString m_database;
+    cConexionPtr m_cn = std::make_shared<cConexion>();
+};
+
+} // namespace zlx::test
