@@ -43,7 +43,9 @@ Variant BytesFromHex(const QString& text) {
     return array;
 }
 
-Variant ObjectToVariant(const QJsonObject& object) {
+Variant ObjectToVariant(const QJsonObject& object, const JsonObjectReader& readObject) {
+    Variant read;
+    if (readObject && readObject(object, read)) return read;
     if (object.size() == 1 && object.contains(QLatin1String("date")) &&
         object.value(QLatin1String("date")).isString())
         return DateFromText(object.value(QLatin1String("date")).toString());
@@ -83,21 +85,21 @@ bool IsByteVector(const VariantArray& array) {
 
 // The elements of dimension `dimension` (0-based) and below, at the given leading indexes.
 void AppendArrayLevel(QByteArray& out, const VariantArray& array, std::vector<std::int32_t>& at,
-                      int dimension) {
+                      int dimension, const JsonObjectWriter& writeObject) {
     const VariantArray::Bound bound = array.Bounds()[dimension];
     out += '[';
     for (std::int32_t i = 0; i < bound.count; ++i) {
         if (i > 0) out += ',';
         at[dimension] = bound.lower + i;
         if (dimension + 1 == array.Rank())
-            AppendJson(out, array.At(at));
+            AppendJson(out, array.At(at), writeObject);
         else
-            AppendArrayLevel(out, array, at, dimension + 1);
+            AppendArrayLevel(out, array, at, dimension + 1, writeObject);
     }
     out += ']';
 }
 
-void AppendArray(QByteArray& out, const VariantArray& array) {
+void AppendArray(QByteArray& out, const VariantArray& array, const JsonObjectWriter& writeObject) {
     if (IsByteVector(array)) {
         QByteArray bytes;
         bytes.reserve(static_cast<qsizetype>(array.Size()));
@@ -111,12 +113,12 @@ void AppendArray(QByteArray& out, const VariantArray& array) {
         return;
     }
     std::vector<std::int32_t> at(static_cast<std::size_t>(array.Rank()));
-    AppendArrayLevel(out, array, at, 0);
+    AppendArrayLevel(out, array, at, 0, writeObject);
 }
 
 } // namespace
 
-Variant JsonToVariant(const QJsonValue& value) {
+Variant JsonToVariant(const QJsonValue& value, const JsonObjectReader& readObject) {
     switch (value.type()) {
     case QJsonValue::Null:
         return Variant::Null();
@@ -131,11 +133,11 @@ Variant JsonToVariant(const QJsonValue& value) {
         std::vector<Variant> elements;
         elements.reserve(static_cast<std::size_t>(items.size()));
         for (const QJsonValue& item : items)
-            elements.push_back(JsonToVariant(item));
+            elements.push_back(JsonToVariant(item, readObject));
         return Variant::Array(std::move(elements));
     }
     case QJsonValue::Object:
-        return ObjectToVariant(value.toObject());
+        return ObjectToVariant(value.toObject(), readObject);
     case QJsonValue::Undefined:
         break;
     }
@@ -171,7 +173,7 @@ void AppendJsonString(QByteArray& out, const QString& text) {
     out += '"';
 }
 
-void AppendJson(QByteArray& out, const Variant& value) {
+void AppendJson(QByteArray& out, const Variant& value, const JsonObjectWriter& writeObject) {
     switch (value.VarType()) {
     case vbEmpty:
     case vbNull:
@@ -203,6 +205,10 @@ void AppendJson(QByteArray& out, const Variant& value) {
         out += "{\"vberror\":" + QByteArray::number(value.Get<ErrorValue>()->code) + '}';
         return;
     case vbObject:
+        if (writeObject) {
+            writeObject(out, value.ToObject());
+            return;
+        }
         out += "{\"object\":";
         AppendJsonString(out, value.TypeName());
         out += '}';
@@ -211,7 +217,7 @@ void AppendJson(QByteArray& out, const Variant& value) {
         break;
     }
     if (const VariantArrayPtr array = value.ToArray())
-        AppendArray(out, *array);
+        AppendArray(out, *array, writeObject);
     else
         out += "null";
 }

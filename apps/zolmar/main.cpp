@@ -5,6 +5,7 @@
 #include "DbfCommand.h"
 #include "Demo.h"
 #include "SqlCommand.h"
+#include "script/ScriptCommand.h"
 #include "zolmar.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,7 @@ int Usage() {
     std::fprintf(
         stderr,
         "usage: zolmar --version | demo | batch < calls.jsonl | dbf dump FILE | dbf create FILE < "
-        "table.json | sql --provider N --server S --db NAME [TEXT]\n");
+        "table.json | sql --provider N --server S --db NAME [TEXT] | script < lines.jsonl\n");
     return 2;
 }
 
@@ -38,6 +39,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     if (std::strcmp(argv[1], "demo") == 0) return zlx::RunDemo(stdout);
+    if (std::strcmp(argv[1], "script") == 0) return zlx::RunScriptCommand();
     if (std::strcmp(argv[1], "batch") == 0)
         return zlx::RunBatch(stdin, stdout, zlx::LibraryBatchFunctions(), isatty(STDIN_FILENO));
     return Usage();
