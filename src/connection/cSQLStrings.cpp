@@ -52,6 +52,11 @@ void cSQLStrings::BeginUpdate(cConexionPtr oConexion, const QString& cTabla,
     m_condition = identity ? QStringLiteral("ZolmarID = ") + cFiltro : cFiltro;
 }
 
+void cSQLStrings::BeginUpdateCurrentRecord(const CurrentRecord& oFichaDB) {
+    BeginUpdate(oFichaDB.oCn(), oFichaDB.Table(),
+                QStringLiteral("ZolmarID=") + QString::number(oFichaDB.ID()));
+}
+
 QString cSQLStrings::Literal(const Variant& value, bool lIsSQLExpression, std::int32_t nMaxLength) {
     const auto kind = value.VarType();
     if (kind == vbBoolean && !lIsSQLExpression)

@@ -2,6 +2,7 @@
 // Builds one INSERT or UPDATE field by field and runs it on a connection. Values that are
 // "empty" can be left out so that the column keeps its default.
 
+#include "connection/CurrentRecord.h"
 #include "connection/SqlConstants.h"
 #include "connection/cConexion.h"
 
@@ -13,6 +14,8 @@ public:
 
     void BeginInsert(cConexionPtr oConexion, const QString& cTabla, bool lGetIdentity = true);
     void BeginUpdate(cConexionPtr oConexion, const QString& cTabla, const QString& cFiltro);
+    // An update of the record the cursor stands on ("ZolmarID=" + its identity).
+    void BeginUpdateCurrentRecord(const CurrentRecord& oFichaDB);
     void AddField(const QString& cNuevoCampo, const Variant& xNuevoValor,
                   bool lIsSQLExpression = false, std::int32_t nMaxLength = 0,
                   bool lUpdateIfEmpty = true, int nNumberSize = zlxTblColumnTypeNone);
