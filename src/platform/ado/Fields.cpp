@@ -56,11 +56,11 @@ Field& Fields::Append(const FieldDefinition& definition) {
     if (m_owner.State() != adStateClosed || m_owner.ActiveConnection()) {
         RaiseAdoError(adErrIllegalOperation);
     }
+    if (IndexOf(definition.name) >= 0) RaiseAdoError(adErrObjectInCollection);
     return Define(definition);
 }
 
 Field& Fields::Define(const FieldDefinition& definition) {
-    if (IndexOf(definition.name) >= 0) RaiseAdoError(adErrObjectInCollection);
     m_items.push_back(std::make_unique<Field>(m_owner, Count(), definition));
     return *m_items.back();
 }

@@ -36,8 +36,9 @@ public:
     Field& Append(const QString& name, DataTypeEnum type, std::int32_t definedSize = 0,
                   std::int32_t attributes = adFldUnspecified);
     Field& Append(const FieldDefinition& definition);
-    // Adds a field while a recordset is being filled (driver metadata, a saved schema):
-    // only the duplicate-name check applies.
+    // Adds a field while a recordset is being filled from a result: names may repeat or be
+    // empty (SELECT 1, 2; a self-join), as the engine names them; a name then finds the
+    // first such field and every one is reachable by position.
     Field& Define(const FieldDefinition& definition);
     void Clear() { m_items.clear(); }
 

@@ -347,11 +347,9 @@ private:
             f.def.type = ResolveType(f);
             if (f.fixed) f.def.attributes |= adFldFixed;
             if (f.isLong) f.def.attributes |= adFldLong;
-            try {
-                fields.Define(f.def);
-            } catch (const AdoError& e) {
-                Corrupt(e.Description());
-            }
+            // A saved schema names each column once.
+            if (fields.IndexOf(f.def.name) >= 0) Corrupt(AdoErrorText(adErrObjectInCollection));
+            fields.Define(f.def);
         }
         m_target.PrepareColumns();
     }

@@ -266,9 +266,9 @@ void PostgresDriver::StartExecute(const QString& batch) {
     m_cancelRequested = false;
     m_timedOut = false;
     if (!PQsendQuery(m_conn, batch.toUtf8().constData())) {
+        // A send that fails on a live link is an ordinary error, not a lost link.
         m_batch = std::make_unique<Batch>();
         RecordFailure(nullptr);
-        m_batch.reset();
         ThrowFailure();
     }
     PQsetSingleRowMode(m_conn);
@@ -290,7 +290,16 @@ bool PostgresDriver::PollExecute(ResultSink& sink) {
             m_batch.reset();
             return true;
         }
-        Process(result, sink);
+        try {
+            Process(result, sink);
+        } catch (...) {
+            // The reader refused the results: the rest of the batch is read and dropped so
+            // that the session is ready for the next one.
+            PQclear(result);
+            m_noticeSink = nullptr;
+            DiscardBatch();
+            throw;
+        }
         PQclear(result);
     }
     m_noticeSink = nullptr;
@@ -374,20 +383,23 @@ void PostgresDriver::ThrowFailure() {
         m_batch ? *m_batch->failure
                 : MakeRecord(adHrConnectFailed, QString::fromUtf8(PQerrorMessage(m_conn)).trimmed(),
                              kSource, kNativeLinkBroken, kLinkBroken);
-    if (m_batch) {
-        // Drain what is left so that the session is ready for the next batch.
-        while (PQstatus(m_conn) == CONNECTION_OK) {
-            PGresult* rest = PQgetResult(m_conn);
-            if (!rest) break;
-            PQclear(rest);
-        }
-        m_batch.reset();
-    }
+    DiscardBatch();
     if (record.sqlState == QLatin1String("57014")) {
         if (m_timedOut) ThrowTimeout(kSource);
         if (m_cancelRequested) ThrowCanceled(kSource);
     }
     throw AdoError(record.number, record.description, {record});
+}
+
+// Drains what is left of the batch so that the session is ready for the next one.
+void PostgresDriver::DiscardBatch() {
+    if (!m_batch) return;
+    while (PQstatus(m_conn) == CONNECTION_OK) {
+        PGresult* rest = PQgetResult(m_conn);
+        if (!rest) break;
+        PQclear(rest);
+    }
+    m_batch.reset();
 }
 
 void PostgresDriver::Cancel() {

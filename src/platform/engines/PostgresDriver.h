@@ -50,6 +50,7 @@ private:
     void Process(pg_result* result, ResultSink& sink);
     void RecordFailure(pg_result* result);
     [[noreturn]] void ThrowFailure();
+    void DiscardBatch();
     void RunSimple(const QString& sql);
     bool WaitReady(int milliseconds, bool forWriting) const;
     static void OnNotice(void* self, const pg_result* result);

@@ -55,20 +55,32 @@ bool Continues(const Tokens& statement, const Token& word, const Token* next) {
     return false;
 }
 
+// BEGIN that opens a BEGIN ... END block (not BEGIN TRAN[SACTION]).
+bool OpensBlock(const Token& token, const Token* next) {
+    return token.IsWord(u"BEGIN") &&
+           !(next && (next->IsWord(u"TRAN") || next->IsWord(u"TRANSACTION") ||
+                      next->IsWord(u"DISTRIBUTED")));
+}
+
 // Gathers the tokens of the statement being read; for an IF, remembers where its body starts.
+// A BEGIN ... END block (CASE ... END inside it counted alike) stays one statement.
 class Accumulator {
 public:
-    void Add(const Token& token) {
+    void Add(const Token& token, const Token* next) {
         if (token.IsSymbol(u"("))
             ++m_depth;
         else if (token.IsSymbol(u")"))
             m_depth = std::max(0, m_depth - 1);
+        else if (OpensBlock(token, next) || token.IsWord(u"CASE"))
+            ++m_blocks;
+        else if (token.IsWord(u"END"))
+            m_blocks = std::max(0, m_blocks - 1);
         m_current.push_back(token);
     }
 
     // Whether `token` must open a new statement; marks the body of a pending IF instead.
     bool StartsStatement(const Token& token, const Token* next) {
-        if (m_current.empty() || m_depth > 0 || !IsStarterWord(token)) return false;
+        if (m_current.empty() || m_depth > 0 || m_blocks > 0 || !IsStarterWord(token)) return false;
         if (m_current.front().IsWord(u"IF") && m_bodyStart == 0) {
             if (m_current.size() == 1) return false; // IF EXISTS ...: the condition starts
             m_bodyStart = m_current.size();
@@ -82,6 +94,7 @@ public:
 
     Tokens Take() {
         m_depth = 0;
+        m_blocks = 0;
         m_bodyStart = 0;
         return std::exchange(m_current, Tokens());
     }
@@ -90,6 +103,7 @@ public:
 private:
     Tokens m_current;
     int m_depth = 0;
+    int m_blocks = 0;
     size_t m_bodyStart = 0;
 };
 
@@ -107,12 +121,21 @@ std::vector<Tokens> SplitBatch(const Tokens& tokens) {
             flush();
             continue;
         }
-        if (accumulator.StartsStatement(token, i + 1 < tokens.size() ? &tokens[i + 1] : nullptr))
-            flush();
-        accumulator.Add(token);
+        const Token* next = i + 1 < tokens.size() ? &tokens[i + 1] : nullptr;
+        if (accumulator.StartsStatement(token, next)) flush();
+        accumulator.Add(token, next);
     }
     flush();
     return statements;
+}
+
+std::optional<Tokens> BlockBody(const Tokens& statement) {
+    if (statement.empty() ||
+        !OpensBlock(statement.front(), statement.size() > 1 ? &statement[1] : nullptr))
+        return std::nullopt;
+    if (statement.size() < 2 || !statement.back().IsWord(u"END"))
+        ThrowStatementError(QStringLiteral("Incorrect syntax near 'BEGIN'."), ado::kNativeSyntax);
+    return Tokens(statement.begin() + 1, statement.end() - 1);
 }
 
 IfParts SplitIf(const Tokens& statement) {

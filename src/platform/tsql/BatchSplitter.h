@@ -6,6 +6,7 @@
 #include "platform/tsql/TsqlToken.h"
 
 #include <QStringList>
+#include <optional>
 
 namespace zlx::tsql {
 
@@ -17,6 +18,9 @@ struct IfParts {
     Tokens body;
 };
 IfParts SplitIf(const Tokens& statement);
+
+// The statements' tokens inside a BEGIN ... END block; nullopt when `statement` is not one.
+std::optional<Tokens> BlockBody(const Tokens& statement);
 
 // The comma-separated arguments of a procedure or DBCC from `from` to `to` (exclusive), each
 // as text: a string's value or a name as written.

@@ -177,9 +177,14 @@ void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeo
     RunBatch(batch, sink, timeoutSeconds);
 }
 
+// The whole batch is checked before any of it runs: a construct this layer refuses runs
+// nothing (as a batch that does not compile on SQL Server) and leaves a transaction as it was.
 void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
+    const std::vector<Tokens> statements = SplitBatch(Tokenize(batch));
+    for (const Tokens& statement : statements)
+        Check(statement);
     m_dialect->RefreshCatalog(batch);
-    for (const Tokens& statement : SplitBatch(Tokenize(batch))) {
+    for (const Tokens& statement : statements) {
         try {
             RunStatement(statement, sink, timeoutSeconds);
         } catch (const ado::AdoError& error) {
@@ -230,7 +235,48 @@ void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
     }
 }
 
+void TsqlSession::Check(const Tokens& statement) {
+    if (const auto block = BlockBody(statement)) {
+        for (const Tokens& inner : SplitBatch(*block))
+            Check(inner);
+        return;
+    }
+    if (statement.front().IsWord(u"IF")) {
+        const IfParts parts = SplitIf(statement);
+        TsqlTranslator(CheckingContext()).Translate(parts.condition);
+        Check(parts.body);
+        return;
+    }
+    RefuseUnsupported(statement);
+    for (QStringView word : {u"SELECT", u"INSERT", u"UPDATE", u"DELETE"}) {
+        if (statement.front().IsWord(word)) TsqlTranslator(CheckingContext()).Translate(statement);
+    }
+}
+
+void TsqlSession::RefuseUnsupported(const Tokens& statement) {
+    for (QStringView word :
+         {u"DECLARE", u"PRINT", u"WHILE", u"SAVE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
+        if (statement.front().IsWord(word)) ThrowUnsupported(statement.front().text);
+    }
+}
+
+// A context that translates without touching the engine: databases are not attached and no
+// catalog is read (the checked text is thrown away).
+TranslationContext TsqlSession::CheckingContext() {
+    TranslationContext context;
+    context.dialect = m_dialect.get();
+    context.dayMonthYear = m_dateFormat == u"dmy";
+    context.jetDates = m_dialect->JetDates();
+    context.globalValue = [this](const QString& name) { return GlobalValue(name); };
+    return context;
+}
+
 void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {
+    if (const auto block = BlockBody(statement)) {
+        for (const Tokens& inner : SplitBatch(*block))
+            RunStatement(inner, sink, timeoutSeconds);
+        return;
+    }
     // Statements that may change a table's columns forget the identity columns known so far.
     for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"}) {
         if (statement.front().IsWord(word)) {
@@ -247,10 +293,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
         m_rowCount = 0;
         return;
     }
-    for (QStringView word :
-         {u"DECLARE", u"PRINT", u"WHILE", u"SAVE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
-        if (statement.front().IsWord(word)) ThrowUnsupported(statement.front().text);
-    }
+    RefuseUnsupported(statement);
     if (statement.front().IsWord(u"WAITFOR")) {
         RunWaitFor(statement, timeoutSeconds);
         m_rowCount = 0;

@@ -71,6 +71,10 @@ private:
     void Prepare();
     bool IsTextColumn(const QString& column);
     void RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds);
+    // Refuses, before anything runs, what this layer cannot run.
+    void Check(const Tokens& statement);
+    static void RefuseUnsupported(const Tokens& statement);
+    TranslationContext CheckingContext();
 
     void AbortTransactionAfter(const ado::AdoError& error);
     void RunWaitFor(const Tokens& statement, int timeoutSeconds);

@@ -207,16 +207,38 @@ TEST(RecordsetFetch, CancelKeepsFetchedRowsOrLeavesTheRecordsetClosed) {
     EXPECT_EQ(AdoErrorOf([&] { other.MoveFirst(); }), adErrObjectClosed);
 }
 
-TEST(RecordsetFetch, DuplicateColumnNamesAreRefused) {
+// A result may repeat a column name (a self-join) or leave it empty: every column is kept,
+// by position; the name finds the first.
+TEST(RecordsetFetch, RepeatedAndEmptyColumnNamesAreKept) {
     ConnectionLink link;
     link.connection = std::make_shared<FakeConnection>();
     link.run = [](const QString&, ResultSink& sink, long) {
         std::vector<ColumnInfo> columns = NumberColumns();
         columns[1].name = "ID";
+        columns.push_back(columns[1]);
+        columns.back().name.clear();
         sink.BeginRowset(columns);
+        std::vector<Variant> row{Variant(std::int32_t(7)), Variant(QStringLiteral("siete")),
+                                 Variant(QStringLiteral("otro"))};
+        sink.Row(row);
+        sink.EndRowset();
     };
     Recordset rs;
-    EXPECT_EQ(AdoErrorOf([&] { rs.Open("SELECT", &link); }), adErrObjectInCollection);
+    rs.Open("SELECT", &link);
+    Fields& fields = rs.GetFields();
+    ASSERT_EQ(fields.Count(), 3);
+    EXPECT_EQ(fields.Item(0).Name(), "id");
+    EXPECT_EQ(fields.Item(1).Name(), "ID");
+    EXPECT_EQ(fields.Item(2).Name(), "");
+    EXPECT_EQ(fields.Item("ID").Index(), 0);
+    EXPECT_EQ(fields.Item(0).Value().ToLong(), 7);
+    EXPECT_EQ(fields.Item(1).Value().ToString(), "siete");
+    EXPECT_EQ(fields.Item(2).Value().ToString(), "otro");
+    // A recordset built by hand still names each field once.
+    Recordset made;
+    made.GetFields().Append("a", adInteger);
+    EXPECT_EQ(AdoErrorOf([&] { made.GetFields().Append("A", adInteger); }),
+              adErrObjectInCollection);
 }
 
 namespace {

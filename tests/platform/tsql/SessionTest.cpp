@@ -278,6 +278,41 @@ TEST_P(SessionTest, EngineErrorsCarrySqlServerNumbers) {
     EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('x')")), 2601);
 }
 
+// A batch is checked whole before it runs: a refused construct anywhere runs none of it. A
+// BEGIN ... END block runs as one statement under its IF. A statement that fails on the engine
+// leaves the session usable: outside a transaction what ran before it stays (each statement
+// commits alone); inside one (XACT_ABORT ON) the transaction is rolled back.
+TEST_P(SessionTest, BlocksRunWholeAndFailuresLeaveTheSessionUsable) {
+    const QString count = QStringLiteral(
+        "SELECT count(*) FROM clientes WHERE Nombre IN ('Bloque', 'Otro', 'Antes', 'Tres', "
+        "'Cuatro', 'Cinco')");
+    const QString insertTwo = QStringLiteral(
+        "IF NOT EXISTS (SELECT * FROM clientes WHERE Nombre = 'Bloque') BEGIN INSERT INTO "
+        "clientes (Nombre) VALUES ('Bloque') INSERT INTO clientes (Nombre) VALUES ('Otro') END");
+    Exec(insertTwo);
+    Exec(insertTwo); // the condition is false now: nothing runs
+    EXPECT_EQ(Value(count), "2");
+
+    EXPECT_EQ(NativeErrorOf(QStringLiteral(
+                  "INSERT INTO clientes (Nombre) VALUES ('Antes') DECLARE @x INT")),
+              102);
+    EXPECT_EQ(Value(count), "2");
+
+    EXPECT_EQ(NativeErrorOf(QStringLiteral(
+                  "IF NOT EXISTS (SELECT * FROM clientes WHERE Nombre = 'Tres') BEGIN INSERT INTO "
+                  "clientes (Nombre) VALUES ('Tres') INSERT INTO nada (Nombre) VALUES ('x') END")),
+              208);
+    EXPECT_EQ(Value(count), "3");
+
+    Exec(QStringLiteral("BEGIN TRANSACTION"));
+    Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Cuatro')"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Cinco') "
+                                           "INSERT INTO nada (Nombre) VALUES ('x')")),
+              208);
+    EXPECT_EQ(Value(QStringLiteral("SELECT @@TRANCOUNT")), "0");
+    EXPECT_EQ(Value(count), "3");
+}
+
 // Recovery code asks what kind of failure it has, never for the number.
 TEST_P(SessionTest, ErrorKindsNameTheMappedFailures) {
     auto recordsOf = [this](const char* batch) {
