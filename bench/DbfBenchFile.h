@@ -23,11 +23,11 @@ inline void DefineDbfColumns(cDBF& dbf) {
 
 inline void AppendDbfRecord(cDBF& dbf, int i) {
     dbf.BeginInsert();
-    dbf.SetField("NAME", QStringLiteral("Cliente %1").arg(i));
-    dbf.SetField("PRICE", (i % 100000) / 100.0);
-    dbf.SetField("QTY", std::int32_t(i % 1000));
-    dbf.SetField("BORN", MakeDate(1950 + i % 60, 1 + i % 12, 1 + i % 28));
-    dbf.SetField("ACTIVE", i % 2 == 0);
+    dbf.Field("NAME", QStringLiteral("Cliente %1").arg(i));
+    dbf.Field("PRICE", (i % 100000) / 100.0);
+    dbf.Field("QTY", std::int32_t(i % 1000));
+    dbf.Field("BORN", MakeDate(1950 + i % 60, 1 + i % 12, 1 + i % 28));
+    dbf.Field("ACTIVE", i % 2 == 0);
     dbf.EndInsert();
 }
 
@@ -41,7 +41,7 @@ inline QString EnsureDbfBenchFile() {
     const QString path = DbfBenchPath();
     if (QFile::exists(path)) return path;
     cDBF dbf;
-    dbf.SetShowErrors(false);
+    dbf.ShowErrors(false);
     dbf.BeginCreateDBF(path);
     DefineDbfColumns(dbf);
     dbf.EndCreateDBF();

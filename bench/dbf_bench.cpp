@@ -22,11 +22,11 @@ void BM_ReadEveryField(benchmark::State& state) {
                              kFieldNames[4]};
     for (auto _ : state) {
         zlx::cDBF dbf;
-        dbf.SetShowErrors(false);
+        dbf.ShowErrors(false);
         dbf.OpenRaw(path);
         const auto count = static_cast<std::int64_t>(dbf.RecordCount());
         for (std::int64_t row = 1; row <= count; ++row) {
-            dbf.SetCurrentRow(row);
+            dbf.CurrentRow(row);
             for (const QString& name : names)
                 benchmark::DoNotOptimize(dbf.Field(name));
         }
@@ -39,7 +39,7 @@ void BM_Write100k(benchmark::State& state) {
     const QString path = QDir::tempPath() + QStringLiteral("/zlx-dbf-bench-write.dbf");
     for (auto _ : state) {
         zlx::cDBF dbf;
-        dbf.SetShowErrors(false);
+        dbf.ShowErrors(false);
         dbf.BeginCreateDBF(path);
         DefineDbfColumns(dbf);
         dbf.EndCreateDBF();

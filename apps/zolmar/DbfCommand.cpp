@@ -39,10 +39,16 @@ void AppendValue(QByteArray& out, const Variant& value) {
     case vbDate: {
         int y, m, d, h, n, s;
         SplitDate(value.ToDate(), y, m, d, h, n, s);
-        AppendString(out, QStringLiteral("%1-%2-%3")
-                              .arg(y, 4, 10, QLatin1Char('0'))
-                              .arg(m, 2, 10, QLatin1Char('0'))
-                              .arg(d, 2, 10, QLatin1Char('0')));
+        QString text = QStringLiteral("%1-%2-%3")
+                           .arg(y, 4, 10, QLatin1Char('0'))
+                           .arg(m, 2, 10, QLatin1Char('0'))
+                           .arg(d, 2, 10, QLatin1Char('0'));
+        if (h != 0 || n != 0 || s != 0)
+            text += QStringLiteral(" %1:%2:%3")
+                        .arg(h, 2, 10, QLatin1Char('0'))
+                        .arg(n, 2, 10, QLatin1Char('0'))
+                        .arg(s, 2, 10, QLatin1Char('0'));
+        AppendString(out, text);
         break;
     }
     case vbCurrency:
@@ -59,8 +65,25 @@ void AppendValue(QByteArray& out, const Variant& value) {
                                                : QByteArray("null");
         break;
     default:
-        AppendString(out, value.ToString());
+        if (const VariantArrayPtr bytes = value.ToArray()) {
+            out += '[';
+            for (std::size_t i = 0; i < bytes->Data().size(); ++i)
+                out += (i > 0 ? ", " : "") + QByteArray::number(bytes->Data()[i].ToLong());
+            out += ']';
+        } else {
+            AppendString(out, value.ToString());
+        }
     }
+}
+
+// The field's length: a character field longer than 255 keeps the high byte in the decimals.
+int FieldLength(const DBF_FieldInfo_Type& info) {
+    return info.cDataType == QStringLiteral("C") ? info.nFieldLength + 256 * info.nDecimalPlaces
+                                                 : info.nFieldLength;
+}
+
+int FieldDecimals(const DBF_FieldInfo_Type& info) {
+    return info.cDataType == QStringLiteral("C") ? 0 : info.nDecimalPlaces;
 }
 
 QByteArray DumpJson(cDBF& dbf) {
@@ -71,12 +94,12 @@ QByteArray DumpJson(cDBF& dbf) {
         AppendString(out, info.cFieldName);
         out += ", \"type\": ";
         AppendString(out, info.cDataType);
-        out += ", \"length\": " + QByteArray::number(info.nFieldLength) +
-               ", \"decimals\": " + QByteArray::number(info.nDecimalPlaces) + '}';
+        out += ", \"length\": " + QByteArray::number(FieldLength(info)) +
+               ", \"decimals\": " + QByteArray::number(FieldDecimals(info)) + '}';
     }
     out += "], \"records\": [";
     for (std::uint32_t row = 1; row <= dbf.RecordCount(); ++row) {
-        dbf.SetCurrentRow(row);
+        dbf.CurrentRow(row);
         if (dbf.CurrentRow() == 0) break; // the read error is reported after the listing
         out += row > 1 ? ",\n [" : "\n [";
         for (int f = 1; f <= dbf.FieldCount(); ++f) {
@@ -98,9 +121,12 @@ int ReportFailure(QIODevice& err, const QString& what, const cDBF& dbf) {
     return 1;
 }
 
-int Dump(const QString& path, QIODevice& out, QIODevice& err) {
+int Dump(const QString& path, int codePage, QIODevice& out, QIODevice& err) {
     cDBF dbf;
-    dbf.SetShowErrors(false);
+    dbf.ShowErrors(false);
+    dbf.CodePage(codePage);
+    if (!dbf.GetLastErrorMsg().isEmpty())
+        return ReportFailure(err, QStringLiteral("bad code page"), dbf);
     if (!dbf.OpenRaw(path)) return ReportFailure(err, QStringLiteral("cannot open ") + path, dbf);
     out.write(DumpJson(dbf));
     if (!dbf.GetLastErrorMsg().isEmpty()) return ReportFailure(err, path, dbf);
@@ -141,7 +167,7 @@ int Create(const QString& path, QIODevice& in, QIODevice& err) {
         return 2;
     }
     cDBF dbf;
-    dbf.SetShowErrors(false);
+    dbf.ShowErrors(false);
     if (!dbf.BeginCreateDBF(path))
         return ReportFailure(err, QStringLiteral("cannot create ") + path, dbf);
     QStringList names, types;
@@ -161,7 +187,7 @@ int Create(const QString& path, QIODevice& in, QIODevice& err) {
         const QJsonArray values = record.toArray();
         dbf.BeginInsert();
         for (qsizetype i = 0; i < names.size() && i < values.size(); ++i)
-            dbf.SetField(names[i], ValueForField(values[i], types[i]));
+            dbf.Field(names[i], ValueForField(values[i], types[i]));
         if (!dbf.EndInsert())
             return ReportFailure(err, QStringLiteral("cannot append to ") + path, dbf);
     }
@@ -172,9 +198,12 @@ int Create(const QString& path, QIODevice& in, QIODevice& err) {
 } // namespace
 
 int RunDbfCommand(const QStringList& args, QIODevice& in, QIODevice& out, QIODevice& err) {
-    if (args.size() == 2 && args[0] == QStringLiteral("dump")) return Dump(args[1], out, err);
+    if (args.size() == 2 && args[0] == QStringLiteral("dump")) return Dump(args[1], 0, out, err);
+    if (args.size() == 4 && args[0] == QStringLiteral("dump") &&
+        args[1] == QStringLiteral("--codepage") && args[2].toInt() > 0)
+        return Dump(args[3], args[2].toInt(), out, err);
     if (args.size() == 2 && args[0] == QStringLiteral("create")) return Create(args[1], in, err);
-    err.write("usage: zolmar dbf dump FILE | zolmar dbf create FILE < table.json\n");
+    err.write("usage: zolmar dbf dump [--codepage N] FILE | zolmar dbf create FILE < table.json\n");
     return 2;
 }
 

@@ -70,8 +70,8 @@ bool ExportToDbf(cConexion& cn, const QString& path, std::FILE* out) {
     if (!dbf.EndCreateDBF()) return false;
     for (std::int32_t row = rows->FirstRow(); row <= rows->LastRow(); ++row) {
         dbf.BeginInsert();
-        dbf.SetField(QStringLiteral("NOMBRE"), rows->GetValue(0, row));
-        dbf.SetField(QStringLiteral("IMPORTE"), rows->GetValue(1, row));
+        dbf.Field(QStringLiteral("NOMBRE"), rows->GetValue(0, row));
+        dbf.Field(QStringLiteral("IMPORTE"), rows->GetValue(1, row));
         if (!dbf.EndInsert()) return false;
     }
     dbf.CloseDBF();
@@ -79,7 +79,7 @@ bool ExportToDbf(cConexion& cn, const QString& path, std::FILE* out) {
     if (!reread.OpenRaw(path)) return false;
     Print(out, QStringLiteral("DBF exportado: %1 registros").arg(reread.RecordCount()));
     for (std::uint32_t row = 1; row <= reread.RecordCount(); ++row) {
-        reread.SetCurrentRow(row);
+        reread.CurrentRow(row);
         Print(out, QStringLiteral("  %1|%2").arg(
                        reread.Field(QStringLiteral("NOMBRE")).ToString().trimmed(),
                        reread.Field(QStringLiteral("IMPORTE")).ToString()));

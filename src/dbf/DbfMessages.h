@@ -1,7 +1,10 @@
 #pragma once
 // Texts of the messages cDBF reports, in one place.
 
+#include "platform/dbfformat/DbfTexts.h"
+
 #include <QString>
+#include <cstdint>
 
 namespace zlx::DbfMessages {
 
@@ -15,9 +18,8 @@ inline const QString kLengthRequired = QStringLiteral(
 inline const QString kBadArguments =
     QStringLiteral("Error en 'cDBF.AddColumn()': argumentos incorrectos.'");
 
-inline const QString kRecordReadFailed =
-    QStringLiteral("No ha podido leerse el registro del disco.");
-inline const QString kRecordReadTitle = QStringLiteral("Error leyendo el fichero DBF");
+inline const QString kRecordReadFailed = DbfTexts::kRecordReadFailed;
+inline const QString kRecordReadTitle = DbfTexts::kRecordReadTitle;
 inline QString WrongRecordNumber(quint32 recordCount) {
     return QStringLiteral("El fichero tiene actualmente ") + QString::number(recordCount) +
            QStringLiteral(" registros.");
@@ -54,6 +56,10 @@ inline const QString kHeaderWriteTitle =
 
 inline const QString kFoxProUnavailable = QStringLiteral(
     "El proveedor de datos de Visual FoxPro no está disponible: abra el fichero en modo RAW.");
-inline const QString kFoxProUnavailableTitle = QStringLiteral("Error abriendo el fichero DBF");
+inline const QString kOpenTitle = DbfTexts::kOpenTitle;
+inline QString UnavailableCodePage(std::int32_t number) {
+    return QStringLiteral("La página de códigos ") + QString::number(number) +
+           QStringLiteral(" no está disponible.");
+}
 
 } // namespace zlx::DbfMessages

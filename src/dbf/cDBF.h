@@ -1,12 +1,13 @@
 #pragma once
 // cDBF: reads, creates and appends to dBASE table files (.dbf) byte by byte, one record in
-// memory at a time (RAW mode).
+// memory at a time (RAW mode). The byte layout is platform/dbfformat's; this class keeps the
+// current record, the insertion state and the library's way of reporting errors.
 
-#include "dbf/DbfFile.h"
+#include "connection/cConexion.h"
+#include "platform/dbfformat/DbfTable.h"
 #include "platform/variant/Variant.h"
 
 #include <QString>
-#include <array>
 #include <cstdint>
 #include <utility>
 #include <vector>
@@ -28,8 +29,13 @@ public:
     ~cDBF() override;
     QString TypeName() const override { return QStringLiteral("cDBF"); }
 
+    // The Visual FoxPro connection of ODBC mode: Nothing until OpenODBC opens one.
+    cConexionPtr oCnFox() const { return m_cnFox; }
+    void oCnFox(cConexionPtr value) { m_cnFox = std::move(value); }
+
     bool OpenRaw(const QString& cRutaFicheroDBF);
-    // The Visual FoxPro provider is not available on this platform: always reports and fails.
+    // Opens the file through the Visual FoxPro provider; reports and fails while the provider
+    // cannot open it.
     bool OpenODBC(const QString& cRutaFicheroDBF);
     void CloseDBF();
     // Statements need the FoxPro connection; without one the default value comes back.
@@ -44,17 +50,28 @@ public:
     // out) and, with lCopyData, its rows. The file stays open.
     bool CreateFromDatos(const QString& cFileName, cDatos& oDatos, bool lCopyData = true);
 
-    std::uint32_t RecordCount() const;
-    std::int32_t FieldCount() const { return static_cast<std::int32_t>(m_fields.size()); }
+    std::uint32_t RecordCount() const { return m_table.RecordCount(); }
+    std::int32_t FieldCount() const {
+        return static_cast<std::int32_t>(m_table.Layout().fields.size());
+    }
+    // The descriptor as stored: a character field longer than 255 keeps the high byte of its
+    // length in nDecimalPlaces.
     DBF_FieldInfo_Type GetFieldInfo(std::int32_t nField) const;
-    std::uint8_t Version() const { return m_header[0]; }
+    std::uint8_t Version() const { return m_table.Layout().Version(); }
     QString Path() const { return m_path; }
 
+    // The code page text is read and written in: 0 (the default) follows the file's
+    // language-driver byte (Windows-1252 when it names none); another number names the page
+    // for files whose byte is missing or wrong. It holds for the files opened afterwards and
+    // for the one open now; CodePage() answers the page in use.
+    std::int32_t CodePage() const;
+    void CodePage(std::int32_t nCodePage);
+
     std::int32_t CurrentRow() const { return static_cast<std::int32_t>(m_currentRow); }
-    void SetCurrentRow(std::int64_t n);
+    void CurrentRow(std::int64_t n);
 
     Variant Field(const QString& cCampo);
-    void SetField(const QString& cCampo, const Variant& value);
+    void Field(const QString& cCampo, const Variant& value);
 
     void BeginInsert();
     bool EndInsert();
@@ -62,18 +79,11 @@ public:
     void Commit();
 
     bool ShowErrors() const { return m_showErrors; }
-    void SetShowErrors(bool show) { m_showErrors = show; }
+    void ShowErrors(bool show) { m_showErrors = show; }
     QString GetLastErrorMsg(QString* cErrorTitle = nullptr) const;
     void ClearErrors();
 
 private:
-    struct FieldDescriptor {
-        std::array<char, 11> name{};
-        char type = 'C';
-        std::uint32_t offset = 0;
-        std::uint8_t length = 0;
-        std::uint8_t decimals = 0;
-    };
     struct ColumnDefinition {
         QString name;
         char type;
@@ -81,26 +91,19 @@ private:
         std::uint8_t decimals;
     };
 
-    std::uint16_t HeaderLength() const;
-    std::uint16_t RecordLength() const;
-    void SetRecordCount(std::uint32_t count);
-    std::uint64_t RecordPosition(std::uint32_t row) const;
     bool ReadRecord(std::uint32_t row);
-    void InvalidateReadAhead() { m_readAheadRows = 0; }
-    const FieldDescriptor* FindField(const QString& name) const;
-    const FieldDescriptor* LookUpField(const QString& name) const;
-    Variant ReadValue(const FieldDescriptor& field) const;
+    const DbfField* FindField(const QString& name) const;
     void Report(const QString& message, const QString& title);
 
+    cConexionPtr m_cnFox;
     QString m_path;
     std::vector<ColumnDefinition> m_columns;
     bool m_creating = false;
-    DbfFile m_file;
+    DbfTable m_table;
     std::vector<char> m_record;
-    std::array<std::uint8_t, 32> m_header{};
-    std::vector<FieldDescriptor> m_fields;
+    std::int32_t m_namedCodePage = 0;
     static constexpr std::size_t kFoundFieldsKept = 32;
-    mutable std::vector<std::pair<QString, const FieldDescriptor*>> m_foundFields;
+    mutable std::vector<std::pair<QString, const DbfField*>> m_foundFields;
     std::uint32_t m_currentRow = 0;
     bool m_showErrors = true;
     bool m_inserting = false;
@@ -108,11 +111,6 @@ private:
     bool m_recordChanged = false;
     QString m_lastErrorMsg;
     QString m_lastErrorTitle;
-    // Records read in one block ahead of the current one, so a sequential scan costs one
-    // read per block instead of one per record.
-    std::vector<char> m_readAhead;
-    std::uint32_t m_readAheadFirst = 0;
-    std::uint32_t m_readAheadRows = 0;
 };
 
 using cDBFPtr = std::shared_ptr<cDBF>;

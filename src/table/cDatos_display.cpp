@@ -2,7 +2,7 @@
 // and picking a row from the grid (Buscar).
 
 #include "connection/TypeMapping.h"
-#include "dbf/Cp1252.h"
+#include "platform/dbfformat/Cp1252.h"
 #include "platform/engines/AdoConstants.h"
 #include "platform/companion/SearchGrid.h"
 #include "table/DatosFailure.h"

@@ -1,5 +1,5 @@
-#include "dbf/cDBF.h"
-#include "platform/ado/AdoErrorTexts.h"
+#include "platform/dbfformat/DbfTable.h"
+#include "platform/dbfformat/DbfTexts.h"
 #include "table/cDatos.h"
 
 #include <QFile>
@@ -8,24 +8,42 @@ namespace zlx {
 
 namespace {
 
-// The column a DBF field loads into: its type, size and decimals; None for the field
-// types that have no column.
+// The column a DBF field loads into: its type and size; None for the field types that have
+// no column (binary memos, pictures, Visual FoxPro's varbinary).
 struct DbfColumn {
     std::int32_t type = zlxTblColumnTypeNone;
     std::int32_t size = 0;
 };
 
-DbfColumn ColumnForDbfField(const DBF_FieldInfo_Type& info) {
-    const QChar type = info.cDataType.isEmpty() ? QChar() : info.cDataType.at(0).toUpper();
-    if (type == u'D') return {zlxTblColumnTypeDateTime, 0};
-    if (type == u'L') return {zlxTblColumnTypeI1, 0};
-    if (type == u'C') return {zlxTblColumnTypeChar, info.nFieldLength};
-    if (type != u'N') return {};
-    if (info.nDecimalPlaces >= 5) return {zlxTblColumnTypeDouble, 0};
-    if (info.nDecimalPlaces >= 1) return {zlxTblColumnTypeCurrency, 0};
-    if (info.nFieldLength < 10) return {zlxTblColumnTypeI4, 0};
-    if (info.nFieldLength < 15) return {zlxTblColumnTypeCurrency, 0};
-    return {zlxTblColumnTypeDecimal, info.nFieldLength};
+DbfColumn ColumnForDbfField(const DbfLayout& layout, const DbfField& field) {
+    switch (field.type) {
+    case 'D':
+    case 'T':
+        return {zlxTblColumnTypeDateTime, 0};
+    case 'L':
+        return {zlxTblColumnTypeI1, 0};
+    case 'C':
+    case 'V':
+        return {zlxTblColumnTypeChar, static_cast<std::int32_t>(field.length)};
+    case 'I':
+        return {zlxTblColumnTypeI4, 0};
+    case 'Y':
+        return {zlxTblColumnTypeCurrency, 0};
+    case 'M':
+        return field.binary ? DbfColumn{} : DbfColumn{zlxTblColumnTypeMemo, 0};
+    case 'B':
+        return layout.visualFoxPro ? DbfColumn{zlxTblColumnTypeDouble, 0} : DbfColumn{};
+    case 'N':
+    case 'F':
+        break;
+    default:
+        return {};
+    }
+    if (field.decimals >= 5) return {zlxTblColumnTypeDouble, 0};
+    if (field.decimals >= 1) return {zlxTblColumnTypeCurrency, 0};
+    if (field.length < 10) return {zlxTblColumnTypeI4, 0};
+    if (field.length < 15) return {zlxTblColumnTypeCurrency, 0};
+    return {zlxTblColumnTypeDecimal, static_cast<std::int32_t>(field.length)};
 }
 
 // A logical field reads as a Boolean; its I1 column keeps 1 for true and 0 for false.
@@ -33,6 +51,57 @@ Variant ColumnValue(const Variant& value, std::int32_t type) {
     if (type == zlxTblColumnTypeI1 && value.VarType() == vbBoolean)
         return Variant(std::uint8_t(value.ToBool() ? 1 : 0));
     return value;
+}
+
+// The DBF field a column is written to; no type letter when the column has none (memo,
+// image, or a text column without a size).
+struct DbfShape {
+    char type = 0;
+    std::int32_t length = 0;
+    std::int32_t decimals = 0;
+};
+
+DbfShape ShapeOfColumn(const zlxDatoColumnInfo& column) {
+    switch (column.nType) {
+    case zlxTblColumnTypeI1:
+        return {'N', 3, 0};
+    case zlxTblColumnTypeI2:
+        return {'N', 5, 0};
+    case zlxTblColumnTypeI4:
+        return {'N', 10, 0};
+    case zlxTblColumnTypeI8:
+        return {'N', 16, 0};
+    case zlxTblColumnTypeSingle:
+        return {'N', 11, 4};
+    case zlxTblColumnTypeDouble:
+    case zlxTblColumnTypeDecimal:
+        return {'N', 16, 6};
+    case zlxTblColumnTypeChar:
+    case zlxTblColumnTypeCharFixed:
+        if (column.nSize < 1) return {};
+        return {'C', std::min(column.nSize, 255), 0};
+    case zlxTblColumnTypeDate:
+    case zlxTblColumnTypeDateTime:
+        return {'D', 8, 0};
+    case zlxTblColumnTypeTime:
+        return {'C', 8, 0};
+    case zlxTblColumnTypeCurrency:
+        return {'N', 16, 4};
+    default:
+        return {};
+    }
+}
+
+// A record that cannot be read ends the load: the message, then LastError 12.
+std::int32_t FailDbfLoad(std::int32_t& lastError, const QString& message) {
+    cMsgBox().ShowMessage(message, 0, DbfTexts::kRecordReadTitle);
+    lastError = zlxDatosError_Err_LoadDBF;
+    return 0;
+}
+
+QString FieldNameOfColumn(const QString& name, std::int32_t number) {
+    if (name.isEmpty()) return QStringLiteral("FLD%1").arg(number, 7, 10, QLatin1Char('0'));
+    return name.left(10).toUpper();
 }
 
 } // namespace
@@ -61,40 +130,44 @@ std::int32_t cDatos::LoadFromXMLFile(const QString& cFileName) {
 }
 
 std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
-    cDBF dbf;
-    if (!dbf.OpenRaw(cDBF_FileName)) {
+    DbfTable dbf;
+    QString refusal;
+    if (!dbf.Open(cDBF_FileName, 0, refusal)) {
+        if (!refusal.isEmpty()) cMsgBox().ShowMessage(refusal, 0, DbfTexts::kOpenTitle);
         m_lastError = zlxDatosError_Err_LoadDBF;
         return 0;
     }
     try {
         m_lastError = zlxDatosError_None;
-        const std::uint32_t records = dbf.RecordCount();
         struct Loaded {
-            QString name;
+            const DbfField* field;
             std::int32_t type;
         };
         std::vector<Loaded> loaded;
         BeginDefineColumns();
-        for (std::int32_t f = 1; f <= dbf.FieldCount(); ++f) {
-            const DBF_FieldInfo_Type info = dbf.GetFieldInfo(f);
-            const DbfColumn column = ColumnForDbfField(info);
+        for (const DbfField& field : dbf.Layout().fields) {
+            const DbfColumn column = ColumnForDbfField(dbf.Layout(), field);
             if (column.type == zlxTblColumnTypeNone) continue;
-            AddColumn(info.cFieldName, column.type, column.size);
-            loaded.push_back({info.cFieldName, column.type});
+            AddColumn(dbf.CodePage().Decode(field.name.constData(),
+                                            static_cast<std::size_t>(field.name.size())),
+                      column.type, column.size);
+            loaded.push_back({&field, column.type});
         }
         EndDefineColumns();
-        for (std::uint32_t r = 1; r <= records; ++r) {
-            dbf.SetCurrentRow(r);
-            if (dbf.CurrentRow() != static_cast<std::int32_t>(r))
-                ado::RaiseAdoError(ado::adErrReadFile);
+        std::vector<char> record(dbf.RecordLength());
+        for (std::uint32_t r = 1; r <= dbf.RecordCount(); ++r) {
+            if (!dbf.ReadRecord(r, record.data()))
+                return FailDbfLoad(m_lastError, DbfTexts::kRecordReadFailed);
             ++m_tally;
             m_rs->AddNew();
             for (std::size_t c = 0; c < loaded.size(); ++c) {
-                m_rs->SetCurrentValue(static_cast<int>(c),
-                                      ColumnValue(dbf.Field(loaded[c].name), loaded[c].type));
+                QString problem;
+                const Variant value = dbf.Value(*loaded[c].field, record.data(), problem);
+                if (!problem.isEmpty()) return FailDbfLoad(m_lastError, problem);
+                m_rs->SetCurrentValue(static_cast<int>(c), ColumnValue(value, loaded[c].type));
             }
         }
-        dbf.CloseDBF();
+        dbf.Close();
         const std::int32_t result = FinishLoad(static_cast<std::int32_t>(loaded.size()));
         m_lastError = zlxDatosError_None;
         return result;
@@ -105,8 +178,39 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
 }
 
 bool cDatos::CreateDBF(const QString& cFileName, bool lCopyData) {
-    cDBF dbf;
-    return dbf.CreateFromDatos(cFileName, *this, lCopyData);
+    std::vector<DbfFieldDefinition> fields;
+    std::vector<std::int32_t> columns;
+    for (std::int32_t c = 0; c < FieldCount(); ++c) {
+        const zlxDatoColumnInfo info = ColumnInfo(c);
+        const DbfShape shape = ShapeOfColumn(info);
+        if (shape.type == 0) continue;
+        fields.push_back({DbfCodePage().Encode(FieldNameOfColumn(info.cName, c + 1)), shape.type,
+                          static_cast<std::uint8_t>(shape.length),
+                          static_cast<std::uint8_t>(shape.decimals)});
+        columns.push_back(c);
+    }
+    DbfTable dbf;
+    QString refusal;
+    if (!DbfTable::Create(cFileName, fields) || !dbf.Open(cFileName, 0, refusal)) return false;
+    if (!lCopyData) return true;
+    std::vector<char> record(dbf.RecordLength());
+    std::uint32_t count = 0;
+    while (Scan()) {
+        dbf.BlankRecord(record.data());
+        for (std::size_t f = 0; f < columns.size(); ++f)
+            dbf.SetValue(dbf.Layout().fields[f], record.data(), Field_ByColumnNumber(columns[f]));
+        if (!dbf.WriteRecord(++count, record.data())) {
+            EndScan();
+            dbf.Close();
+            QFile::remove(cFileName);
+            return false;
+        }
+    }
+    dbf.SetRecordCount(count);
+    if (dbf.WriteHeader()) return true;
+    dbf.Close();
+    QFile::remove(cFileName);
+    return false;
 }
 
 } // namespace zlx

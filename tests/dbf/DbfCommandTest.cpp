@@ -2,6 +2,7 @@
 
 #include "DbfCommand.h"
 
+#include "DbfForeignShapes.h"
 #include "DbfTestFiles.h"
 
 #include <QBuffer>
@@ -56,6 +57,55 @@ TEST(DbfCommand, CreateThenDumpGivesTheSameTable) {
         R"( ["      ", -7, "3.0000", 0, null, false]]})"
         "\n";
     EXPECT_EQ(dumped.out.toStdString(), expected);
+}
+
+TEST(DbfCommand, DumpPrintsEveryValueOfTablesOtherProgramsWrite) {
+    for (const test::ForeignShape& shape : test::ForeignShapes()) {
+        const CommandResult dumped = RunCommand({"dump", test::WriteShape(shape)});
+        EXPECT_EQ(dumped.code, 0) << shape.name;
+        EXPECT_EQ(dumped.err.toStdString(), "") << shape.name;
+        const QByteArray records = "\"records\": [" + shape.dumpedRecords + "]}\n";
+        EXPECT_TRUE(dumped.out.endsWith(records)) << shape.name << "\n"
+                                                  << dumped.out.toStdString() << "\nexpected\n"
+                                                  << records.toStdString();
+    }
+}
+
+TEST(DbfCommand, DumpDescribesLongAndVisualFoxProFieldsAndTakesACodePage) {
+    CommandResult dumped =
+        RunCommand({"dump", test::WriteShape(test::ForeignShapeNamed("longchar"))});
+    EXPECT_TRUE(dumped.out.startsWith(
+        R"({"version": 245, "fields": [{"name": "TEXT", "type": "C", "length": 300, "decimals": 0}, )"))
+        << dumped.out.toStdString();
+    dumped = RunCommand({"dump", test::WriteShape(test::ForeignShapeNamed("visualfoxpro"))});
+    EXPECT_TRUE(
+        dumped.out.contains(R"({"name": "STAMP", "type": "T", "length": 8, "decimals": 0}, )"));
+    EXPECT_FALSE(dumped.out.contains("_NullFlags"));
+
+    // The Cyrillic word of a file marked 1251, read as 866 on request.
+    const QString cyrillic = test::WriteShape(test::ForeignShapeNamed("cp1251"));
+    dumped = RunCommand({"dump", "--codepage", "866", cyrillic});
+    EXPECT_EQ(dumped.code, 0);
+    EXPECT_TRUE(dumped.out.endsWith("\"records\": [\n [\"╠шЁ\"]]}\n")) << dumped.out.toStdString();
+    dumped = RunCommand({"dump", "--codepage", "99999", cyrillic});
+    EXPECT_EQ(dumped.code, 1);
+    EXPECT_EQ(dumped.err, QByteArray("zolmar dbf: bad code page: Error abriendo el fichero DBF: La "
+                                     "página de códigos 99999 no está disponible.\n"));
+}
+
+TEST(DbfCommand, ARefusedFileExitsWithItsMessage) {
+    test::HandTable t;
+    t.version = 0x02;
+    t.fields = {{"CODE", 'C', 4}};
+    const QString path = test::ScratchPath(QStringLiteral("dbase2.dbf"));
+    test::WriteAll(path, test::BuildTable(t));
+    const CommandResult dumped = RunCommand({"dump", path});
+    EXPECT_EQ(dumped.code, 1);
+    EXPECT_EQ(dumped.out, QByteArray());
+    EXPECT_EQ(dumped.err.toStdString(),
+              "zolmar dbf: cannot open " + path.toStdString() +
+                  ": Error abriendo el fichero DBF: No puede leerse el fichero DBF: es de la "
+                  "versión dBASE II (0x02), que no se admite.\n");
 }
 
 TEST(DbfCommand, FailuresGiveAnExitCodeAndAMessage) {

@@ -15,11 +15,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
     }
     zlx::cDBF dbf;
-    dbf.SetShowErrors(false);
+    dbf.ShowErrors(false);
     if (!dbf.OpenRaw(path)) return 0;
     const std::uint32_t count = std::min<std::uint32_t>(dbf.RecordCount(), 64);
     for (std::uint32_t row = 1; row <= count; ++row) {
-        dbf.SetCurrentRow(row);
+        dbf.CurrentRow(row);
         for (int f = 1; f <= dbf.FieldCount(); ++f)
             dbf.Field(dbf.GetFieldInfo(f).cFieldName);
     }

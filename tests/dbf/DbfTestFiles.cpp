@@ -38,41 +38,54 @@ void PutU32(QByteArray& bytes, int at, std::uint32_t value) {
         bytes[at + i] = static_cast<char>((value >> (8 * i)) & 0xFF);
 }
 
-QByteArray HandBuiltTable(std::uint8_t version, const std::vector<HandField>& fields,
-                          const std::vector<QByteArray>& records, bool endOfFileByte,
-                          const std::vector<bool>& deleted, int declared) {
-    const int headerLength = 32 + 32 * static_cast<int>(fields.size()) + 1;
+QByteArray BuildTable(const HandTable& table) {
+    const int headerLength = 32 + 32 * static_cast<int>(table.fields.size()) + 1 + table.backlink;
     int recordLength = 1;
-    for (const HandField& f : fields)
+    for (const HandField& f : table.fields)
         recordLength += f.length;
     QByteArray bytes(headerLength, '\0');
-    bytes[0] = static_cast<char>(version);
+    bytes[0] = static_cast<char>(table.version);
     bytes[1] = 99;
     bytes[2] = 12;
     bytes[3] = 31;
-    PutU32(bytes, 4, declared < 0 ? static_cast<std::uint32_t>(records.size()) : declared);
+    PutU32(bytes, 4,
+           table.declared < 0 ? static_cast<std::uint32_t>(table.records.size()) : table.declared);
     PutU16(bytes, 8, headerLength);
-    PutU16(bytes, 10, recordLength);
+    PutU16(bytes, 10, table.declaredRecordLength < 0 ? recordLength : table.declaredRecordLength);
+    bytes[29] = static_cast<char>(table.driverByte);
     int offset = 1;
-    for (std::size_t i = 0; i < fields.size(); ++i) {
+    for (std::size_t i = 0; i < table.fields.size(); ++i) {
+        const HandField& field = table.fields[i];
         const int at = 32 + 32 * static_cast<int>(i);
         // Blank padding in names, as some writers do; the reader turns it into NULs.
-        const QByteArray name = QByteArray(fields[i].name).leftJustified(11, ' ');
-        bytes.replace(at, 11, name);
-        bytes[at + 11] = fields[i].type;
-        PutU32(bytes, at + 12, offset);
-        bytes[at + 16] = static_cast<char>(fields[i].length);
-        bytes[at + 17] = static_cast<char>(fields[i].decimals);
-        offset += fields[i].length;
+        bytes.replace(at, 11, QByteArray(field.name).leftJustified(11, ' '));
+        bytes[at + 11] = field.type;
+        PutU32(bytes, at + 12, table.zeroOffsets ? 0 : offset);
+        bytes[at + 16] = static_cast<char>(field.length & 0xFF);
+        bytes[at + 17] = static_cast<char>(field.length > 255 ? field.length >> 8 : field.decimals);
+        bytes[at + 18] = static_cast<char>(field.flags);
+        offset += field.length;
     }
-    bytes[headerLength - 1] = 0x0D;
-    for (std::size_t r = 0; r < records.size(); ++r) {
-        const bool isDeleted = r < deleted.size() && deleted[r];
+    bytes[32 + 32 * static_cast<int>(table.fields.size())] = table.terminator;
+    for (std::size_t r = 0; r < table.records.size(); ++r) {
+        const bool isDeleted = r < table.deleted.size() && table.deleted[r];
         bytes.append(isDeleted ? '*' : ' ');
-        bytes.append(records[r].leftJustified(recordLength - 1, ' ', true));
+        bytes.append(table.records[r].leftJustified(recordLength - 1, ' ', true));
     }
-    if (endOfFileByte) bytes.append('\x1A');
-    return bytes;
+    return bytes + table.trailer;
+}
+
+QByteArray HandBuiltTable(std::uint8_t version, const std::vector<HandField>& fields,
+                          const std::vector<QByteArray>& records, bool endOfFileByte,
+                          const std::vector<bool>& deleted, int declared) {
+    HandTable table;
+    table.version = version;
+    table.fields = fields;
+    table.records = records;
+    table.deleted = deleted;
+    table.declared = declared;
+    if (endOfFileByte) table.trailer = "\x1A";
+    return BuildTable(table);
 }
 
 } // namespace zlx::test

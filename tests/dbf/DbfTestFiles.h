@@ -11,9 +11,26 @@ namespace zlx::test {
 struct HandField {
     const char* name;
     char type;
-    std::uint8_t length;
+    std::uint16_t length; // a character field past 255 keeps the high byte in the decimals byte
     std::uint8_t decimals = 0;
+    std::uint8_t flags = 0; // Visual FoxPro: 0x01 system, 0x02 nullable, 0x04 binary
 };
+
+// A table as some program writes it, byte by byte.
+struct HandTable {
+    std::uint8_t version = 0x03;
+    std::uint8_t driverByte = 0;
+    std::vector<HandField> fields;
+    std::vector<QByteArray> records; // the bytes after the deletion flag, blank-padded
+    std::vector<bool> deleted;
+    int declared = -1; // the header's record count (-1: the number of records)
+    int backlink = 0;  // bytes after the terminator (Visual FoxPro: 263)
+    char terminator = 0x0D;
+    bool zeroOffsets = false;      // descriptors without field offsets
+    int declaredRecordLength = -1; // the header's record length (-1: the fields' sum)
+    QByteArray trailer;            // bytes after the last record (0x1A, junk)
+};
+QByteArray BuildTable(const HandTable& table);
 
 // A fresh path in the test scratch folder (the file does not exist).
 QString ScratchPath(const QString& fileName);

@@ -38,17 +38,17 @@ TEST(cDBFCreate, WritesHeaderDescriptorsAndRecordsByteForByte) {
     const QString path = ScratchPath(QStringLiteral("three.dbf"));
     {
         cDBF dbf;
-        dbf.SetShowErrors(false);
+        dbf.ShowErrors(false);
         CreateThreeColumnTable(dbf, path);
         EXPECT_EQ(dbf.RecordCount(), 0u);
         EXPECT_EQ(dbf.CurrentRow(), 0);
         dbf.BeginInsert();
-        dbf.SetField(QStringLiteral("NAME"), QStringLiteral("Peña €"));
-        dbf.SetField(QStringLiteral("price"), 3.5);
-        dbf.SetField(QStringLiteral("born"), MakeDate(2024, 2, 29));
+        dbf.Field(QStringLiteral("NAME"), QStringLiteral("Peña €"));
+        dbf.Field(QStringLiteral("price"), 3.5);
+        dbf.Field(QStringLiteral("born"), MakeDate(2024, 2, 29));
         EXPECT_TRUE(dbf.EndInsert());
         dbf.BeginInsert();
-        dbf.SetField(QStringLiteral("price"), std::int32_t(-12));
+        dbf.Field(QStringLiteral("price"), std::int32_t(-12));
         EXPECT_TRUE(dbf.EndInsert());
         EXPECT_EQ(dbf.GetLastErrorMsg(), QString());
     } // the destructor writes the record count
@@ -79,7 +79,7 @@ TEST(cDBFCreate, WritesHeaderDescriptorsAndRecordsByteForByte) {
 TEST(cDBFCreate, FormatsEachValueKindAndReadsItBackByFieldType) {
     const QString path = ScratchPath(QStringLiteral("kinds.dbf"));
     cDBF dbf;
-    dbf.SetShowErrors(false);
+    dbf.ShowErrors(false);
     ASSERT_TRUE(dbf.BeginCreateDBF(path));
     QString c = "C", n = "N", l = "L", d = "D";
     dbf.CreateColumn("TEXT", c, 5);
@@ -98,22 +98,22 @@ TEST(cDBFCreate, FormatsEachValueKindAndReadsItBackByFieldType) {
     EXPECT_EQ(dbf.GetFieldInfo(8).nDecimalPlaces, 0);
 
     dbf.BeginInsert();
-    dbf.SetField("TEXT", "abcdefg");
-    dbf.SetField("SMALL", std::int32_t(1234567)); // too wide: stays blank
-    dbf.SetField("SMALL", std::int16_t(-42));
-    dbf.SetField("WHOLE9", 2.5); // halves away from zero
-    dbf.SetField("WHOLE12", Currency{1234567890120000});
-    dbf.SetField("WHOLE16", Variant::FromInt64(123456789012345));
-    dbf.SetField("MONEY", Currency{-1234567});
-    dbf.SetField("RATIO", 0.1234567);
-    dbf.SetField("FLAG", true);
-    dbf.SetField("DAY", MakeDate(1999, 12, 31, 23, 59, 59));
-    dbf.SetField("NUMTEXT", "12"); // a text is written as text whatever the field type
+    dbf.Field("TEXT", "abcdefg");
+    dbf.Field("SMALL", std::int32_t(1234567)); // too wide: stays blank
+    dbf.Field("SMALL", std::int16_t(-42));
+    dbf.Field("WHOLE9", 2.5); // halves away from zero
+    dbf.Field("WHOLE12", Currency{1234567890120000});
+    dbf.Field("WHOLE16", Variant::FromInt64(123456789012345));
+    dbf.Field("MONEY", Currency{-1234567});
+    dbf.Field("RATIO", 0.1234567);
+    dbf.Field("FLAG", true);
+    dbf.Field("DAY", MakeDate(1999, 12, 31, 23, 59, 59));
+    dbf.Field("NUMTEXT", "12"); // a text is written as text whatever the field type
     ASSERT_TRUE(dbf.EndInsert());
     dbf.BeginInsert();
-    dbf.SetField("TEXT", "ab");
-    dbf.SetField("FLAG", false);
-    dbf.SetField("RATIO", Variant::Null());
+    dbf.Field("TEXT", "ab");
+    dbf.Field("FLAG", false);
+    dbf.Field("RATIO", Variant::Null());
     ASSERT_TRUE(dbf.EndInsert());
     dbf.CloseDBF();
 
@@ -146,7 +146,7 @@ TEST(cDBFCreate, FormatsEachValueKindAndReadsItBackByFieldType) {
     EXPECT_TRUE(dbf.Field("FLAG").ToBool());
     EXPECT_EQ(dbf.Field("DAY").ToDate(), MakeDate(1999, 12, 31));
     EXPECT_EQ(dbf.Field("NUMTEXT").ToLong(), 12);
-    dbf.SetCurrentRow(2);
+    dbf.CurrentRow(2);
     EXPECT_FALSE(dbf.Field("FLAG").ToBool());
     EXPECT_EQ(dbf.Field("WHOLE9").ToLong(), 0);
     EXPECT_TRUE(dbf.Field("DAY").IsNull());
@@ -156,35 +156,35 @@ TEST(cDBFCreate, FormatsEachValueKindAndReadsItBackByFieldType) {
 TEST(cDBFCreate, UpdatesAnExistingRecordAndKeepsRecordsOnInsert) {
     const QString path = ScratchPath(QStringLiteral("update.dbf"));
     cDBF dbf;
-    dbf.SetShowErrors(false);
+    dbf.ShowErrors(false);
     CreateThreeColumnTable(dbf, path);
     for (const char* name : {"uno", "dos", "tres"}) {
         dbf.BeginInsert();
-        dbf.SetField("NAME", name);
+        dbf.Field("NAME", name);
     }
     dbf.BeginInsert(); // a second BeginInsert appends the pending record first
     EXPECT_EQ(dbf.RecordCount(), 3u);
-    dbf.SetField("NAME", "cuatro");
+    dbf.Field("NAME", "cuatro");
     dbf.Commit();
     EXPECT_EQ(dbf.RecordCount(), 4u);
 
-    dbf.SetCurrentRow(2);
-    dbf.SetField("PRICE", 99.999);
-    dbf.SetCurrentRow(3); // moving writes the changed record
-    dbf.SetField("NAME", "TRES");
+    dbf.CurrentRow(2);
+    dbf.Field("PRICE", 99.999);
+    dbf.CurrentRow(3); // moving writes the changed record
+    dbf.Field("NAME", "TRES");
     dbf.BeginInsert(); // starting an insertion keeps the change too
-    dbf.SetField("NAME", "cinco");
+    dbf.Field("NAME", "cinco");
     dbf.CloseDBF(); // the header is unchanged since Commit: the pending record is dropped
 
     ASSERT_TRUE(dbf.OpenRaw(path));
     ASSERT_EQ(dbf.RecordCount(), 4u);
     QStringList names;
     for (int row = 1; row <= 4; ++row) {
-        dbf.SetCurrentRow(row);
+        dbf.CurrentRow(row);
         names << dbf.Field("NAME").ToString().trimmed();
     }
     EXPECT_EQ(names.join(','), QStringLiteral("uno,dos,TRES,cuatro"));
-    dbf.SetCurrentRow(2);
+    dbf.CurrentRow(2);
     EXPECT_EQ(dbf.Field("PRICE").ToCurrency().scaled, 1000000);
     EXPECT_EQ(dbf.GetLastErrorMsg(), QString());
 }

@@ -13,7 +13,7 @@ class cDBFErrors : public testing::Test {
 protected:
     void SetUp() override {
         path = test::ScratchPath(QStringLiteral("errors.dbf"));
-        dbf.SetShowErrors(false);
+        dbf.ShowErrors(false);
         ASSERT_TRUE(dbf.BeginCreateDBF(path));
         QString c = "C";
         dbf.CreateColumn("NAME", c, 5);
@@ -61,27 +61,27 @@ TEST_F(cDBFErrors, RecordAndFieldErrorsKeepTheState) {
                 QStringLiteral("Error añadiendo registro al fichero DBF"));
     EXPECT_EQ(dbf.RecordCount(), 0u);
 
-    dbf.SetField("NAME", "x"); // no current record to write it to
+    dbf.Field("NAME", "x"); // no current record to write it to
     dbf.FlushRecord();
     ExpectError(QStringLiteral("No existe un registro actual válido. Por lo tanto no puede "
                                "actualizarse."),
                 QStringLiteral("Error actualizando el fichero DBF"));
 
     dbf.BeginInsert();
-    dbf.SetField("NAME", "uno");
+    dbf.Field("NAME", "uno");
     ASSERT_TRUE(dbf.EndInsert());
-    dbf.SetCurrentRow(2);
+    dbf.CurrentRow(2);
     ExpectError(QStringLiteral("El fichero tiene actualmente 1 registros."),
                 QStringLiteral("Número de registro incorrecto"));
     EXPECT_EQ(dbf.CurrentRow(), 1);
-    dbf.SetCurrentRow(0);
+    dbf.CurrentRow(0);
     ExpectError(QStringLiteral("El fichero tiene actualmente 1 registros."),
                 QStringLiteral("Número de registro incorrecto"));
 
     EXPECT_EQ(dbf.Field("NAM").ToString(), QString()); // a prefix is not the field
     ExpectError(QStringLiteral("No existe el campo: 'NAM'"),
                 QStringLiteral("Error accediendo al registro actual. Offset=-1"));
-    dbf.SetField("Other", 1.0);
+    dbf.Field("Other", 1.0);
     ExpectError(QStringLiteral("No existe el campo: 'Other'"),
                 QStringLiteral("Error actualizando el registro actual. Offset=-1"));
     EXPECT_EQ(dbf.Field("name").ToString(), QStringLiteral("uno  "));
@@ -100,8 +100,8 @@ TEST_F(cDBFErrors, ShownErrorsGoToTheMessageBoxAndAreNotStored) {
     ASSERT_TRUE(dbf.EndCreateDBF());
     RecordingMsgPresenter presenter;
     ScopedMsgPresenter scope(presenter);
-    dbf.SetShowErrors(true);
-    dbf.SetCurrentRow(1);
+    dbf.ShowErrors(true);
+    dbf.CurrentRow(1);
     ASSERT_EQ(presenter.Messages().size(), 1u);
     EXPECT_EQ(presenter.Last().text, QStringLiteral("El fichero tiene actualmente 0 registros."));
     EXPECT_EQ(presenter.Last().title, QStringLiteral("Número de registro incorrecto"));

@@ -1,3 +1,5 @@
+#include "DbfForeignShapes.h"
+#include "DbfTestFiles.h"
 #include "QtPrinters.h"
 #include "TableTestData.h"
 #include "dbf/cDBF.h"
@@ -33,11 +35,11 @@ void WriteArticles(const QString& path) {
     ASSERT_TRUE(dbf.EndCreateDBF());
     for (int i = 1; i <= 3; ++i) {
         dbf.BeginInsert();
-        dbf.SetField("NOMBRE", Variant(QString("Artículo %1").arg(i)));
-        dbf.SetField("CODIGO", Variant(i * 1000));
-        dbf.SetField("PRECIO", Variant(i * 1.25));
-        dbf.SetField("ALTA", Variant(MakeDate(2023, 12, i)));
-        dbf.SetField("ACTIVO", Variant(i != 2));
+        dbf.Field("NOMBRE", Variant(QString("Artículo %1").arg(i)));
+        dbf.Field("CODIGO", Variant(i * 1000));
+        dbf.Field("PRECIO", Variant(i * 1.25));
+        dbf.Field("ALTA", Variant(MakeDate(2023, 12, i)));
+        dbf.Field("ACTIVO", Variant(i != 2));
         ASSERT_TRUE(dbf.EndInsert());
     }
     dbf.CloseDBF();
@@ -126,6 +128,68 @@ TEST(TableFiles, DbfFieldsLoadAsTheirColumnTypes) {
     ASSERT_FALSE(messages.Messages().empty());
     EXPECT_EQ(messages.Last().text, "No ha podido leerse el registro del disco.");
     EXPECT_EQ(FileBytes(cut), bytes);
+}
+
+TEST(TableFiles, DbfTablesOtherProgramsWriteLoadWithTheirValues) {
+    cDatos table;
+    ASSERT_EQ(table.LoadFile_DBF(WriteShape(ForeignShapeNamed("visualfoxpro"))), 1);
+    const std::vector<std::pair<QString, std::int32_t>> expected = {
+        {"NAME", zlxTblColumnTypeChar},     {"QTY", zlxTblColumnTypeI4},
+        {"PRICE", zlxTblColumnTypeCurrency}, {"STAMP", zlxTblColumnTypeDateTime},
+        {"RATIO", zlxTblColumnTypeDouble},  {"NOTE", zlxTblColumnTypeChar},
+        {"DISC", zlxTblColumnTypeCurrency}};
+    ASSERT_EQ(table.FieldCount(), 7);
+    for (int c = 0; c < 7; ++c) {
+        EXPECT_EQ(table.ColumnInfo(c).cName, expected[c].first);
+        EXPECT_EQ(table.ColumnInfo(c).nType, expected[c].second);
+    }
+    EXPECT_EQ(table.DataCell("NAME", 1).ToString().trimmed(), "Peña");
+    EXPECT_EQ(table.DataCell("QTY", 1).ToLong(), -42);
+    EXPECT_EQ(table.DataCell("PRICE", 1).ToCurrency().scaled, 123456);
+    EXPECT_EQ(table.DataCell("STAMP", 1).ToDate(), MakeDate(2023, 2, 24, 12, 34, 57));
+    EXPECT_EQ(table.DataCell("RATIO", 1).ToDouble(), 0.5);
+    EXPECT_EQ(table.DataCell("NOTE", 1).ToString(), "hola");
+    EXPECT_EQ(table.DataCell("DISC", 1).ToCurrency().scaled, 12500);
+    EXPECT_TRUE(table.DataCell("STAMP", 2).IsNull());
+    EXPECT_TRUE(table.DataCell("NOTE", 2).IsNull());
+    EXPECT_TRUE(table.DataCell("DISC", 2).IsNull());
+
+    cDatos memos; // a text memo is a memo column; a picture has none
+    ASSERT_EQ(memos.LoadFile_DBF(WriteShape(ForeignShapeNamed("foxpromemo"))), 1);
+    ASSERT_EQ(memos.FieldCount(), 2);
+    EXPECT_EQ(memos.ColumnInfo(1).nType, zlxTblColumnTypeMemo);
+    EXPECT_EQ(memos.DataCell("NOTES", 1).ToString(), "Línea uno\r\nLínea dos");
+
+    cDatos mixed; // lower-case names keep their spelling
+    ASSERT_EQ(mixed.LoadFile_DBF(WriteShape(ForeignShapeNamed("lowercase"))), 1);
+    EXPECT_EQ(mixed.ColumnInfo(1).cName, "Amount");
+    EXPECT_EQ(mixed.DataCell("Amount", 1).ToCurrency().scaled, 125000);
+}
+
+TEST(TableFiles, DbfFilesThatCannotBeReadRightFailWithTheirMessage) {
+    RecordingMsgPresenter messages;
+    ScopedMsgPresenter scope(messages);
+    HandTable old;
+    old.version = 0x02;
+    old.fields = {{"CODE", 'C', 4}};
+    const QString dbase2 = TestScratchPath("dbase2.dbf");
+    WriteAll(dbase2, BuildTable(old));
+    cDatos table;
+    EXPECT_EQ(table.LoadFile_DBF(dbase2), 0);
+    EXPECT_EQ(table.LastError(), zlxDatosError_Err_LoadDBF);
+    ASSERT_EQ(messages.Messages().size(), 1u);
+    EXPECT_EQ(messages.Last().text, "No puede leerse el fichero DBF: es de la versión dBASE II "
+                                    "(0x02), que no se admite.");
+    EXPECT_EQ(messages.Last().title, "Error abriendo el fichero DBF");
+
+    const QString noMemo = TestScratchPath("dbase3memo.dbf");
+    WriteAll(noMemo, ForeignShapeNamed("dbase3memo").table);
+    EXPECT_EQ(table.LoadFile_DBF(noMemo), 0);
+    EXPECT_EQ(table.LastError(), zlxDatosError_Err_LoadDBF);
+    ASSERT_EQ(messages.Messages().size(), 2u);
+    EXPECT_EQ(messages.Last().text, "No se encuentra el fichero de memos de 'dbase3memo.dbf': el "
+                                    "campo 'NOTES' no puede leerse.");
+    EXPECT_EQ(messages.Last().title, "Error leyendo el fichero DBF");
 }
 
 TEST(TableFiles, DbfRoundTripWritesTheSameBytes) {

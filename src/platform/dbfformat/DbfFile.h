@@ -24,6 +24,8 @@ public:
     // Bytes actually transferred (short at the end of the file or on failure).
     std::size_t ReadAt(std::uint64_t position, void* buffer, std::size_t size) const;
     std::size_t WriteAt(std::uint64_t position, const void* buffer, std::size_t size);
+    // The file's size in bytes (0 when closed).
+    std::uint64_t Size() const;
 
 private:
     int m_fd = -1;

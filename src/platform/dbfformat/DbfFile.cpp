@@ -1,9 +1,10 @@
-#include "dbf/DbfFile.h"
+#include "platform/dbfformat/DbfFile.h"
 
 #include <QFile>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace zlx {
@@ -49,6 +50,12 @@ std::size_t DbfFile::WriteAt(std::uint64_t position, const void* buffer, std::si
         done += static_cast<std::size_t>(n);
     }
     return done;
+}
+
+std::uint64_t DbfFile::Size() const {
+    struct stat status {};
+    if (m_fd < 0 || ::fstat(m_fd, &status) != 0) return 0;
+    return static_cast<std::uint64_t>(status.st_size);
 }
 
 } // namespace zlx

@@ -1,8 +1,9 @@
-#include "dbf/DbfFieldCodec.h"
+#include "platform/dbfformat/DbfFieldCodec.h"
 
-#include "dbf/Cp1252.h"
 #include "platform/variant/NumberText.h"
 
+#include <QDate>
+#include <bit>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
@@ -19,12 +20,17 @@ struct FixedNumber {
     int scale = 0;
 };
 
+// Writers pad numbers with blanks, some with NULs.
+bool IsPadding(char c) {
+    return c == ' ' || c == '\0';
+}
+
 std::optional<FixedNumber> ParseFixed(const char* bytes, std::size_t length) {
     std::size_t i = 0;
-    while (i < length && bytes[i] == ' ')
+    while (i < length && IsPadding(bytes[i]))
         ++i;
     std::size_t end = length;
-    while (end > i && bytes[end - 1] == ' ')
+    while (end > i && IsPadding(bytes[end - 1]))
         --end;
     const bool negative = i < end && bytes[i] == '-';
     if (negative) ++i;
@@ -47,9 +53,13 @@ std::optional<FixedNumber> ParseFixed(const char* bytes, std::size_t length) {
     return number;
 }
 
+QString TrimmedText(const char* bytes, std::size_t length) {
+    return QString::fromLatin1(
+        QByteArray(bytes, static_cast<qsizetype>(length)).replace('\0', ' ').trimmed());
+}
+
 double GeneralValue(const char* bytes, std::size_t length) {
-    return NumberText::Val(
-        QString::fromLatin1(QByteArray(bytes, static_cast<qsizetype>(length)).trimmed()));
+    return NumberText::Val(TrimmedText(bytes, length));
 }
 
 constexpr std::int64_t kPowersOfTen[] = {1, 10, 100, 1000, 10000};
@@ -73,8 +83,7 @@ Variant DecodeNumber(const char* bytes, std::size_t length, std::size_t decimals
         if (currency || (length >= 10 && length <= 14)) return Currency::FromDouble(value);
         if (length < 10) return static_cast<std::int32_t>(value);
         bool ok = false;
-        const Decimal exact = Decimal::FromString(
-            QString::fromLatin1(QByteArray(bytes, static_cast<qsizetype>(length)).trimmed()), &ok);
+        const Decimal exact = Decimal::FromString(TrimmedText(bytes, length), &ok);
         return ok ? exact : Decimal::FromDouble(value);
     } catch (const VariantError&) {
         return GeneralValue(bytes,
@@ -107,6 +116,37 @@ bool DecodeLogical(const char* bytes, std::size_t length) {
     return length == 1 && (bytes[0] == 'Y' || bytes[0] == 'T' || bytes[0] == 'S');
 }
 
+template <class T> T LittleEndian(const char* bytes) {
+    std::make_unsigned_t<T> value = 0;
+    for (std::size_t i = sizeof(T); i-- > 0;)
+        value = static_cast<std::make_unsigned_t<T>>((value << 8) |
+                                                     static_cast<unsigned char>(bytes[i]));
+    return static_cast<T>(value);
+}
+
+// Visual FoxPro's date-time: a Julian day number, then milliseconds since midnight, both
+// 32-bit; day 0 is an empty value. Kept to the second, as the program shows it.
+Variant DecodeDateTime(const char* bytes, std::size_t length) {
+    if (length < 8) return Variant::Null();
+    const QDate day = QDate::fromJulianDay(LittleEndian<std::int32_t>(bytes));
+    const std::int32_t milliseconds = LittleEndian<std::int32_t>(bytes + 4);
+    if (LittleEndian<std::int32_t>(bytes) <= 0 || !day.isValid() || milliseconds < 0 ||
+        milliseconds >= 86400000)
+        return Variant::Null();
+    // Half a second rounds up, but never into the next day.
+    const int seconds = std::min(86399, static_cast<int>((milliseconds + 500) / 1000));
+    return MakeDate(day.year(), day.month(), day.day(), seconds / 3600, seconds / 60 % 60,
+                    seconds % 60);
+}
+
+Variant DecodeBinaryNumber(char type, const char* bytes, std::size_t length) {
+    if (type == 'I' && length >= 4) return LittleEndian<std::int32_t>(bytes);
+    if (type == 'Y' && length >= 8) return Currency{LittleEndian<std::int64_t>(bytes)};
+    if (type == 'B' && length >= 8)
+        return std::bit_cast<double>(LittleEndian<std::uint64_t>(bytes));
+    return Variant::Null();
+}
+
 // The number with `decimals` places, halves away from zero, "." as separator.
 QByteArray FormatNumber(const Variant& value, std::size_t decimals) {
     if (const auto* whole = value.Get<std::int32_t>(); whole && decimals == 0)
@@ -129,20 +169,31 @@ QByteArray FormatDate(const Variant& value) {
 
 } // namespace
 
-Variant Decode(char type, const char* bytes, std::size_t length, std::size_t decimals) {
+Variant Decode(char type, const char* bytes, std::size_t length, std::size_t decimals,
+               const DbfCodePage& codePage, bool visualFoxPro) {
     switch (type) {
     case 'N':
+    case 'F':
         return DecodeNumber(bytes, length, decimals);
+    case 'I':
+    case 'Y':
+        return DecodeBinaryNumber(type, bytes, length);
+    case 'B':
+        if (visualFoxPro) return DecodeBinaryNumber(type, bytes, length);
+        return codePage.Decode(bytes, length);
+    case 'T':
+        return DecodeDateTime(bytes, length);
     case 'D':
         return DecodeDate(bytes, length);
     case 'L':
         return DecodeLogical(bytes, length);
     default:
-        return Cp1252::Decode(bytes, length);
+        return codePage.Decode(bytes, length);
     }
 }
 
-bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals) {
+bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals,
+            const DbfCodePage& codePage) {
     QByteArray text;
     bool rightAligned = false;
     try {
@@ -157,7 +208,7 @@ bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t d
         } else if (value.VarType() == vbBoolean) {
             text = value.ToBool() ? "T" : "F";
         } else {
-            text = Cp1252::Encode(value.ToString());
+            text = codePage.Encode(value.ToString());
         }
     } catch (const VariantError&) {
         return false;

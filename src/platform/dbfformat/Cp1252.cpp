@@ -1,4 +1,4 @@
-#include "dbf/Cp1252.h"
+#include "platform/dbfformat/Cp1252.h"
 
 #include <array>
 
