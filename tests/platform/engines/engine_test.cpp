@@ -1,8 +1,8 @@
 // The same behaviour checked on every engine: column descriptions, batches, errors,
 // time-outs, cancel, asynchronous open, transactions and database switching.
 
-#include "EngineCase.h"
 #include "RecordingSink.h"
+#include "ScratchDatabaseTest.h"
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
 #include "platform/engines/ErrorKinds.h"
@@ -22,16 +22,12 @@ QCoreApplication& App() {
     return app;
 }
 
-class EngineTest : public ::testing::TestWithParam<EngineCase> {
+class EngineTest : public ScratchDatabaseTest {
 protected:
     void SetUp() override {
         App();
-        m_database = GetParam().makeDatabase();
-        if (!m_database) {
-            if (qEnvironmentVariableIntValue("ZLX_REQUIRE_PG") == 1)
-                FAIL() << GetParam().name << " is required but not configured";
-            GTEST_SKIP() << GetParam().name << " is not configured";
-        }
+        ScratchDatabaseTest::SetUp();
+        if (Stopped()) return;
         m_connection = OpenConnection();
     }
 
@@ -52,7 +48,6 @@ protected:
         return sink.rowsets.at(0).rows.at(0).at(0).ToLong();
     }
 
-    std::unique_ptr<ScratchDatabase> m_database;
     ConnectionPtr m_connection;
 };
 
@@ -153,7 +148,7 @@ TEST_P(EngineTest, FailedStatementRaisesCommandFailedWithRecords) {
     const Errors& errors = m_connection->GetErrors();
     ASSERT_EQ(errors.Count(), 1);
     EXPECT_EQ(errors.Item(0).number, adHrCommandFailed);
-    EXPECT_EQ(errors.Item(0).source, GetParam().errorSource);
+    EXPECT_EQ(errors.Item(0).source, ErrorSource());
     try {
         errors.Item(1);
         FAIL() << "item 1 exists";
@@ -171,7 +166,7 @@ TEST_P(EngineTest, FailedStatementRaisesCommandFailedWithRecords) {
 TEST_P(EngineTest, CommandTimeoutCancelsTheStatement) {
     m_connection->CommandTimeout(1);
     try {
-        Run(GetParam().slowQuery);
+        Run(SlowQuery());
         FAIL() << "the slow query finished";
     } catch (const AdoError& error) {
         EXPECT_EQ(error.Number(), adHrTimeout);
@@ -186,7 +181,7 @@ TEST_P(EngineTest, CommandTimeoutCancelsTheStatement) {
 TEST_P(EngineTest, CancelStopsAnAsynchronousStatement) {
     ConnectionLink link = m_connection->Link();
     EXPECT_EQ(link.connection, m_connection);
-    link.start(GetParam().slowQuery, adAsyncExecute);
+    link.start(SlowQuery(), adAsyncExecute);
     RecordingSink sink;
     EXPECT_FALSE(link.poll(sink));
     link.cancel();
@@ -303,15 +298,8 @@ TEST_P(EngineTest, OperationsOnAClosedConnectionRaise3704) {
     EXPECT_THROW(m_connection->Close(), AdoError);
 }
 
-std::string CaseName(const ::testing::TestParamInfo<EngineCase>& info) {
-    return info.param.name;
-}
-
-INSTANTIATE_TEST_SUITE_P(Engines, EngineTest,
-                         ::testing::Values(SqliteCase(), PostgresCase(), OdbcPostgresCase()),
-                         CaseName);
-INSTANTIATE_TEST_SUITE_P(Engines, DatabaseSwitchTest,
-                         ::testing::Values(SqliteCase(), PostgresCase()), CaseName);
+ZLX_ON_DRIVER_ENGINES(EngineTest);
+ZLX_ON_SERVER_ENGINES(DatabaseSwitchTest);
 
 } // namespace
 } // namespace zlx::ado::testing

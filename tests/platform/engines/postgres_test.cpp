@@ -1,8 +1,8 @@
 // What only the PostgreSQL engine has: a server process that can die under a session,
 // server notices, schemas standing for databases and the session's application name.
 
-#include "EngineCase.h"
 #include "RecordingSink.h"
+#include "ScratchDatabaseTest.h"
 #include "platform/ado/Connection.h"
 #include "platform/engines/ErrorKinds.h"
 
@@ -12,15 +12,11 @@
 namespace zlx::ado::testing {
 namespace {
 
-class PostgresTest : public ::testing::Test {
+class PostgresTest : public ScratchDatabaseTest {
 protected:
     void SetUp() override {
-        m_database = PostgresCase().makeDatabase();
-        if (!m_database) {
-            if (qEnvironmentVariableIntValue("ZLX_REQUIRE_PG") == 1)
-                FAIL() << "PostgreSQL is required but ZLX_TEST_PG is not set";
-            GTEST_SKIP() << "ZLX_TEST_PG is not set";
-        }
+        ScratchDatabaseTest::SetUp();
+        if (Stopped()) return;
         m_connection = Open();
     }
 
@@ -36,11 +32,10 @@ protected:
         return sink.rowsets.at(0).rows.at(0).at(0);
     }
 
-    std::unique_ptr<ScratchDatabase> m_database;
     ConnectionPtr m_connection;
 };
 
-TEST_F(PostgresTest, KilledServerProcessGivesLinkBrokenState) {
+TEST_P(PostgresTest, KilledServerProcessGivesLinkBrokenState) {
     const long pid = First(*m_connection, "SELECT pg_backend_pid()").ToLong();
     auto killer = Open();
     EXPECT_TRUE(
@@ -58,7 +53,7 @@ TEST_F(PostgresTest, KilledServerProcessGivesLinkBrokenState) {
     EXPECT_FALSE(IsDeadlock(errors.Records()));
 }
 
-TEST_F(PostgresTest, NoticesArriveAsInfoMessages) {
+TEST_P(PostgresTest, NoticesArriveAsInfoMessages) {
     QStringList messages;
     QObject::connect(m_connection.get(), &Connection::InfoMessage,
                      [&](const ErrorRecord& record) { messages << record.description; });
@@ -70,7 +65,7 @@ TEST_F(PostgresTest, NoticesArriveAsInfoMessages) {
     EXPECT_EQ(sink.events, QStringList({"affected -1", "rowset 1"}));
 }
 
-TEST_F(PostgresTest, DatabasesAreSchemasAndSessionsNameTheirProcess) {
+TEST_P(PostgresTest, DatabasesAreSchemasAndSessionsNameTheirProcess) {
     const QString schema = First(*m_connection, "SELECT current_schema()").ToString();
     EXPECT_EQ(m_connection->DefaultDatabase().toLower(), schema);
     m_connection->DefaultDatabase("master");
@@ -83,7 +78,7 @@ TEST_F(PostgresTest, DatabasesAreSchemasAndSessionsNameTheirProcess) {
         << name.toStdString();
 }
 
-TEST_F(PostgresTest, NumericTypesKeepPrecisionAndBigIntegers) {
+TEST_P(PostgresTest, NumericTypesKeepPrecisionAndBigIntegers) {
     RecordingSink sink;
     m_connection->ExecuteInto("SELECT 12345678901234::int8 AS big, 1.5::float4 AS f, "
                               "123.456::numeric(9,3) AS n, '\\x0102ff'::bytea AS b, "
@@ -106,6 +101,8 @@ TEST_F(PostgresTest, NumericTypesKeepPrecisionAndBigIntegers) {
     EXPECT_EQ(bytes->At(2).ToLong(), 255);
     EXPECT_DOUBLE_EQ(row[4].ToDate().value, MakeDate(2024, 2, 29).value);
 }
+
+ZLX_ON_POSTGRES(PostgresTest);
 
 } // namespace
 } // namespace zlx::ado::testing

@@ -1,12 +1,11 @@
 // The embedded engine's own layout: a server folder of database files, or one file.
 
-#include "EngineCase.h"
 #include "RecordingSink.h"
 #include "platform/ado/Connection.h"
+#include "support/TemporaryFolder.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 namespace zlx::ado::testing {
@@ -34,7 +33,7 @@ protected:
         return AdoError(0, {});
     }
 
-    QTemporaryDir m_dir;
+    zlx::test::TemporaryFolder m_dir;
     ConnectionPtr m_connection;
 };
 

@@ -1,35 +1,25 @@
-#include "EngineCase.h"
+#include "ScratchDatabaseTest.h"
 
 #include "platform/ado/Connection.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QUuid>
-#include <cstdlib>
 
 namespace zlx::ado::testing {
 
 namespace {
 
-QString TempRoot() {
-    const char* root = std::getenv("ZLX_TEST_TMP");
-    const QString path = root ? QString::fromLocal8Bit(root) : QDir::tempPath();
-    QDir().mkpath(path);
-    return path;
-}
-
 class SqliteFolder : public ScratchDatabase {
 public:
-    SqliteFolder() : m_dir(TempRoot() + QStringLiteral("/drivers-XXXXXX")) {}
+    explicit SqliteFolder(QString folder) : m_folder(std::move(folder)) {}
     QString ConnectionString() const override {
         // The engine's own SQL: these tests exercise the driver, not the T-SQL layer.
         return QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;Database=master;"
                               "SQL Dialect=Native;Server=sqlite:") +
-               m_dir.path();
+               m_folder;
     }
 
 private:
-    QTemporaryDir m_dir;
+    QString m_folder;
 };
 
 // A schema of the test cluster's database, reached as a SQL Server database of that name.
@@ -67,9 +57,8 @@ private:
 // The same kind of schema reached through the PostgreSQL ODBC driver.
 class OdbcSchema : public ScratchDatabase {
 public:
-    OdbcSchema(const QString& conninfo, QString odbc)
-        : m_schema(QStringLiteral("Server=postgres:") + conninfo,
-                   QStringLiteral("Provider=SQLOLEDB.1;")),
+    OdbcSchema(const QString& server, QString odbc)
+        : m_schema(QStringLiteral("Server=") + server, QStringLiteral("Provider=SQLOLEDB.1;")),
           m_odbc(std::move(odbc)) {}
     QString ConnectionString() const override {
         return QStringLiteral("Provider=MSDASQL;") + m_odbc +
@@ -82,41 +71,34 @@ private:
     QString m_odbc;
 };
 
-QString Environment(const char* name) {
-    const char* value = std::getenv(name);
-    return value ? QString::fromLocal8Bit(value) : QString();
+bool ThroughOdbc(const char* engine) {
+    return QString::fromLatin1(engine) == u"odbc";
 }
 
 } // namespace
 
-EngineCase SqliteCase() {
-    return {"SQLite", QStringLiteral("SQLite"), [] { return std::make_unique<SqliteFolder>(); },
-            QStringLiteral("WITH RECURSIVE c(x) AS (SELECT 1 UNION ALL SELECT x + 1 FROM c) "
-                           "SELECT count(*) FROM c")};
+void ScratchDatabaseTest::SetUp() {
+    EngineTest::SetUp();
+    if (Stopped()) return;
+    if (!Postgres())
+        m_database = std::make_unique<SqliteFolder>(Target());
+    else if (ThroughOdbc(GetParam()))
+        m_database = std::make_unique<OdbcSchema>(Server(), Odbc());
+    else
+        m_database = std::make_unique<PostgresSchema>(
+            QStringLiteral("Server=") + Server(),
+            QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;SQL Dialect=Native;"));
 }
 
-EngineCase PostgresCase() {
-    return {"PostgreSQL", QStringLiteral("PostgreSQL"),
-            []() -> std::unique_ptr<ScratchDatabase> {
-                const QString conninfo = Environment("ZLX_TEST_PG");
-                if (conninfo.isEmpty()) return nullptr;
-                return std::make_unique<PostgresSchema>(
-                    QStringLiteral("Server=postgres:") + conninfo,
-                    QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;"
-                                   "SQL Dialect=Native;"));
-            },
-            QStringLiteral("SELECT pg_sleep(30)")};
+QString ScratchDatabaseTest::ErrorSource() const {
+    if (!Postgres()) return QStringLiteral("SQLite");
+    return ThroughOdbc(GetParam()) ? QStringLiteral("ODBC") : QStringLiteral("PostgreSQL");
 }
 
-EngineCase OdbcPostgresCase() {
-    return {"OdbcPostgreSQL", QStringLiteral("ODBC"),
-            []() -> std::unique_ptr<ScratchDatabase> {
-                const QString conninfo = Environment("ZLX_TEST_PG");
-                const QString odbc = Environment("ZLX_TEST_ODBC_PG");
-                if (conninfo.isEmpty() || odbc.isEmpty()) return nullptr;
-                return std::make_unique<OdbcSchema>(conninfo, odbc);
-            },
-            QStringLiteral("SELECT pg_sleep(30)")};
+QString ScratchDatabaseTest::SlowQuery() const {
+    return Postgres() ? QStringLiteral("SELECT pg_sleep(30)")
+                      : QStringLiteral("WITH RECURSIVE c(x) AS (SELECT 1 UNION ALL SELECT x + 1 "
+                                       "FROM c) SELECT count(*) FROM c");
 }
 
 } // namespace zlx::ado::testing
