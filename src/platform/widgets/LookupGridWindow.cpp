@@ -2,10 +2,10 @@
 
 #include "platform/widgets/MatrixTableModel.h"
 #include "platform/widgets/PickWindowPlacement.h"
+#include "platform/widgets/SearchBox.h"
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
@@ -56,12 +56,7 @@ LookupGridWindow::LookupGridWindow(const LookupGridRequest& request, QWidget* pa
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     connect(m_view, &QTableView::doubleClicked, this, &QDialog::accept);
     if (request.style == zlxGridStyle_Buscar) {
-        m_search = new QLineEdit(this);
-        m_search->setObjectName(QStringLiteral("search"));
-        auto* label = new QLabel(QStringLiteral("&Buscar:"), this);
-        label->setBuddy(m_search);
-        layout->addWidget(label);
-        layout->addWidget(m_search);
+        m_search = AddSearchBox(*this, *layout);
         connect(m_search, &QLineEdit::textChanged, this, &LookupGridWindow::MoveToMatch);
     }
     layout->addWidget(m_view);

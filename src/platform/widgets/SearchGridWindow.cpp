@@ -1,11 +1,11 @@
 #include "platform/widgets/SearchGridWindow.h"
 
 #include "platform/widgets/DateMask.h"
+#include "platform/widgets/SearchBox.h"
 
 #include <QCollator>
 #include <QDialogButtonBox>
 #include <QHeaderView>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -181,12 +181,7 @@ SearchGridWindow::SearchGridWindow(const SearchGridRequest& request, QWidget* pa
     accept->setDefault(true);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     if (request.searchMode) {
-        m_search = new QLineEdit(this);
-        m_search->setObjectName(QStringLiteral("search"));
-        auto* label = new QLabel(QStringLiteral("&Buscar:"), this);
-        label->setBuddy(m_search);
-        layout->addWidget(label);
-        layout->addWidget(m_search);
+        m_search = AddSearchBox(*this, *layout);
         connect(m_search, &QLineEdit::textChanged, this, &SearchGridWindow::MoveToMatch);
         buttons->addButton(QStringLiteral("&Cancelar"), QDialogButtonBox::RejectRole);
         connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -82,11 +82,9 @@ void btn::OptionPreEnabled(int k, bool enabled) {
 }
 
 void btn::BeginRefresh() {
-    if (m_refreshDepth++ == 0) setUpdatesEnabled(false);
+    m_refresh.Begin();
 }
 
 void btn::EndRefresh() {
-    if (m_refreshDepth == 0 || --m_refreshDepth > 0) return;
-    setUpdatesEnabled(true);
-    update();
+    m_refresh.End();
 }

@@ -5,6 +5,8 @@
 // ("pre-enabled") state that the binding applies later. See get.h for why the class is
 // declared outside the zlx namespace.
 
+#include "platform/widgets/RefreshBracket.h"
+
 #include <QGroupBox>
 #include <QVariant>
 #include <vector>
@@ -66,7 +68,7 @@ private:
     QVBoxLayout* m_layout;
     std::vector<QRadioButton*> m_options;
     std::vector<bool> m_preEnabledOptions;
-    int m_refreshDepth = 0;
+    zlx::RefreshBracket m_refresh{*this};
     bool m_changed = false;
     bool m_preEnabled = true;
     QString m_alias, m_campo;

@@ -191,13 +191,11 @@ void get::ApplyButtons() {
 }
 
 void get::BeginRefresh() {
-    if (m_refreshDepth++ == 0) setUpdatesEnabled(false);
+    m_refresh.Begin();
 }
 
 void get::EndRefresh() {
-    if (m_refreshDepth == 0 || --m_refreshDepth > 0) return;
-    setUpdatesEnabled(true);
-    update();
+    m_refresh.End();
 }
 
 void get::FntNumbers() {

@@ -12,6 +12,7 @@
 
 #include "platform/companion/cServiciosFecha.h"
 #include "platform/widgets/GetMask.h"
+#include "platform/widgets/RefreshBracket.h"
 
 #include <QVariant>
 #include <QWidget>
@@ -151,7 +152,7 @@ private:
     int m_kind = TipoTexto;
     int m_maxLength = 0;
     int m_alignment = -1; // -1: the kind's own (numbers right, others left)
-    int m_refreshDepth = 0;
+    zlx::RefreshBracket m_refresh{*this};
     bool m_changed = false;
     bool m_enabledGet = true, m_enabledCombo = true, m_enabledBuscar = true;
     bool m_showCombo = false, m_showBuscar = false;
