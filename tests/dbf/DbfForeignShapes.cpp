@@ -67,6 +67,7 @@ ForeignShape VisualFoxPro() {
 ForeignShape LineFeedTerminator() {
     HandTable t;
     t.terminator = 0x0A;
+    t.backlink = 64; // a header longer than its descriptors
     t.fields = {{"A", 'C', 3}, {"B", 'N', 4}};
     t.records = {QByteArray("xyz") + "  17"};
     return {"linefeed", BuildTable(t), {}, "", R"(

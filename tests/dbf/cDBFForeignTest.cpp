@@ -114,7 +114,7 @@ TEST_F(cDBFForeign, WritingAVisualFoxProTableKeepsItsNullFlagsAndBinaryFields) {
 }
 
 TEST_F(cDBFForeign, LooseHeadersAndRecordsAreReadByTheirFields) {
-    Open("linefeed");
+    Open("linefeed"); // the field list ends at a 0x0A, padding follows
     EXPECT_EQ(Names(), (std::vector<QString>{"A", "B"}));
     EXPECT_EQ(dbf.Field("A").ToString(), QStringLiteral("xyz"));
     EXPECT_EQ(dbf.Field("B").ToLong(), 17);
