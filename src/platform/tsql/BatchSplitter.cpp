@@ -129,6 +129,15 @@ std::vector<Tokens> SplitBatch(const Tokens& tokens) {
     return statements;
 }
 
+bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words) {
+    size_t i = 0;
+    for (QStringView word : words) {
+        if (i >= statement.size() || !statement[i].IsWord(word)) return false;
+        ++i;
+    }
+    return true;
+}
+
 std::optional<Tokens> BlockBody(const Tokens& statement) {
     if (statement.empty() ||
         !OpensBlock(statement.front(), statement.size() > 1 ? &statement[1] : nullptr))

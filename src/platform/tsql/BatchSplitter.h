@@ -6,11 +6,15 @@
 #include "platform/tsql/TsqlToken.h"
 
 #include <QStringList>
+#include <initializer_list>
 #include <optional>
 
 namespace zlx::tsql {
 
 std::vector<Tokens> SplitBatch(const Tokens& tokens);
+
+// Whether the statement begins with these words, in order.
+bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words);
 
 // The parts of an "IF <condition> <statement>": `condition` has neither IF nor the body.
 struct IfParts {

@@ -57,15 +57,6 @@ std::pair<QString, QString> SchemaAndName(const QString& table) {
     return {dot < 0 ? QStringLiteral("main") : table.left(dot), table.mid(dot + 1)};
 }
 
-bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words) {
-    size_t i = 0;
-    for (QStringView word : words) {
-        if (i >= statement.size() || !statement[i].IsWord(word)) return false;
-        ++i;
-    }
-    return true;
-}
-
 } // namespace
 
 std::span<const FunctionSpelling> SqliteDialect::Functions() const {

@@ -54,15 +54,6 @@ private:
     bool m_noCount;
 };
 
-bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words) {
-    size_t i = 0;
-    for (QStringView word : words) {
-        if (i >= statement.size() || !statement[i].IsWord(word)) return false;
-        ++i;
-    }
-    return true;
-}
-
 // The possibly qualified name (t, db..t, db.dbo.t) that begins at `first`, as written.
 QString QualifiedNameAt(const Tokens& statement, size_t first) {
     if (first >= statement.size()) return {};
