@@ -1,0 +1,32 @@
+#!/usr/bin/env bash
+# Times cFichaDB against sqlite3 and libpq running the same one-row keyset queries (10,000
+# MoveNext and 1,000 SeekID on tables of 10,000 and 1,000,000 rows with 100 distinct order
+# values) and prints per-move costs and ratios. Starts its own PostgreSQL cluster on 127.0.0.1.
+# Usage: bench/run_cursor.sh [build folder]   (default: build-bench, configured Release)
+set -euo pipefail
+root=$(cd "$(dirname "$0")/.." && pwd)
+build=${1:-$root/build-bench}
+cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZLX_BUILD_BENCH=ON \
+    -DZLX_BUILD_TESTS=OFF >/dev/null
+ninja -C "$build" -j2 cursor_bench >/dev/null
+
+out=$(mktemp -d)
+pgdir=$(mktemp -d)
+port=${ZLX_BENCH_PG_PORT:-55471}
+trap '"$root/scripts/pg-cluster.sh" stop "$pgdir"; rm -rf "$out"' EXIT
+"$root/scripts/pg-cluster.sh" start "$pgdir" "$port" >/dev/null
+ZLX_BENCH_PG="host=127.0.0.1 port=$port user=postgres dbname=zlxtest" \
+    "$build/bench/cursor_bench" --benchmark_format=json >"$out/cursor.json"
+
+/usr/bin/python3 - "$out/cursor.json" <<'PY'
+import json, sys
+times = {b["name"].split("/iterations")[0]: b["real_time"] for b in json.load(open(sys.argv[1]))["benchmarks"]}
+print(f"{'work':<10}{'engine':<12}{'rows':>9}{'cFichaDB ms':>13}{'bare ms':>9}{'ratio':>7}{'large/small':>13}")
+for work in ["MoveNext", "SeekID"]:
+    for engine in ["SQLite", "PostgreSQL"]:
+        small = times[f"BM_Library_{work}_{engine}/10000"]
+        for rows in [10000, 1000000]:
+            lib = times[f"BM_Library_{work}_{engine}/{rows}"]
+            bare = times[f"BM_Bare_{work}_{engine}/{rows}"]
+            print(f"{work:<10}{engine:<12}{rows:>9}{lib:>13.0f}{bare:>9.0f}{lib / bare:>7.2f}{lib / small:>13.2f}")
+PY
