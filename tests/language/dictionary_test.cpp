@@ -1,9 +1,9 @@
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
 #include "WidgetsApplication.h"
 #include "connection/cConexion.h"
 #include "language/cIdioma.h"
 #include "platform/companion/cMsgBox.h"
+#include "support/ServerDatabaseTest.h"
 
 #include <QWidget>
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ protected:
     Dictionary() : ServerDatabaseTest("dicc") {}
     void SetUp() override {
         ServerDatabaseTest::SetUp();
-        if (IsSkipped() || HasFatalFailure()) return;
+        if (Stopped()) return;
         Run("CREATE TABLE idioma (ZolmarID INT NOT NULL IDENTITY(1,1), clave VARCHAR(30), idioma "
             "INT, texto VARCHAR(500), traduccion VARCHAR(500), revisar INT)");
         Run("INSERT INTO idioma (clave, idioma, texto, traduccion) VALUES ('', 5, 'Guardar', "

@@ -1,6 +1,6 @@
 #include "QtPrinters.h"
 #include "TableTestData.h"
-#include "platform/companion/RecordingMsgPresenter.h"
+#include "support/MessageRecorder.h"
 
 #include <gtest/gtest.h>
 
@@ -11,8 +11,7 @@ namespace {
 
 class TableTest : public ::testing::Test {
 protected:
-    RecordingMsgPresenter m_messages;
-    ScopedMsgPresenter m_scope{m_messages};
+    test::MessageRecorder m_messages;
 };
 
 } // namespace

@@ -1,7 +1,7 @@
 #include "QtPrinters.h"
 #include "TableTestData.h"
-#include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/ScriptedSearchGrid.h"
+#include "support/MessageRecorder.h"
 #include "table/cDatos.h"
 
 #include <QDir>
@@ -49,8 +49,7 @@ QString ProgramFolder() {
 
 class Display : public ::testing::Test {
 protected:
-    RecordingMsgPresenter messages;
-    ScopedMsgPresenter scopedMessages{messages};
+    test::MessageRecorder messages;
     ScriptedSearchGrid grid;
     ScopedSearchGridPresenter scopedGrid{grid};
 };

@@ -1,6 +1,6 @@
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
 #include "TableTestData.h"
+#include "support/ServerDatabaseTest.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ protected:
     TableOnEngine() : ServerDatabaseTest("tabla") {}
     void SetUp() override {
         ServerDatabaseTest::SetUp();
-        if (IsSkipped() || HasFatalFailure()) return;
+        if (Stopped()) return;
         Run("CREATE TABLE clientes (ZolmarID INT NOT NULL IDENTITY(1,1), nombre VARCHAR(30), "
             "saldo MONEY, alta DATETIME, puntos INT)");
         Run("INSERT INTO clientes (nombre, saldo, alta, puntos) VALUES ('Ana', 10.5, "
@@ -232,8 +232,7 @@ TEST_P(TableOnServer, AsynchronousQueryOnAKilledServerSessionFailsCleanly) {
     const long pid = m_cn->Execute("SELECT pg_backend_pid()", zlxExecuteReturn_Value).ToLong();
     ASSERT_GT(pid, 0);
     cConexion killer;
-    ASSERT_TRUE(killer.Init(zlxDataProvider_MSDE, {},
-                            "postgres:" + QString::fromUtf8(qgetenv("ZLX_TEST_PG"))));
+    ASSERT_TRUE(killer.Init(zlxDataProvider_MSDE, {}, Server()));
     bool killed = false;
     QObject::connect(&table, &cDatos::QueryInProgress, [&](const QString& message, std::int32_t n) {
         if (!killed && message == "Recuperando datos..." && n > 0) {
@@ -250,5 +249,4 @@ TEST_P(TableOnServer, AsynchronousQueryOnAKilledServerSessionFailsCleanly) {
     EXPECT_EQ(table.FieldNumber("nombre"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, TableOnServer, ::testing::Values("postgres"),
-                         zlx::test::ServerEngineName);
+ZLX_ON_POSTGRES(TableOnServer);

@@ -1,6 +1,6 @@
 #include "QtPrinters.h"
 #include "TableTestData.h"
-#include "platform/companion/RecordingMsgPresenter.h"
+#include "support/MessageRecorder.h"
 
 #include <gtest/gtest.h>
 
@@ -192,8 +192,7 @@ TEST(TableRows, SumTotalsColumnsAsCurrency) {
 }
 
 TEST(TableRows, InsertRowFromAnotherTablePairsColumns) {
-    RecordingMsgPresenter messages;
-    ScopedMsgPresenter scope(messages);
+    test::MessageRecorder messages;
     auto source = FivePeople();
     source->CurrentRow(3);
     auto target = NumberedTable(0);

@@ -1,7 +1,7 @@
 #include "QtPrinters.h"
 #include "WidgetsApplication.h"
 #include "frame/cGlobales.h"
-#include "platform/companion/RecordingMsgPresenter.h"
+#include "support/MessageRecorder.h"
 #include "ui/cAppUI.h"
 
 #include <QApplication>
@@ -45,8 +45,7 @@ protected:
 } // namespace
 
 TEST_F(AppUI, MessagesCarryTheLibraryDefaults) {
-    RecordingMsgPresenter recorder;
-    ScopedMsgPresenter scope(recorder);
+    test::MessageRecorder recorder;
     recorder.QueueAnswers({1, 1, 2, 6});
     EXPECT_EQ(ui.OK_Message("Hecho"), 1);
     EXPECT_EQ(recorder.Last().title, "Información");

@@ -1,6 +1,6 @@
 #include "QtPrinters.h"
-#include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/ScriptedSearchGrid.h"
+#include "support/MessageRecorder.h"
 #include "ui/cAppUI.h"
 
 #include <gtest/gtest.h>
@@ -23,8 +23,7 @@ Variant StoredSearch(const Variant& thirdTown = Variant("Bilbao")) {
 
 class RepeatSearch : public ::testing::Test {
 protected:
-    RecordingMsgPresenter messages;
-    ScopedMsgPresenter scopedMessages{messages};
+    test::MessageRecorder messages;
     ScriptedSearchGrid grid;
     ScopedSearchGridPresenter scopedGrid{grid};
     cAppUI ui;
