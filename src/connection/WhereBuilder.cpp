@@ -4,6 +4,7 @@
 #include "platform/variant/NumberText.h"
 
 #include <QObject>
+#include <QRegularExpression>
 #include <QStringList>
 #include <QVariant>
 #include <cmath>
@@ -128,6 +129,12 @@ QString Comparison(const QString& cField, const Variant& value, int nModo, bool 
     return op + value.ToInvariantString();
 }
 
+// A number goes into a statement as it was written; any other text only as a quoted literal.
+QString NumberOrQuoted(const QString& text) {
+    static const QRegularExpression number(QStringLiteral(R"(^[+-]?([0-9]+\.?[0-9]*|\.[0-9]+)$)"));
+    return number.match(text).hasMatch() ? text : SqlText::PonComillas(Variant(text));
+}
+
 QString CodeList(const QString& cField, const QString& text) {
     QString ranges;
     QStringList codes;
@@ -136,7 +143,7 @@ QString CodeList(const QString& cField, const QString& text) {
         if (piece.isEmpty()) continue;
         const qsizetype dash = piece.indexOf(u'-');
         if (dash < 0) {
-            if (piece != QStringLiteral("0")) codes << piece;
+            if (piece != QStringLiteral("0")) codes << NumberOrQuoted(piece);
             continue;
         }
         const auto a = static_cast<long long>(std::trunc(NumberText::Val(piece.left(dash))));
@@ -209,8 +216,10 @@ QString CheckBoxes(const std::vector<Variant>& aBoxValues, const QString& cField
     QString list;
     for (std::size_t i = 0; i < aBoxValues.size() && i < aValues.size(); ++i) {
         if (aBoxValues[i].ToDouble() == 0) continue;
-        mask |= aValues[i].ToInt64();
-        list += u',' + aValues[i].ToInvariantString();
+        const Variant& value = aValues[i];
+        // A value that is not a number adds no bit, and is listed as a quoted text.
+        if (value.IsNumeric()) mask |= value.ToInt64();
+        list += u',' + NumberOrQuoted(value.ToInvariantString());
     }
     if (nModo == zlxChk2Where_Enumerados)
         return list.isEmpty() ? QString()

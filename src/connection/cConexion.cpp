@@ -4,8 +4,11 @@
 #include "connection/EventLoopWait.h"
 #include "connection/StatementText.h"
 #include "frame/LibraryState.h"
+#include "platform/ado/AdoErrorTexts.h"
+#include "platform/engines/ErrorKinds.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QThread>
 #include <algorithm>
 #include <optional>
@@ -19,6 +22,18 @@ constexpr std::int32_t kBadLogin = static_cast<std::int32_t>(0x80040E4D);
 
 const QString kStartupSettings = QStringLiteral(
     "SET XACT_ABORT ON ; SET LANGUAGE Español ; SET DATEFORMAT dmy ; SET DATEFIRST 1");
+
+// A lost link is opened again in at most this many attempts, the pause between two of them
+// doubling from the first.
+constexpr int kReopenAttempts = 3;
+constexpr int kFirstReopenPauseMs = 250;
+
+void PauseWithEventLoop(int milliseconds) {
+    QElapsedTimer timer;
+    timer.start();
+    while (timer.elapsed() < milliseconds)
+        YieldToEventLoop();
+}
 
 } // namespace
 
@@ -56,6 +71,31 @@ ado::ConnectionPtr cConexion::NewConnection(int nModo, long timeout) {
     connection->Mode(static_cast<ado::ConnectModeEnum>(nModo));
     connection->ConnectionTimeout(timeout);
     return connection;
+}
+
+ado::Connection& cConexion::Main() {
+    if (!m_cn) ado::RaiseAdoError(ado::adErrInvalidConnection);
+    return *m_cn;
+}
+
+void cConexion::CommandTimeout(long seconds) {
+    if (m_cn) m_cn->CommandTimeout(seconds);
+}
+
+void cConexion::cn(ado::ConnectionPtr value) {
+    if (m_cn) disconnect(m_cn.get(), nullptr, this, nullptr);
+    m_cn = std::move(value);
+    if (m_cn) ListenTo(m_cn);
+}
+
+void cConexion::ClearErrorState() {
+    RestoreErrorState({});
+}
+
+void cConexion::RestoreErrorState(const ErrorState& state) {
+    m_lastError = state.error;
+    m_lastNativeError = state.native;
+    m_lastErrorDescription = state.description;
 }
 
 void cConexion::ListenTo(const ado::ConnectionPtr& connection) {
@@ -121,8 +161,7 @@ bool cConexion::Init(int nProveedor, const QString& cFileName, const QString& cS
     int provider = m_provider;
     const QString connectionString = Connection_String(provider, m_database, m_server);
     try {
-        m_cn = NewConnection(nModo, nConnectionTimeout);
-        ListenTo(m_cn);
+        cn(NewConnection(nModo, nConnectionTimeout));
         if (m_provider == zlxDataProvider_JET40)
             m_cn->Open(connectionString, m_user, m_password, ado::adConnectUnspecified);
         else if (m_provider == zlxDataProvider_MSDE)
@@ -172,8 +211,8 @@ void cConexion::DBName(const QString& cName) {
     }
 }
 
-void cConexion::SetIdioma(MsgTranslator* oNewIdioma) {
-    m_translator = oNewIdioma;
+void cConexion::SetIdioma(std::shared_ptr<MsgTranslator> oNewIdioma) {
+    m_translator = std::move(oNewIdioma);
     if (m_translator) m_translator->SetMsgBoxStrings(*m_msgBox);
 }
 
@@ -240,23 +279,41 @@ bool cConexion::Reconnect() {
                             "posible).<BR>"
                             "¿Desea intentar reconectar con el servidor de datos?"),
              MsgButtonsYesNo, QStringLiteral("Conexión interrumpida")) == 1);
-    if (!reconnect) return false;
-    m_cn.reset();
-    m_cnXLock.reset();
-    return Init(m_provider, m_database, m_server, m_user, m_password, 16, true, nullptr, 60);
+    return reconnect && Reopen();
+}
+
+bool cConexion::Reopen() {
+    for (int attempt = 0, pause = kFirstReopenPauseMs; attempt < kReopenAttempts;
+         ++attempt, pause *= 2) {
+        if (attempt > 0) PauseWithEventLoop(pause);
+        cn(nullptr);
+        m_cnXLock.reset();
+        if (Init(m_provider, m_database, m_server, m_user, m_password, 16, true, nullptr, 60) &&
+            m_cn->State() == ado::adStateOpen)
+            return true;
+    }
+    return false;
+}
+
+bool cConexion::RunAgainAfterReconnect(bool& ranAgain) {
+    if (!(ChkCnBroken() && m_reconnected)) return false;
+    m_reconnected = false;
+    if (ranAgain) return false;
+    ranAgain = true;
+    return true;
 }
 
 bool cConexion::ChkCnBroken() {
     if (m_cnBroken) return true;
     if (!IsServer() || !m_cn || m_cn->GetErrors().Count() == 0) return false;
-    bool broken = m_cn->GetErrors().Item(0).sqlState == u"08S01";
+    bool broken = ado::IsLinkLost(m_cn->GetErrors().Records());
     if (!broken) {
         try {
             RunQuery(QStringLiteral("SELECT GetDate()"));
         } catch (const std::exception&) {
             // the probe's own failure is what is looked at
         }
-        broken = m_cn->GetErrors().Count() == 1 && m_cn->GetErrors().Item(0).sqlState == u"08S01";
+        broken = m_cn->GetErrors().Count() == 1 && ado::IsLinkLost(m_cn->GetErrors().Records());
         if (!broken) return false;
     }
     if (m_reconnected) {

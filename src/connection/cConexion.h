@@ -12,6 +12,8 @@
 
 #include <QObject>
 #include <functional>
+#include <optional>
+#include <vector>
 
 namespace zlx {
 
@@ -35,7 +37,10 @@ public:
     QString cDBPassword() const { return m_password; }
     void cDBPassword(const QString& value) { m_password = value; }
     ado::ConnectionPtr cn() const { return m_cn; }
+    // A new main connection; the connection's events now come from it.
+    void cn(ado::ConnectionPtr value);
     ado::ConnectionPtr cnXLock() const { return m_cnXLock; }
+    void cnXLock(ado::ConnectionPtr value) { m_cnXLock = std::move(value); }
     std::int32_t nTally() const { return m_tally; }
     void nTally(std::int32_t value) { m_tally = value; }
     bool lFlagDeadLock() const { return m_deadLock; }
@@ -50,7 +55,8 @@ public:
     void Close_Connection();
     QString DBName() const { return m_database; }
     void DBName(const QString& cName);
-    void SetIdioma(MsgTranslator* oNewIdioma);
+    // The translator is held for as long as the connection uses it.
+    void SetIdioma(std::shared_ptr<MsgTranslator> oNewIdioma);
     void SetWTSClientName(const QString& cNewClientName) { m_wtsClientName = cNewClientName; }
 
     // Error state
@@ -98,6 +104,33 @@ public:
     bool ExecuteAsync(const QString& cSQL, std::int32_t nTimeOut = -1);
     void CancelAsyncOp(bool lCnXLock = false);
 
+    // SQL text helpers and type mappings
+    QString PonComillas(const Variant& xValor, int nLike = zlxLikeConstantsNone) const;
+    QString SoloFecha(const QString& cCampo) const;
+    QString SoloHora(const QString& cCampo, bool lSegundos = false) const;
+    bool FiltroPorPalabras(const QString& cCampo, const QString& cTextoBuscado,
+                           QString& cFiltroPorPalabras) const;
+    // An unknown ADO type answers zlxTblColumnTypeNone and leaves a line in the library log.
+    int DatoADO2ZLX(int nTipo, std::int32_t nEnteros = 0, std::int32_t nDecimales = 0);
+    int DatoZLX2ADO(int nTipo, int nProveedor = zlxDataProvider_MSDE) const;
+    // An unknown ADO type answers the text display type after the error message (code 1).
+    int DatoADO2OCX(int nTipo);
+    int DatoZLX2OCX(int nTipo) const;
+    int DatoSQL2ZLX(std::int32_t nTipo) const;
+
+    // Search filter clauses. Str2Where reads the control's text and its Alias and Campo
+    // properties, or without a control the value given for the field named; Empty when there
+    // is neither.
+    Variant Str2Where(QObject* oControl = nullptr, int nModo = zlxWhere_Like,
+                      const Variant& xFltValor = Variant(), const QString& cFldName = {}) const;
+    // A box is ticked when its Value property (or, for Qt buttons, checked) is not 0; box i
+    // goes with element i of aValues.
+    QString CheckBoxes2Where(const std::vector<QObject*>& aCheckBoxes, const QString& cField,
+                             int nModo, const Variant& aValues) const;
+    // Each of the two lists is one text or an array of texts.
+    QString ReplaceWhere(const QString& cFiltroOriginal, const Variant& aFiltrosSustituidos,
+                         const Variant& aFiltrosSustitutos) const;
+
     // Server administration
     cMatrizPtr ServerRegRead(const QString& cHKEY, const QString& cKeyPath,
                              const QString& cKeyName);
@@ -135,6 +168,12 @@ private:
         std::int32_t number = 0;
         QString description;
     };
+    // Number, description and native error of the last failure.
+    struct ErrorState {
+        int error = 0;
+        std::int32_t native = 0;
+        QString description;
+    };
 
     void ShowConexionError(int nError, const Failure& failure, const QString& cInfo);
     QString Translate(const QString& text) const;
@@ -142,6 +181,15 @@ private:
     void RecordServerError();
     void Log(const QString& line);
     ado::ConnectionPtr NewConnection(int nModo, long timeout);
+    // The main connection; before Init it raises ADO's invalid-connection error.
+    ado::Connection& Main();
+    long CommandTimeout() const { return m_cn ? m_cn->CommandTimeout() : 0; }
+    void CommandTimeout(long seconds);
+    void ClearErrorState();
+    ErrorState SavedErrorState() const {
+        return {m_lastError, m_lastNativeError, m_lastErrorDescription};
+    }
+    void RestoreErrorState(const ErrorState& state);
     void OpenServerConnections(const QString& connectionString, int nModo);
     void ListenTo(const ado::ConnectionPtr& connection);
     bool WaitWhileConnecting();
@@ -153,17 +201,28 @@ private:
     QString RegistryPathForData(const QString& cSQLSrvInstance);
     QString EngineDataFolder();
     bool Reconnect();
+    // Opens the connections again, quietly, in a few attempts with a growing pause between them.
+    bool Reopen();
+    // After a failed statement: true when the link was lost and has just been re-established
+    // and the statement has not been run again yet in this call (`ranAgain` records it).
+    bool RunAgainAfterReconnect(bool& ranAgain);
 
     Variant RunStatement(const QString& cSQL, int nTipoRet, const Variant& xDefault,
-                         std::int32_t nColsMultiSelect);
+                         bool lHideError, std::int32_t nColsMultiSelect);
+    Variant FirstValue(const QString& cSQL, const Variant& xDefault, bool lHideError);
     Variant TableResult(const QString& cSQL, int nTipoRet, const Variant& xDefault,
                         bool lHideError);
     Variant RunMultiSelect(ado::RecordsetPtr rs, std::int32_t nColsMultiSelect);
     bool RecoverOfflineDatabase(bool& shutDown, bool& offLine);
-    bool AskRetryAfterTimeout(bool lHideError, const QString& title);
-    template <class Action> bool RetryAfterReconnect(Action&& action);
+    // A time-out doubles the command time-out; true when the statement runs again: asked
+    // when errors are shown, once without asking when they are hidden.
+    bool RetryAfterTimeout(bool lHideError, bool& retriedHidden, const QString& title);
+    // Runs the action, once more after a reconnection; the failure when it did not succeed.
+    std::optional<Failure> RunWithReconnect(const std::function<void()>& action);
+    // One value as a piece of a VALUES or SET list (code 8 shown for a Null it cannot write).
+    QString ValuePiece(const Variant& value);
     void ReleaseLocks();
-    int LockAttempt(const LockRequest& request, bool& decided);
+    int LockAttempt(const LockRequest& request, bool& decided, bool& reopened);
     bool LockConflict(const LockRequest& request, const QStringList& holder);
     void RunTransactionStatement(const QString& text);
     ado::RecordsetPtr RunQuery(const QString& text);
@@ -179,7 +238,7 @@ private:
     bool m_cnBroken = false;
     bool m_reconnected = false;
     cMsgBoxPtr m_msgBox;
-    MsgTranslator* m_translator = nullptr;
+    std::shared_ptr<MsgTranslator> m_translator;
     int m_lastError = 0;
     std::int32_t m_lastNativeError = 0;
     QString m_lastErrorDescription;

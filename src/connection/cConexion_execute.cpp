@@ -5,6 +5,7 @@
 #include "connection/cConexion.h"
 #include "frame/LibraryState.h"
 #include "platform/companion/cMatriz.h"
+#include "platform/engines/ErrorKinds.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -36,7 +37,7 @@ QString ExecuteInfo(std::int32_t native, const QString& cSQL) {
 
 ado::RecordsetPtr cConexion::RunQuery(const QString& text) {
     long affected = 0;
-    return m_cn->Execute(text, affected, ado::adCmdText);
+    return Main().Execute(text, affected, ado::adCmdText);
 }
 
 void cConexion::RunNoRecords(const QString& text, ado::Connection& connection) {
@@ -57,8 +58,24 @@ Variant cConexion::RunMultiSelect(ado::RecordsetPtr rs, std::int32_t nColsMultiS
     return Variant(matrix);
 }
 
+// Mode 2. A statement that returns no rows at all is told apart from a failure.
+Variant cConexion::FirstValue(const QString& cSQL, const Variant& xDefault, bool lHideError) {
+    const ado::RecordsetPtr rs = RunQuery(cSQL);
+    if (!rs || rs->State() != ado::adStateOpen) {
+        if (!lHideError)
+            ShowConexionError(zlxConexionError_ExecuteFailed, {},
+                              QStringLiteral("Error en el método 'Execute'.") + kCr +
+                                  QStringLiteral("El objeto 'recordset' está cerrado.") + kCr +
+                                  QStringLiteral("Instrucción SQL=") + kCr + cSQL);
+        return xDefault;
+    }
+    if (rs->IsEOF()) return xDefault;
+    const Variant first = FirstCell(rs->GetRows(1));
+    return first.IsNull() ? xDefault : first;
+}
+
 Variant cConexion::RunStatement(const QString& cSQL, int nTipoRet, const Variant& xDefault,
-                                std::int32_t nColsMultiSelect) {
+                                bool lHideError, std::int32_t nColsMultiSelect) {
     switch (nTipoRet) {
     case zlxExecuteReturn_Nothing:
         if (IsServer()) {
@@ -67,21 +84,14 @@ Variant cConexion::RunStatement(const QString& cSQL, int nTipoRet, const Variant
             if (const ado::RecordsetPtr next = rs ? rs->NextRecordset() : nullptr)
                 m_tally = FirstFieldOrZero(next).ToLong();
         } else {
-            RunNoRecords(cSQL, *m_cn);
+            RunNoRecords(cSQL, Main());
         }
         return Variant(true);
     case zlxExecuteReturn_Nothing_NoRowCount:
-        RunNoRecords(cSQL, *m_cn);
+        RunNoRecords(cSQL, Main());
         return Variant(true);
-    case zlxExecuteReturn_Value: {
-        const ado::RecordsetPtr rs = RunQuery(cSQL);
-        if (!rs || rs->State() != ado::adStateOpen)
-            throw ado::AdoError(ado::adErrObjectClosed,
-                                QStringLiteral("El objeto 'recordset' está cerrado."));
-        if (rs->IsEOF()) return xDefault;
-        const Variant first = FirstCell(rs->GetRows(1));
-        return first.IsNull() ? xDefault : first;
-    }
+    case zlxExecuteReturn_Value:
+        return FirstValue(cSQL, xDefault, lHideError);
     case zlxExecuteReturn_RecordSet:
         return Variant(ObjectPtr(RunQuery(cSQL)));
     case zlxExecuteReturn_Array: {
@@ -98,7 +108,7 @@ Variant cConexion::RunStatement(const QString& cSQL, int nTipoRet, const Variant
     }
     case zlxExecuteReturn_NewID:
         if (!IsServer()) {
-            RunNoRecords(cSQL, *m_cn);
+            RunNoRecords(cSQL, Main());
             return xDefault;
         }
         return FirstFieldOrZero(RunQuery(StatementText::WithIdentity(cSQL)));
@@ -111,12 +121,14 @@ void cConexion::RecordServerError() {
     const auto errors = ServerErrors();
     m_lastNativeError = errors.empty() ? 0 : errors.front().nativeError;
     m_lastErrorDescription = errors.empty() ? QString() : errors.front().description;
-    if (m_lastNativeError == 1205) m_deadLock = true;
+    if (ado::IsDeadlock(errors)) m_deadLock = true;
 }
 
 bool cConexion::RecoverOfflineDatabase(bool& shutDown, bool& offLine) {
+    // The statements run here leave the failure being handled as it was.
+    const ErrorState failure = SavedErrorState();
     QString name = StatementText::QuotedName(m_lastErrorDescription);
-    if (name.isEmpty()) name = m_cn->DefaultDatabase();
+    if (name.isEmpty()) name = Main().DefaultDatabase();
     const auto property = [&](const char* which) {
         return Execute(QStringLiteral("SELECT DATABASEPROPERTY(") + SqlText::PonComillas(name) +
                            QStringLiteral(",'%1')").arg(QLatin1String(which)),
@@ -124,15 +136,17 @@ bool cConexion::RecoverOfflineDatabase(bool& shutDown, bool& offLine) {
     };
     shutDown = property("IsShutDown");
     offLine = property("IsOffLine");
+    RestoreErrorState(failure);
     if (!shutDown && !offLine) return false;
     Execute(QStringLiteral("ALTER DATABASE [") + name + QStringLiteral("] SET OFFLINE"));
     Execute(QStringLiteral("ALTER DATABASE [") + name + QStringLiteral("] SET ONLINE"));
     return true;
 }
 
-bool cConexion::AskRetryAfterTimeout(bool lHideError, const QString& title) {
-    m_cn->CommandTimeout(m_cn->CommandTimeout() * 2);
-    if (lHideError) return true;
+bool cConexion::RetryAfterTimeout(bool lHideError, bool& retriedHidden, const QString& title) {
+    if (lHideError && retriedHidden) return false;
+    CommandTimeout(CommandTimeout() * 2);
+    if (lHideError) return retriedHidden = true;
     m_msgBox->SetIcon(MsgIconQuestion);
     return m_msgBox->ShowMessage(
                QStringLiteral("¿Desea intentar realizar una vez más dicha operación?"),
@@ -141,23 +155,23 @@ bool cConexion::AskRetryAfterTimeout(bool lHideError, const QString& title) {
 
 Variant cConexion::Execute(const QString& cSQL, int nTipoRet, const Variant& xDefaultValue,
                            bool lHideError, std::int32_t nColsMultiSelect) {
-    m_lastError = 0;
+    ClearErrorState();
     Variant xDefault = xDefaultValue;
     if (nTipoRet == zlxExecuteReturn_Value && xDefault.IsObject() && !xDefault.ToObject()) {
         Log(QStringLiteral("cConexion.Execute(): Cambiado valor por defecto a \"0\""));
         xDefault = Variant("0");
     }
-    if (cSQL.isEmpty() || !m_cn) return xDefault;
+    if (cSQL.isEmpty()) return xDefault;
     if (nTipoRet >= zlxExecuteReturn_cDatos_Copy && nTipoRet <= zlxExecuteReturn_cDatos_Connected)
         return TableResult(cSQL, nTipoRet, xDefault, lHideError);
-    const long savedTimeout = m_cn->CommandTimeout();
+    const long savedTimeout = CommandTimeout();
     bool shutDown = false, offLine = false;
-    int hiddenTimeoutRetries = 0;
+    bool retriedHidden = false, ranAgain = false;
     for (;;) {
         Failure failure;
         try {
-            Variant result = RunStatement(cSQL, nTipoRet, xDefault, nColsMultiSelect);
-            m_cn->CommandTimeout(savedTimeout);
+            Variant result = RunStatement(cSQL, nTipoRet, xDefault, lHideError, nColsMultiSelect);
+            CommandTimeout(savedTimeout);
             return result;
         } catch (const ado::AdoError& e) {
             failure = {e.Number(), e.Description()};
@@ -188,20 +202,17 @@ Variant cConexion::Execute(const QString& cSQL, int nTipoRet, const Variant& xDe
                 "el problema (los datos de depuración se han almacenado en el fichero de "
                 "registro apropiado)."));
         }
-        if ((m_lastNativeError == 942 || m_lastNativeError == 945) && !shutDown && !offLine &&
+        if (ado::IsDatabaseUnavailable(ServerErrors()) && !shutDown && !offLine &&
             RecoverOfflineDatabase(shutDown, offLine))
             continue;
-        if (failure.number == ado::adHrTimeout && (!lHideError || hiddenTimeoutRetries++ == 0) &&
-            AskRetryAfterTimeout(
-                lHideError, QStringLiteral("Una operación no ha terminado en el tiempo límite")))
+        if (failure.number == ado::adHrTimeout &&
+            RetryAfterTimeout(lHideError, retriedHidden,
+                              QStringLiteral("Una operación no ha terminado en el tiempo límite")))
             continue;
-        m_cn->CommandTimeout(savedTimeout);
+        CommandTimeout(savedTimeout);
         m_lastError = zlxConexionError_ExecuteFailed;
         Log(logLine);
-        if (ChkCnBroken() && m_reconnected) {
-            m_reconnected = false;
-            continue;
-        }
+        if (RunAgainAfterReconnect(ranAgain)) continue;
         if (!ChkCnBroken() && !lHideError && !m_deadLock)
             ShowConexionError(zlxConexionError_ExecuteFailed, failure,
                               ExecuteInfo(m_lastNativeError, cSQL));
@@ -213,34 +224,33 @@ Variant cConexion::Execute(const QString& cSQL, int nTipoRet, const Variant& xDe
 std::int32_t cConexion::Open_RecordSet(ado::RecordsetPtr& rs, const QString& cTabla, int nUso,
                                        int nOpcion, int nCursorTipo, int nLockTipo,
                                        const QString& cIndex, bool lHideError) {
-    const long savedTimeout = m_cn->CommandTimeout();
+    const long savedTimeout = CommandTimeout();
     const QString source = nOpcion == ado::adCmdTable ? u'[' + cTabla + u']' : cTabla;
+    bool retriedHidden = false, ranAgain = false;
     for (;;) {
         Failure failure;
         try {
             rs = std::make_shared<ado::Recordset>();
             if (!cIndex.isEmpty()) rs->SetIndex(cIndex);
             rs->SetCursorLocation(static_cast<ado::CursorLocationEnum>(nUso));
-            const ado::ConnectionLink link = m_cn->Link();
+            const ado::ConnectionLink link = Main().Link();
             if (IsServer())
                 rs->GetProperties().SetItem(QStringLiteral("Preserve On Commit"), Variant(true));
             rs->Open(source, &link, static_cast<ado::CursorTypeEnum>(nCursorTipo),
                      static_cast<ado::LockTypeEnum>(nLockTipo), nOpcion);
-            m_cn->CommandTimeout(savedTimeout);
+            CommandTimeout(savedTimeout);
+            ClearErrorState();
             return 0;
         } catch (const ado::AdoError& e) {
             failure = {e.Number(), e.Description()};
         }
         RecordServerError();
         if (failure.number == ado::adHrTimeout &&
-            AskRetryAfterTimeout(
-                lHideError, QStringLiteral("Una consulta no ha terminado en el tiempo límite")))
+            RetryAfterTimeout(lHideError, retriedHidden,
+                              QStringLiteral("Una consulta no ha terminado en el tiempo límite")))
             continue;
-        m_cn->CommandTimeout(savedTimeout);
-        if (ChkCnBroken() && m_reconnected) {
-            m_reconnected = false;
-            continue;
-        }
+        CommandTimeout(savedTimeout);
+        if (RunAgainAfterReconnect(ranAgain)) continue;
         if (lHideError || m_deadLock)
             Log(QStringLiteral("Error Nº %1 en 'Open_RecordSet': %2")
                     .arg(failure.number)
@@ -253,7 +263,10 @@ std::int32_t cConexion::Open_RecordSet(ado::RecordsetPtr& rs, const QString& cTa
 }
 
 bool cConexion::ExecuteAsync(const QString& cSQL, std::int32_t nTimeOut) {
-    if (!m_cn) return false;
+    if (!m_cn) {
+        m_lastError = zlxConexionError_ExecuteFailed;
+        return false;
+    }
     const long savedTimeout = m_cn->CommandTimeout();
     try {
         if (nTimeOut > -1) m_cn->CommandTimeout(nTimeOut);
@@ -269,7 +282,7 @@ bool cConexion::ExecuteAsync(const QString& cSQL, std::int32_t nTimeOut) {
                 YieldToEventLoop();
         if (rs->State() != ado::adStateClosed) rs->Close();
         m_cn->CommandTimeout(savedTimeout);
-        m_lastError = 0;
+        ClearErrorState();
         return true;
     } catch (const ado::AdoError&) {
         m_cn->CommandTimeout(savedTimeout);

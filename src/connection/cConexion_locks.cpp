@@ -2,6 +2,7 @@
 #include "connection/cConexion.h"
 #include "frame/LibraryState.h"
 #include "platform/companion/cMatriz.h"
+#include "platform/engines/ErrorKinds.h"
 
 #include <QDateTime>
 
@@ -128,16 +129,17 @@ std::int32_t cConexion::xLock(int nTypeLock, bool lOnOff, const QString& cTabla,
     r.idUser = nIdUser;
     r.retry = nRetry;
     r.query = LockQuery(r);
+    bool reopened = false;
     for (;;) {
         bool decided = false;
-        const int outcome = LockAttempt(r, decided);
+        const int outcome = LockAttempt(r, decided, reopened);
         if (decided) return outcome;
     }
 }
 
 // One attempt inside a transaction of the lock connection; `decided` false means a conflict
-// the user chose to retry.
-int cConexion::LockAttempt(const LockRequest& r, bool& decided) {
+// the user chose to retry, or a lost link opened again (once per call, `reopened`).
+int cConexion::LockAttempt(const LockRequest& r, bool& decided, bool& reopened) {
     decided = true;
     try {
         long affected = 0;
@@ -215,11 +217,12 @@ int cConexion::LockAttempt(const LockRequest& r, bool& decided) {
             m_cnXLock->RollbackTrans();
         } catch (const ado::AdoError&) {
         }
-        const bool broken = m_cnXLock->GetErrors().Count() > 0 &&
-                            m_cnXLock->GetErrors().Item(0).sqlState == u"08S01";
-        // A broken link is opened again quietly and the attempt repeated.
-        decided = !(broken && Init(m_provider, m_database, m_server, m_user, m_password, 16, true,
-                                   nullptr, 60));
+        const bool broken = ado::IsLinkLost(m_cnXLock->GetErrors().Records());
+        // A broken link is opened again quietly and the attempt repeated, once.
+        if (broken && !reopened) {
+            reopened = true;
+            decided = !Reopen();
+        }
         return -1;
     }
 }

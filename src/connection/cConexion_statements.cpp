@@ -5,17 +5,25 @@
 
 namespace zlx {
 
-template <class Action> bool cConexion::RetryAfterReconnect(Action&& action) {
+std::optional<cConexion::Failure> cConexion::RunWithReconnect(const std::function<void()>& action) {
+    bool ranAgain = false;
     for (;;) {
         try {
             action();
-            return true;
-        } catch (const ado::AdoError&) {
+            ClearErrorState();
+            return std::nullopt;
+        } catch (const ado::AdoError& e) {
             RecordServerError();
-            if (!(ChkCnBroken() && m_reconnected)) return false;
-            m_reconnected = false;
+            if (!RunAgainAfterReconnect(ranAgain)) return Failure{e.Number(), e.Description()};
+        } catch (const VariantError& e) {
+            return Failure{e.Number(), e.Description()};
         }
     }
+}
+
+QString cConexion::ValuePiece(const Variant& value) {
+    if (value.IsNull() && !IsServer()) ShowConexionError(zlxConexionError_CadInsertNull, {}, {});
+    return StatementText::ValuePiece(value, m_provider);
 }
 
 std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
@@ -30,10 +38,7 @@ std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
                               std::int32_t last, const std::function<QString(std::int32_t)>& where,
                               QString& pieces) {
         for (std::int32_t i = first; i <= last; ++i) {
-            const Variant value = cell(i);
-            const QString piece = StatementText::ValuePiece(value, m_provider);
-            if (value.IsNull() && !IsServer())
-                ShowConexionError(zlxConexionError_CadInsertNull, {}, {});
+            const QString piece = ValuePiece(cell(i));
             if (piece.isEmpty()) {
                 ShowConexionError(zlxConexionError_InsertBadValue, {}, where(i));
                 return false;
@@ -43,7 +48,9 @@ std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
         pieces.chop(1);
         return true;
     };
-    QString batch;
+    const auto run = [&](const QString& batch) {
+        return !RunWithReconnect([&] { RunNoRecords(batch, Main()); });
+    };
     if (const VariantArrayPtr values = xValores.ToArray()) {
         QString pieces;
         const auto where = [](std::int32_t i) {
@@ -52,13 +59,13 @@ std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
         if (!piecesOf([&](std::int32_t i) { return values->At(i); }, values->LBound(),
                       values->UBound(), where, pieces))
             return -1;
-        batch = StatementText::Insert(cTabla, fields, pieces);
-        return RetryAfterReconnect([&] { RunNoRecords(batch, *m_cn); }) ? 0 : -1;
+        return run(StatementText::Insert(cTabla, fields, pieces)) ? 0 : -1;
     }
     const auto matrix = xValores.IsObject() && xValores.TypeName() == u"cMatriz"
                             ? std::dynamic_pointer_cast<cMatriz>(xValores.ToObject())
                             : nullptr;
     if (!matrix) return 0;
+    QString batch;
     for (std::int32_t row = matrix->FirstRow(); row <= matrix->LastRow(); ++row) {
         QString pieces;
         const auto where = [row](std::int32_t col) {
@@ -69,60 +76,61 @@ std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
             return -1;
         batch += StatementText::Insert(cTabla, fields, pieces);
         if (row % 50 == 0) {
-            if (!RetryAfterReconnect([&] { RunNoRecords(batch, *m_cn); })) return -1;
+            if (!run(batch)) return -1;
             batch.clear();
         }
     }
-    if (!batch.isEmpty() && !RetryAfterReconnect([&] { RunNoRecords(batch, *m_cn); })) return -1;
-    return 0;
+    return batch.isEmpty() || run(batch) ? 0 : -1;
 }
 
 std::int32_t cConexion::Update(const QString& cTabla, std::int32_t nZolmarID,
                                const Variant& xCampos, const Variant& xValores) {
-    const VariantArrayPtr fields = xCampos.ToArray();
-    const VariantArrayPtr values = xValores.ToArray();
-    QString assignments;
-    const auto add = [&](const Variant& field, const Variant& value) {
-        assignments +=
-            field.ToString() + QStringLiteral(" = ") + StatementText::ValuePiece(value, m_provider);
-    };
-    if (fields && values)
-        for (std::size_t i = 0; i < fields->Data().size() && i < values->Data().size(); ++i)
-            add(fields->Data()[i], values->Data()[i]);
-    else
-        add(xCampos, xValores);
-    assignments.chop(1);
-    const QString text = QStringLiteral("UPDATE ") + cTabla + QStringLiteral(" SET ") +
-                         assignments + QStringLiteral(" WHERE zolmarID = ") +
-                         QString::number(nZolmarID);
-    if (RetryAfterReconnect([&] { RunNoRecords(text, *m_cn); })) return 0;
-    ShowConexionError(zlxConexionError_GenericErr, {},
+    const auto failed = RunWithReconnect([&] {
+        const VariantArrayPtr fields = xCampos.ToArray();
+        const VariantArrayPtr values = xValores.ToArray();
+        QString assignments;
+        // A list of names with a single value (or the other way round) is a type mismatch.
+        const auto add = [&](const Variant& field, const Variant& value) {
+            assignments += field.ToString() + QStringLiteral(" = ") + ValuePiece(value);
+        };
+        if (fields && values)
+            for (std::size_t i = 0; i < fields->Data().size() && i < values->Data().size(); ++i)
+                add(fields->Data()[i], values->Data()[i]);
+        else
+            add(xCampos, xValores);
+        assignments.chop(1);
+        RunNoRecords(QStringLiteral("UPDATE ") + cTabla + QStringLiteral(" SET ") + assignments +
+                         QStringLiteral(" WHERE zolmarID = ") + QString::number(nZolmarID),
+                     Main());
+    });
+    if (!failed) return 0;
+    ShowConexionError(zlxConexionError_GenericErr, *failed,
                       QStringLiteral("Error en el método 'Update'."));
     return -1;
 }
 
 std::int32_t cConexion::RecCount(const QString& cTabla, const QString& cWhere) {
     std::int32_t count = -1;
-    if (RetryAfterReconnect([&] {
-            const ado::RecordsetPtr rs = RunQuery(StatementText::RecCount(cTabla, cWhere));
-            count = rs->GetFields().Item(Variant("cuantos")).Value().ToLong();
-        }))
-        return count;
-    ShowConexionError(zlxConexionError_GenericErr, {},
+    const auto failed = RunWithReconnect([&] {
+        const ado::RecordsetPtr rs = RunQuery(StatementText::RecCount(cTabla, cWhere));
+        count = rs->GetFields().Item(Variant("cuantos")).Value().ToLong();
+    });
+    if (!failed) return count;
+    ShowConexionError(zlxConexionError_GenericErr, *failed,
                       QStringLiteral("Error en el método 'RecCount'."));
     return -1;
 }
 
 std::int32_t cConexion::ValorMasAlto(const QString& cTabla, const QString& cCampo) {
     std::int32_t highest = 0;
-    if (RetryAfterReconnect([&] {
-            const ado::RecordsetPtr rs =
-                RunQuery(StatementText::ValorMasAlto(cTabla, cCampo, m_provider));
-            const Variant value = rs->GetFields().Item(Variant("ultimo")).Value();
-            highest = value.IsNull() ? 0 : value.ToLong();
-        }))
-        return highest;
-    ShowConexionError(zlxConexionError_GenericErr, {},
+    const auto failed = RunWithReconnect([&] {
+        const ado::RecordsetPtr rs =
+            RunQuery(StatementText::ValorMasAlto(cTabla, cCampo, m_provider));
+        const Variant value = rs->GetFields().Item(Variant("ultimo")).Value();
+        highest = value.IsNull() ? 0 : value.ToLong();
+    });
+    if (!failed) return highest;
+    ShowConexionError(zlxConexionError_GenericErr, *failed,
                       QStringLiteral("Error en el método 'ValorMasAlto'."));
     return 0;
 }

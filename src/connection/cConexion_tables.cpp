@@ -1,6 +1,7 @@
 #include "connection/StatementText.h"
+#include "connection/TableFactory.h"
+#include "connection/TypeMapping.h"
 #include "connection/cConexion.h"
-#include "table/cDatos.h"
 
 namespace zlx {
 
@@ -13,9 +14,9 @@ Variant EmptyOfKind(const Variant& current) {
     return Variant(std::int16_t(0));
 }
 
-// The value of an empty column, by its type.
-Variant EmptyOfColumn(const zlxDatoColumnInfo& column) {
-    switch (column.nType) {
+// The value of an empty column, by its library column type.
+Variant EmptyOfColumn(const ado::Field& field) {
+    switch (TypeMapping::AdoToZlx(field.Type()).value_or(zlxTblColumnTypeNone)) {
     case zlxTblColumnTypeChar:
     case zlxTblColumnTypeCharFixed:
     case zlxTblColumnTypeMemo:
@@ -27,10 +28,6 @@ Variant EmptyOfColumn(const zlxDatoColumnInfo& column) {
     default:
         return Variant(std::int16_t(0));
     }
-}
-
-std::shared_ptr<cDatos> AsTable(const Variant& result) {
-    return result.IsObject() ? result.As<cDatos>() : nullptr;
 }
 
 } // namespace
@@ -45,28 +42,30 @@ Variant cConexion::TableResult(const QString& cSQL, int nTipoRet, const Variant&
         m_lastError = zlxConexionError_ExecuteFailed;
         return xDefault;
     }
-    if (!rs) return xDefault;
-    auto table = std::make_shared<cDatos>();
-    table->LoadRecordSet(rs, nTipoRet != zlxExecuteReturn_cDatos_Connected,
-                         nTipoRet == zlxExecuteReturn_cDatos_Copy, true, false);
-    if (table->LastError() != 0) return xDefault;
-    return Variant(table);
+    const TableFactory* factory = RegisteredTableFactory();
+    if (!rs || !factory) return xDefault;
+    const Variant table = factory->Load(rs, nTipoRet != zlxExecuteReturn_cDatos_Connected,
+                                        nTipoRet == zlxExecuteReturn_cDatos_Copy);
+    return table.IsEmpty() ? xDefault : table;
 }
 
 bool cConexion::SQLSelect2Vars(const QString& cSQL, Variant& xVar1, Variant* xVar2, Variant* xVar3,
                                Variant* xVar4, Variant* xVar5) {
     Variant* vars[] = {&xVar1, xVar2, xVar3, xVar4, xVar5};
-    const auto table = AsTable(Execute(cSQL, zlxExecuteReturn_cDatos_Disconnected));
-    if (!table) {
+    const TableFactory* factory = RegisteredTableFactory();
+    // The table (kept while its recordset is read) stands on its first row.
+    const Variant table = factory ? Execute(cSQL, zlxExecuteReturn_cDatos_Disconnected) : Variant();
+    const ado::RecordsetPtr rs = factory ? factory->RecordsetOf(table) : nullptr;
+    if (!rs) {
         for (Variant* var : vars) {
             if (var) *var = EmptyOfKind(*var);
         }
         return false;
     }
-    const bool hasRows = table->RecCount() > 0;
-    for (std::int32_t i = 0; i < std::min<std::int32_t>(table->FieldCount(), 5); ++i) {
-        const Variant value =
-            hasRows ? table->Field_ByColumnNumber(i) : EmptyOfColumn(table->ColumnInfo(i));
+    const bool hasRows = rs->RecordCount() > 0;
+    const ado::Fields& fields = rs->GetFields();
+    for (int i = 0; i < std::min(fields.Count(), 5); ++i) {
+        const Variant value = hasRows ? fields.Item(i).Value() : EmptyOfColumn(fields.Item(i));
         if (!value.IsNull() && vars[i]) *vars[i] = value;
     }
     return true;
@@ -74,8 +73,10 @@ bool cConexion::SQLSelect2Vars(const QString& cSQL, Variant& xVar1, Variant* xVa
 
 std::shared_ptr<cDatos> cConexion::GetStructureFromQuery(const QString& cTable,
                                                          const QString& cFields) {
-    return AsTable(Execute(StatementText::StructureQuery(cTable, cFields),
-                           zlxExecuteReturn_cDatos_Disconnected));
+    const TableFactory* factory = RegisteredTableFactory();
+    if (!factory) return nullptr;
+    return factory->TableOf(Execute(StatementText::StructureQuery(cTable, cFields),
+                                    zlxExecuteReturn_cDatos_Disconnected));
 }
 
 } // namespace zlx

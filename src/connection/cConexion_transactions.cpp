@@ -15,19 +15,11 @@ QString GroupDatabase(const QString& database) {
 } // namespace
 
 void cConexion::RunTransactionStatement(const QString& text) {
-    for (;;) {
-        try {
-            RunNoRecords(text, *m_cn);
-            return;
-        } catch (const ado::AdoError&) {
-            RecordServerError();
-            if (!(ChkCnBroken() && m_reconnected)) return;
-            m_reconnected = false;
-        }
-    }
+    RunWithReconnect([&] { RunNoRecords(text, Main()); });
 }
 
 void cConexion::BeginTrans(const QString& cName) {
+    if (!m_cn) return; // nothing to count before Init
     RunTransactionStatement(QStringLiteral("BEGIN TRANSACTION ") + cName.left(32));
     ++m_transCount;
 }
@@ -38,7 +30,7 @@ void cConexion::CommitTrans(const QString& cName, bool lAutoUnlock) {
 }
 
 void cConexion::RollBackTrans(const QString&) {
-    if (!m_deadLock &&
+    if (!m_deadLock && m_cn &&
         Execute(QStringLiteral("SELECT @@Trancount"), zlxExecuteReturn_Value, Variant(0))
                 .ToDouble() > 0)
         RunTransactionStatement(QStringLiteral("ROLLBACK TRANSACTION"));
@@ -48,7 +40,7 @@ void cConexion::RollBackTrans(const QString&) {
 
 void cConexion::ReleaseLocks() {
     QString text;
-    if (!m_companyLocks.isEmpty())
+    if (!m_companyLocks.isEmpty() && m_cn)
         text += QStringLiteral(" DELETE FROM ") + m_cn->DefaultDatabase() +
                 QStringLiteral("..locks WHERE ZolmarID IN (") + m_companyLocks.mid(1) + u')';
     if (!m_groupLocks.isEmpty())

@@ -1,6 +1,7 @@
 #include "connection/cSQLStrings.h"
 
 #include "connection/SqlText.h"
+#include "platform/engines/ErrorKinds.h"
 
 namespace zlx {
 
@@ -134,7 +135,10 @@ Variant cSQLStrings::Execute(int nTipoRet, const Variant& xDefaultValue, bool lH
     if (m_statement.isEmpty()) EndStr();
     if (m_statement.isEmpty() || !m_cn) return xDefault;
     const Variant result = m_cn->Execute(m_statement, nTipoRet, xDefault, lHideError);
-    if (m_cn->GetLastSQLNativeError() != 2627) return result;
+    // Only a duplicate key of this statement itself is repaired.
+    if (m_cn->GetLastError() == zlxConexionError_None || !m_cn->cn() ||
+        !ado::IsDuplicateKey(m_cn->cn()->GetErrors().Records()))
+        return result;
     // A duplicate key after identities were reused: repair the seed and try once more.
     m_cn->Execute(QStringLiteral("DBCC CHECKIDENT ('") + m_table + QStringLiteral("')"),
                   zlxExecuteReturn_Nothing_NoRowCount);

@@ -3,6 +3,7 @@
 #include "connection/TypeMapping.h"
 #include "frame/LibraryState.h"
 #include "table/DatosFailure.h"
+#include "table/DatosTableFactory.h"
 
 namespace zlx {
 
@@ -12,7 +13,16 @@ QString Quoted(const QString& text) {
     return u'"' + text + u'"';
 }
 
+// Connections make their table results through this layer's factory. It is registered here,
+// beside the constructor, so that any program with tables has it.
+[[maybe_unused]] const bool kTableFactoryRegistered =
+    (RegisterTableFactory(DatosTableFactory::Instance()), true);
+
 } // namespace
+
+// Named by the table library's link options, so that a program linking the library statically
+// always keeps this file and the registration above.
+extern "C" void zlx_table_factory_anchor() {}
 
 cDatos::cDatos() : m_rs(std::make_shared<ado::Recordset>()) {}
 

@@ -104,6 +104,8 @@ public:
     void LastError(std::int32_t n) { m_lastError = n; }
     std::int32_t Tally() const { return m_tally; }
     void Tally(std::int32_t n) { m_tally = n; }
+    std::int32_t nTally() const { return m_tally; }
+    void nTally(std::int32_t n) { m_tally = n; }
     bool lUserCancel() const { return m_userCancel; }
     void lUserCancel(bool value) { m_userCancel = value; }
 

@@ -114,3 +114,17 @@ TEST(Batch, RunAnswersEveryLineInOrder) {
     EXPECT_EQ(lines[3], R"({"ok":"cien"})");
     EXPECT_EQ(lines[4], "");
 }
+
+TEST(Batch, TypeMappingsAndVbNumbers) {
+    EXPECT_EQ(Answer(R"({"fn":"DatoADO2ZLX","args":[131]})"), R"({"ok":15})");
+    EXPECT_EQ(Answer(R"({"fn":"DatoADO2ZLX","args":[999,5,2]})"), R"({"ok":0})");
+    EXPECT_EQ(Answer(R"({"fn":"DatoZLX2ADO","args":[10,1]})"), R"({"ok":7})");
+    EXPECT_EQ(Answer(R"({"fn":"DatoZLX2ADO","args":[10]})"), R"({"ok":133})");
+    EXPECT_EQ(Answer(R"({"fn":"DatoADO2OCX","args":[135]})"), R"({"ok":2})");
+    EXPECT_EQ(Answer(R"({"fn":"DatoZLX2OCX","args":[14]})"), R"({"ok":1})");
+    EXPECT_EQ(Answer(R"({"fn":"DatoSQL2ZLX","args":[61]})"), R"({"ok":12})");
+    // A leading number is read as VB's Val reads it, blanks inside it skipped.
+    EXPECT_NE(Answer(R"({"fn":"ValidarNombre","args":["0 9 Pérez"]})"), R"({"ok":""})");
+    EXPECT_EQ(Answer(R"({"fn":"Str2Where","args":[7,"5-2 2, 1)) ; DELETE FROM t","c"]})"),
+              R"j({"ok":" AND ((c BETWEEN 5 AND 22) OR c IN ('1)) ; DELETE FROM t'))"})j");
+}

@@ -61,7 +61,7 @@ void Lifecycle(ScriptClassBuilder<cConexion>& c) {
         "DBName", [](cConexion& o) { return o.DBName(); },
         [](cConexion& o, const Variant& v) { o.DBName(v.ToString()); });
     c.Method("SetIdioma", 1, 1,
-             [](cConexion& o, ScriptArgs& a) { o.SetIdioma(a.Object<cIdioma>(0).get()); });
+             [](cConexion& o, ScriptArgs& a) { o.SetIdioma(a.Object<cIdioma>(0)); });
     c.Method("SetWTSClientName", 1, 1,
              [](cConexion& o, ScriptArgs& a) { o.SetWTSClientName(a.String(0)); });
 }

@@ -11,8 +11,10 @@ namespace zlx::NumberText {
 // separator of either kind that appears once is decimal, repeated it groups thousands.
 std::optional<QString> Normalise(const QString& text);
 
-// The number a text begins with, as VB's Val reads it: "12abc" is 12, "1.5.3" is 1.5, "-3x"
-// is -3, text without a leading number is 0. Always "." as the decimal separator.
+// The number a text begins with, as VB's Val reads it: blanks, tabs and line feeds are skipped
+// wherever they stand ("1 615 2" is 16152, "+ 2" is 2), "12abc" is 12, "1.5.3" is 1.5, "1.5E3"
+// is 1500, "&HFF" is 255, text without a leading number is 0. Always "." as the decimal
+// separator.
 double Val(const QString& text);
 
 } // namespace zlx::NumberText
