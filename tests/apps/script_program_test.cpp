@@ -4,37 +4,25 @@
 // session going.
 
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
+#include "support/EngineTest.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 namespace {
 
-class ScriptProgram : public ::testing::TestWithParam<const char*> {
+class ScriptProgram : public zlx::test::EngineTest {
 protected:
-    void SetUp() override {
-        m_server = "sqlite:" + m_dir.path();
-        if (QString(GetParam()) == "postgres") {
-            const QByteArray conninfo = qgetenv("ZLX_TEST_PG");
-            if (conninfo.isEmpty()) {
-                if (qgetenv("ZLX_REQUIRE_PG") == "1") FAIL() << "ZLX_TEST_PG is not set";
-                GTEST_SKIP() << "no PostgreSQL server";
-            }
-            m_server = "postgres:" + QString::fromUtf8(conninfo);
-        }
-    }
-
     // Runs the lines (%SERVER% and %DB% replaced) through one `zolmar script`; the answer lines.
     QStringList Run(const QStringList& lines) {
         QProcess process;
         process.start(QStringLiteral(ZOLMAR_BIN), {QStringLiteral("script")});
         for (QString line : lines)
-            process.write(line.replace("%SERVER%", m_server).replace("%DB%", m_database).toUtf8() +
+            process.write(line.replace("%SERVER%", Server()).replace("%DB%", m_database).toUtf8() +
                           '\n');
         process.closeWriteChannel();
         if (!process.waitForFinished(120000)) return {};
@@ -59,8 +47,6 @@ protected:
     }
     static QJsonArray Json(const char* text) { return QJsonDocument::fromJson(text).array(); }
 
-    QTemporaryDir m_dir;
-    QString m_server;
     QString m_database = QStringLiteral("zscript") + QString::number(getpid());
 };
 

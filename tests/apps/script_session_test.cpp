@@ -24,6 +24,7 @@ public:
         return lCancel;
     }
     int m_veces = 0;
+    QString m_nota;
 
 signals:
     void Pregunta(const QString& cQue, bool& lCancel, std::int32_t& nVeces);
@@ -37,6 +38,9 @@ void PreguntadorMembers(ScriptClassBuilder<Preguntador>& c) {
     c.Property(
         "Veces", [](Preguntador& o) { return o.m_veces; },
         [](Preguntador& o, const Variant& v) { o.m_veces = v.ToLong(); });
+    c.Property(
+        "Nota", [](Preguntador& o) { return o.m_nota; },
+        [](Preguntador& o, const Variant& v) { o.m_nota = v.ToString(); });
 }
 const ScriptRegistration<Preguntador> registration(QStringLiteral("Preguntador"),
                                                    PreguntadorMembers);
@@ -113,13 +117,17 @@ TEST_F(ScriptSessionTest, HandlersAnswerTheNextEventThroughItsParameters) {
     // A handler answers one event only.
     EXPECT_EQ(Line(R"({"call": "p.Preguntar", "args": ["y"]})").left(12), R"({"ok":false,)");
 
-    // A name that is no by-reference parameter sets the object's property instead.
-    EXPECT_EQ(Line(R"({"handle": "p.Pregunta", "set": {"Veces": 7}})"), R"({"ok":true})");
+    // A name that is no by-reference parameter sets the object's property while the event
+    // is handled.
+    EXPECT_EQ(Line(R"({"handle": "p.Pregunta", "set": {"Nota": "visto"}})"), R"({"ok":true})");
+    EXPECT_EQ(Line(R"({"get": "p.Nota"})"), R"({"ok":""})");
     Line(R"({"call": "p.Preguntar", "args": ["z"]})");
-    EXPECT_EQ(Line(R"({"get": "p.Veces"})"), R"({"ok":1})"); // the event's own nVeces wins
+    EXPECT_EQ(Line(R"({"get": "p.Nota"})"), R"({"ok":"visto"})");
     EXPECT_EQ(
         Line(R"({"handle": "p.Pregunta", "set": {"cQue": "otra"}})"),
         R"({"error":"Pregunta has neither a by-reference parameter nor a property \"cQue\""})");
+    EXPECT_EQ(Line(R"({"handle": "p.Pregunta", "set": {"nVeces": "muchas"}})"),
+              R"({"error":"Type mismatch","number":13})");
     EXPECT_EQ(Line(R"({"handle": "p.Respuesta", "set": {"lCancel": true}})"),
               R"({"error":"Preguntador has no event \"Respuesta\""})");
 }

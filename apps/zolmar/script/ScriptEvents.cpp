@@ -152,11 +152,15 @@ void ScriptEvents::Handle(const ObjectPtr& object, const QString& event,
         throw ScriptError(QStringLiteral("%1 has no event \"%2\"").arg(object->TypeName(), event));
     for (auto it = values.cbegin(); it != values.cend(); ++it) {
         const int parameter = sink->ByRefParameter(it.key());
-        const bool byRef = parameter >= 0 && CanWriteBack(sink->ParameterType(parameter));
-        if (!byRef && !SettableProperty(*object, it.key()))
+        const QMetaType type = parameter >= 0 ? sink->ParameterType(parameter) : QMetaType();
+        if (parameter >= 0 && CanWriteBack(type)) {
+            QVariant trial(type);
+            WriteBack(type, trial.data(), it.value()); // a value that does not convert fails now
+        } else if (!SettableProperty(*object, it.key())) {
             throw ScriptError(
                 QStringLiteral("%1 has neither a by-reference parameter nor a property \"%2\"")
                     .arg(sink->EventName(), it.key()));
+        }
     }
     m_handlers.insert(sink, std::move(values));
 }
