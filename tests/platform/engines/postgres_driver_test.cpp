@@ -5,6 +5,7 @@
 #include "RecordingSink.h"
 #include "platform/engines/ErrorKinds.h"
 #include "platform/engines/PostgresDriver.h"
+#include "support/EngineTest.h"
 
 #include <gtest/gtest.h>
 #include <stdexcept>
@@ -12,17 +13,13 @@
 namespace zlx::ado::testing {
 namespace {
 
-class PostgresDriverFaults : public ::testing::Test {
+class PostgresDriverFaults : public zlx::test::EngineTest {
 protected:
     void SetUp() override {
-        const QString conninfo = qEnvironmentVariable("ZLX_TEST_PG");
-        if (conninfo.isEmpty()) {
-            if (qEnvironmentVariableIntValue("ZLX_REQUIRE_PG") == 1)
-                FAIL() << "PostgreSQL is required but ZLX_TEST_PG is not set";
-            GTEST_SKIP() << "ZLX_TEST_PG is not set";
-        }
+        EngineTest::SetUp();
+        if (Stopped()) return;
         ConnectParams params;
-        params.target = conninfo;
+        params.target = Target();
         m_driver.Connect(params);
     }
 
@@ -43,7 +40,7 @@ public:
     }
 };
 
-TEST_F(PostgresDriverFaults, ASendRefusedOnALiveLinkIsAnOrdinaryError) {
+TEST_P(PostgresDriverFaults, ASendRefusedOnALiveLinkIsAnOrdinaryError) {
     m_driver.StartExecute(QStringLiteral("SELECT pg_sleep(0.3)"));
     try {
         m_driver.StartExecute(QStringLiteral("SELECT 1"));
@@ -58,12 +55,14 @@ TEST_F(PostgresDriverFaults, ASendRefusedOnALiveLinkIsAnOrdinaryError) {
     EXPECT_EQ(First(QStringLiteral("SELECT 2")).ToLong(), 2);
 }
 
-TEST_F(PostgresDriverFaults, AReaderThatRefusesAResultLeavesTheDriverReady) {
+TEST_P(PostgresDriverFaults, AReaderThatRefusesAResultLeavesTheDriverReady) {
     RefusingSink refusing;
     EXPECT_THROW(m_driver.Execute(QStringLiteral("SELECT 1, 2; SELECT 3"), refusing, 0),
                  std::runtime_error);
     EXPECT_EQ(First(QStringLiteral("SELECT 4")).ToLong(), 4);
 }
+
+ZLX_ON_POSTGRES(PostgresDriverFaults);
 
 } // namespace
 } // namespace zlx::ado::testing
