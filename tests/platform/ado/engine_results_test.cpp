@@ -4,8 +4,8 @@
 
 #include "platform/ado/Connection.h"
 #include "platform/ado/Recordset.h"
+#include "support/EngineTest.h"
 
-#include <QTemporaryDir>
 #include <QUuid>
 #include <gtest/gtest.h>
 
@@ -14,25 +14,14 @@ using namespace zlx::ado;
 
 namespace {
 
-class EngineResults : public ::testing::TestWithParam<const char*> {
+class EngineResults : public test::EngineTest {
 protected:
     void SetUp() override {
-        QString server;
-        if (Postgres()) {
-            const QString conninfo = qEnvironmentVariable("ZLX_TEST_PG");
-            if (conninfo.isEmpty()) {
-                if (qEnvironmentVariableIntValue("ZLX_REQUIRE_PG") == 1)
-                    FAIL() << "PostgreSQL is required but ZLX_TEST_PG is not set";
-                GTEST_SKIP() << "ZLX_TEST_PG is not set";
-            }
-            server = QStringLiteral("postgres:") + conninfo;
-        } else {
-            ASSERT_TRUE(m_folder.isValid());
-            server = QStringLiteral("sqlite:") + m_folder.path();
-        }
+        EngineTest::SetUp();
+        if (Stopped()) return;
         m_connection->Open(QStringLiteral("Provider=SQLOLEDB.1;Persist Security Info=False;"
                                           "Database=master;Server=") +
-                           server);
+                           Server());
         Run(QStringLiteral("CREATE TABLE %1 (n INT, nombre VARCHAR(10))").arg(m_table));
         Run(QStringLiteral("INSERT INTO %1 (n, nombre) VALUES (1, 'uno')").arg(m_table));
     }
@@ -41,14 +30,11 @@ protected:
         if (m_connection->State() == adStateOpen) Run(QStringLiteral("DROP TABLE %1").arg(m_table));
     }
 
-    bool Postgres() const { return QString::fromLatin1(GetParam()) == u"postgres"; }
-
     RecordsetPtr Run(const QString& sql) {
         long affected = 0;
         return m_connection->Execute(sql, affected);
     }
 
-    QTemporaryDir m_folder;
     ConnectionPtr m_connection = std::make_shared<Connection>();
     const QString m_table =
         QStringLiteral("r") + QUuid::createUuid().toString(QUuid::Id128).left(12);
@@ -76,9 +62,6 @@ TEST_P(EngineResults, ASelfJoinWithoutAliasesKeepsBothColumns) {
     EXPECT_EQ(fields.Item("nombre").Index(), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, EngineResults, ::testing::Values("sqlite", "postgres"),
-                         [](const ::testing::TestParamInfo<const char*>& info) {
-                             return std::string(info.param);
-                         });
+ZLX_ON_SERVER_ENGINES(EngineResults);
 
 } // namespace
