@@ -4,6 +4,7 @@
 #include "binding/cDAV_FechaGen.h"
 #include "binding/cDAV_NumeroGen.h"
 #include "binding/cDAV_TextoGen.h"
+#include "platform/companion/cMatriz.h"
 #include "platform/companion/cServiciosFecha.h"
 #include "platform/widgets/btn.h"
 #include "platform/widgets/get.h"
@@ -305,6 +306,28 @@ TEST_P(BindingOnEngines, AFailedUpdateIsShownAndAnswered) {
     EXPECT_EQ(m_messages.Last().title, "Información");
     EXPECT_EQ(m_messages.Last().buttons, 0);
     EXPECT_EQ(m_messages.Last().icon, 32516);
+}
+
+TEST_P(BindingOnEngines, ValuesAreListedPaddedWithTheirColumns) {
+    QStringList lines;
+    cMatriz::RegisterViewer([&lines](const cMatriz& listing, const QString&) {
+        for (std::int32_t row = 1; row <= listing.LastRow(); ++row) {
+            QString line;
+            for (std::int32_t col = 1; col <= 5; ++col)
+                line += listing.GetValue(col, row).ToString() + u'|';
+            lines << line;
+        }
+    });
+    ::get* libre = m_form.Get("", "");
+    libre->setObjectName("libre");
+    m_binding.Add(m_nombre, m_clientes);
+    m_binding.Add(libre);
+    m_binding.ShowValues();
+    const QString pad25(25, u' ');
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_EQ(lines[0], "clientes" + pad25.left(17) + "|nombre" + pad25.left(19) + "|nombre" +
+                            pad25.left(19) + "|Ana" + QString(37, u' ') + "||");
+    EXPECT_EQ(lines[1], pad25 + "|" + pad25 + "|libre" + pad25.left(20) + "|||");
 }
 
 ZLX_ON_SERVER_ENGINES(BindingOnEngines);
