@@ -66,6 +66,7 @@ bool InTable(const QObject* control, const QString& table) {
 }
 
 void ResetValue(QObject* control) {
+    if (!control) return;
     if (HasMethod(control, "ResetValue()")) CallControl(control, "ResetValue");
     if (HasMethod(control, "ResetValue(bool)"))
         QMetaObject::invokeMethod(control, "ResetValue", Qt::DirectConnection, Q_ARG(bool, true));
@@ -77,6 +78,7 @@ bool IsIdentity(const QObject* control) {
 }
 
 void SetEnabled(QObject* control, bool enabled) {
+    if (!control) return;
     if (ControlTypeName(control) != kGet) {
         SetEnabledProperty(control, enabled);
         return;
@@ -87,6 +89,7 @@ void SetEnabled(QObject* control, bool enabled) {
 }
 
 void StoreEnabled(QObject* control, bool enabled) {
+    if (!control) return;
     const QString type = ControlTypeName(control);
     if (type == kGet) {
         SetFlag(control, "lInternalPreEnabledGet", enabled);
@@ -104,6 +107,7 @@ void StoreEnabled(QObject* control, bool enabled) {
 }
 
 void ApplyStoredEnabled(QObject* control) {
+    if (!control) return;
     const QString type = ControlTypeName(control);
     if (type == kGet) {
         SetFlag(control, "EnabledGet", Flag(control, "lInternalPreEnabledGet"));

@@ -1,6 +1,7 @@
 #pragma once
 // What the binding asks of a bound control, reached by name: its texts, its table, its
-// ResetValue pair, its identity role and the enabled state of each control kind.
+// ResetValue pair, its identity role and the enabled state of each control kind. A control
+// that no longer exists is left alone.
 
 #include "platform/companion/LateBinding.h"
 

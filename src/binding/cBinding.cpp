@@ -90,7 +90,7 @@ void cBinding::ResetValueForNotBindedCtls(const QString& cTabla) {
 void cBinding::Field2Control(bool lVaciar, const QString& cTabla) {
     bool emptying = lVaciar;
     for (const Entry& entry : m_entries) {
-        if (!BoundControl::InTable(entry.control, cTabla)) continue;
+        if (!entry.control || !BoundControl::InTable(entry.control, cTabla)) continue;
         if (entry.cursor) {
             if (!entry.cursor->IsValidRecord())
                 emptying = true;
@@ -149,18 +149,23 @@ QString cBinding::Assignment(QObject* control) const {
     const QString column = BoundControl::Text(control, "Campo") + QStringLiteral(" = ");
     switch (GetControlProperty(control, "TipoDato").ToLong()) {
     case 0:
-        return column + m_cn->PonComillas(GetControlProperty(control, "ValorVerdadero"), 0) +
+        return column + Quoted(GetControlProperty(control, "ValorVerdadero")) +
                QStringLiteral(", ");
     case 1:
         return column +
                Variant(GetDefaultValue(control).ToDouble()).ToString().replace(u',', u'.') +
                QStringLiteral(", ");
     case 2:
-        return column + m_cn->PonComillas(Variant(DateLiteralText(GetDefaultValue(control))), 0) +
+        return column + Quoted(Variant(DateLiteralText(GetDefaultValue(control)))) +
                QStringLiteral(", ");
     default:
         return {};
     }
+}
+
+QString cBinding::Quoted(const Variant& value) const {
+    if (!m_cn) ado::RaiseAdoError(3704);
+    return m_cn->PonComillas(value, 0);
 }
 
 void cBinding::ExecuteOnConnection(const QString& statement) const {

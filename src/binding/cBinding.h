@@ -64,6 +64,8 @@ private:
     void RefreshForm() const;
     QString Assignments(const QString& cTabla) const;
     QString Assignment(QObject* control) const;
+    // The connection's quoting; raises 3704 before Init.
+    QString Quoted(const Variant& value) const;
     void ExecuteOnConnection(const QString& statement) const;
     void FillControl(const Entry& entry) const;
     void Message(const QString& text, std::int32_t nTipo, const QString& title) const;

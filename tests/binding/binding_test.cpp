@@ -128,6 +128,12 @@ TEST_F(BindingControls, StoredStateIsAppliedLaterWhateverTheSecondCallAsks) {
     EXPECT_TRUE(m_etiqueta->isEnabled());
     EXPECT_FALSE(m_otro->isEnabled()); // left alone
 
+    delete m_otro; // a control that is gone is passed over
+    m_binding.EnableGets(false);
+    m_binding.EnableGets(false, zlxEnableGetsAntes);
+    m_binding.Field2Control(true);
+    EXPECT_EQ(m_binding.Count(), 7);
+
     m_binding.EnableGets(false, zlxEnableGetsAntes);
     m_binding.EnableGets(true, zlxEnableGetsDespues);
     EXPECT_TRUE(Disabled(m_nombre));
