@@ -1,6 +1,6 @@
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
 #include "connection/cSQLStrings.h"
+#include "support/ServerDatabaseTest.h"
 
 using namespace zlx;
 

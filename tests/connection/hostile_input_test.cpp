@@ -1,5 +1,5 @@
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
+#include "support/ServerDatabaseTest.h"
 
 #include <QObject>
 #include <QVariant>

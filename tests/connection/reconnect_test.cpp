@@ -2,8 +2,8 @@
 // sessions another session can end.
 
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
 #include "frame/LibraryState.h"
+#include "support/ServerDatabaseTest.h"
 
 #include <QSysInfo>
 

@@ -2,7 +2,7 @@
 // table results must still be tables, made by the factory the table library registers.
 
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
+#include "support/ServerDatabaseTest.h"
 
 using namespace zlx;
 

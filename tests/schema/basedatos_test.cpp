@@ -1,8 +1,8 @@
 #include "QtPrinters.h"
-#include "ServerDatabaseTest.h"
 #include "language/cIdioma.h"
 #include "platform/ado/Catalog.h"
 #include "schema/cBaseDatos.h"
+#include "support/ServerDatabaseTest.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,1 +1,0 @@
-#include "support/ServerDatabaseTest.h" // the fixture's old place; include the new one
