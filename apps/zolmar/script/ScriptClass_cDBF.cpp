@@ -42,20 +42,21 @@ void Records(ScriptClassBuilder<cDBF>& c) {
     c.Property("Version", [](cDBF& o) { return o.Version(); });
     c.Property("Path", [](cDBF& o) { return o.Path(); });
     c.Property(
+        "CodePage", [](cDBF& o) { return o.CodePage(); },
+        [](cDBF& o, const Variant& v) { o.CodePage(v.ToLong()); });
+    c.Property(
         "CurrentRow", [](cDBF& o) { return o.CurrentRow(); },
-        [](cDBF& o, const Variant& v) { o.SetCurrentRow(v.ToLong()); });
-    c.Method("SetCurrentRow", 1, 1, [](cDBF& o, ScriptArgs& a) { o.SetCurrentRow(a.Long(0)); });
+        [](cDBF& o, const Variant& v) { o.CurrentRow(v.ToLong()); });
     c.IndexedProperty(
         "Field", 1, [](cDBF& o, ScriptArgs& a) { return o.Field(a.String(0)); },
-        [](cDBF& o, ScriptArgs& a, const Variant& v) { o.SetField(a.String(0), v); });
-    c.Method("SetField", 2, 2, [](cDBF& o, ScriptArgs& a) { o.SetField(a.String(0), a.Value(1)); });
+        [](cDBF& o, ScriptArgs& a, const Variant& v) { o.Field(a.String(0), v); });
     c.Method("BeginInsert", 0, 0, [](cDBF& o, ScriptArgs&) { o.BeginInsert(); });
     c.Method("EndInsert", 0, 0, [](cDBF& o, ScriptArgs&) { return o.EndInsert(); });
     c.Method("FlushRecord", 0, 0, [](cDBF& o, ScriptArgs&) { o.FlushRecord(); });
     c.Method("Commit", 0, 0, [](cDBF& o, ScriptArgs&) { o.Commit(); });
     c.Property(
         "ShowErrors", [](cDBF& o) { return o.ShowErrors(); },
-        [](cDBF& o, const Variant& v) { o.SetShowErrors(v.ToBool()); });
+        [](cDBF& o, const Variant& v) { o.ShowErrors(v.ToBool()); });
     // GetLastErrorMsg(cErrorTitle): the title comes back in "out" when asked for.
     c.Method("GetLastErrorMsg", 0, 1, [](cDBF& o, ScriptArgs& a) {
         QString title;
