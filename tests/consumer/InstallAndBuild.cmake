@@ -1,6 +1,7 @@
 # Installs the built tree into a fresh prefix, builds the consumer program against what was
 # installed (CMake package and pkg-config) and runs it.
-# cmake -DBUILD_DIR=<build> -DWORK_DIR=<scratch> -DSOURCE_DIR=<tests/consumer> -P InstallAndBuild.cmake
+# cmake -DBUILD_DIR=<build> -DWORK_DIR=<scratch> -DSOURCE_DIR=<tests/consumer>
+#       [-DCONSUMER_FLAGS=<compile and link flags>] -P InstallAndBuild.cmake
 function(run)
     execute_process(COMMAND ${ARGN} RESULT_VARIABLE result)
     if(NOT result EQUAL 0)
@@ -25,7 +26,8 @@ get_filename_component(pc_dir ${pc} DIRECTORY)
 run(${program} --version)
 
 set(ENV{PKG_CONFIG_PATH} ${pc_dir})
-run(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -DCMAKE_PREFIX_PATH=${prefix})
+run(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -DCMAKE_PREFIX_PATH=${prefix}
+    "-DCMAKE_CXX_FLAGS=${CONSUMER_FLAGS}" "-DCMAKE_EXE_LINKER_FLAGS=${CONSUMER_FLAGS}")
 run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
 run(${WORK_DIR}/build/consumer_package)
 run(${WORK_DIR}/build/consumer_pkgconfig)

@@ -14,12 +14,13 @@
 #include "platform/widgets/GetMask.h"
 #include "platform/widgets/RefreshBracket.h"
 
+#include <QCalendarWidget>
+#include <QPointer>
 #include <QVariant>
 #include <QWidget>
 
 class QLineEdit;
 class QToolButton;
-class QCalendarWidget;
 
 class get : public QWidget {
     Q_OBJECT
@@ -146,7 +147,8 @@ private:
     QToolButton* m_combo;
     QToolButton* m_search;
     QToolButton* m_calendarButton;
-    QCalendarWidget* m_calendar = nullptr;
+    // Cleared by Qt when the pop-up closes (it deletes itself on close).
+    QPointer<QCalendarWidget> m_calendar;
     zlx::GetMask m_mask;
     zlx::cServiciosFecha m_fechas;
     int m_kind = TipoTexto;

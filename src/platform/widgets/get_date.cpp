@@ -93,7 +93,6 @@ void get::ShowCalendar() {
             setValue(date);
             m_calendar->close();
         });
-        connect(m_calendar, &QObject::destroyed, this, [this] { m_calendar = nullptr; });
     }
     bool valid = false;
     const QDate shown = TypedDate(&valid);
