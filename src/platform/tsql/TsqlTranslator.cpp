@@ -115,7 +115,10 @@ private:
                 if (identity.text.isEmpty())
                     ThrowUnsupported(QStringLiteral("IDENTITY(") + arguments + u')');
                 m_t.erase(m_t.begin() + i + 1, m_t.begin() + close + 1);
-                if (identity.integerKey) RetypeAsInteger(i);
+                if (identity.integerKey) {
+                    RetypeAsInteger(i);
+                    i -= DropColumnPrimaryKey(i);
+                }
                 m_t[i] = Raw(identity.text, m_t[i].leading);
                 m_identityStart = identity.start;
             } else if (m_t[i].IsWord(u"AUTOINCREMENT")) {
@@ -166,6 +169,48 @@ private:
                 return;
             }
         }
+    }
+
+    // An identity spelled as the engine's integer key already makes its column the primary
+    // key, so a PRIMARY KEY [CLUSTERED|NONCLUSTERED] written in the same column definition
+    // goes. Answers how many tokens before `identity` were removed.
+    size_t DropColumnPrimaryKey(size_t identity) {
+        const auto [first, last] = ColumnDefinitionAround(identity);
+        for (size_t j = first; j + 1 < last; ++j) {
+            if (j == identity || !m_t[j].IsWord(u"PRIMARY") || !m_t[j + 1].IsWord(u"KEY")) continue;
+            size_t end = j + 2;
+            if (end < last && (m_t[end].IsWord(u"CLUSTERED") || m_t[end].IsWord(u"NONCLUSTERED")))
+                ++end;
+            m_t.erase(m_t.begin() + j, m_t.begin() + end);
+            return j < identity ? end - j : 0;
+        }
+        return 0;
+    }
+
+    // The tokens [first, last) of the column definition holding token `i`: up to the comma or
+    // parenthesis that closes it at its own depth.
+    std::pair<size_t, size_t> ColumnDefinitionAround(size_t i) const {
+        size_t first = i;
+        for (int depth = 0; first > 0; --first) {
+            const Token& t = m_t[first - 1];
+            if (t.IsSymbol(u")"))
+                ++depth;
+            else if (t.IsSymbol(u"(") && depth-- == 0)
+                break;
+            else if (t.IsSymbol(u",") && depth == 0)
+                break;
+        }
+        size_t last = i + 1;
+        for (int depth = 0; last < m_t.size(); ++last) {
+            const Token& t = m_t[last];
+            if (t.IsSymbol(u"("))
+                ++depth;
+            else if (t.IsSymbol(u")") && depth-- == 0)
+                break;
+            else if (t.IsSymbol(u",") && depth == 0)
+                break;
+        }
+        return {first, last};
     }
 
     void MarkAutoincrementKey(size_t from) {

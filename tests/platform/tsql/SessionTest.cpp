@@ -293,8 +293,8 @@ TEST_P(SessionTest, BlocksRunWholeAndFailuresLeaveTheSessionUsable) {
     Exec(insertTwo); // the condition is false now: nothing runs
     EXPECT_EQ(Value(count), "2");
 
-    EXPECT_EQ(NativeErrorOf(QStringLiteral(
-                  "INSERT INTO clientes (Nombre) VALUES ('Antes') DECLARE @x INT")),
+    EXPECT_EQ(NativeErrorOf(
+                  QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Antes') DECLARE @x INT")),
               102);
     EXPECT_EQ(Value(count), "2");
 
@@ -529,6 +529,22 @@ TEST_P(SessionTest, SearchesInsideTextIgnoreCase) {
               QStringLiteral("0"));
     EXPECT_EQ(Value(QStringLiteral("SELECT REPLACE(Nombre, 'Hermanos', 'Hnos.') FROM clientes")),
               QStringLiteral("Hnos. García"));
+}
+
+TEST_P(SessionTest, IdentityColumnMayAlsoBeDeclaredThePrimaryKey) {
+    Exec(QStringLiteral("CREATE TABLE v (ZolmarID INT NOT NULL IDENTITY(1,1) PRIMARY KEY "
+                        "CLUSTERED, n INT DEFAULT (0))"));
+    Exec(QStringLiteral("CREATE TABLE w (n INT, ZolmarID INT PRIMARY KEY IDENTITY(1,1))"));
+    for (const char* table : {"v", "w"}) {
+        Exec(QStringLiteral("INSERT INTO %1 (n) VALUES (7)").arg(table));
+        Exec(QStringLiteral("INSERT INTO %1 (n) VALUES (8)").arg(table));
+        EXPECT_EQ(Value(QStringLiteral("SELECT @@IDENTITY")), QStringLiteral("2")) << table;
+        EXPECT_EQ(Value(QStringLiteral("SELECT sum(n) FROM %1 WHERE ZolmarID = 2").arg(table)),
+                  QStringLiteral("8"))
+            << table;
+    }
+    // Still the key: an identity that is taken is refused.
+    EXPECT_THROW(Exec(QStringLiteral("INSERT INTO v (ZolmarID, n) VALUES (1, 9)")), ado::AdoError);
 }
 
 TEST_P(SessionTest, IdentityStartsAtItsSeed) {
