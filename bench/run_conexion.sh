@@ -6,17 +6,9 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$root/build-bench}
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZLX_BUILD_BENCH=ON \
-    -DZLX_BUILD_TESTS=OFF >/dev/null
-ninja -C "$build" conexion_bench >/dev/null
-
 out=$(mktemp -d)
-pgdir=$(mktemp -d)
-port=${ZLX_BENCH_PG_PORT:-55470}
-trap '"$root/scripts/pg-cluster.sh" stop "$pgdir"; rm -rf "$out"' EXIT
-"$root/scripts/pg-cluster.sh" start "$pgdir" "$port" >/dev/null
-ZLX_BENCH_PG="host=127.0.0.1 port=$port user=postgres dbname=zlxtest" \
-    "$build/bench/conexion_bench" --benchmark_format=json >"$out/conexion.json"
+trap 'rm -rf "$out"' EXIT
+"$root/bench/run-with-postgres.sh" "$build" conexion_bench "${ZLX_BENCH_PG_PORT:-55470}" "$out/conexion.json"
 
 /usr/bin/python3 - "$out/conexion.json" <<'PY'
 import json, sys

@@ -6,17 +6,9 @@
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$root/build-bench}
-cmake -S "$root" -B "$build" -G Ninja -DCMAKE_BUILD_TYPE=Release -DZLX_BUILD_BENCH=ON \
-    -DZLX_BUILD_TESTS=OFF >/dev/null
-ninja -C "$build" -j2 cursor_bench >/dev/null
-
 out=$(mktemp -d)
-pgdir=$(mktemp -d)
-port=${ZLX_BENCH_PG_PORT:-55471}
-trap '"$root/scripts/pg-cluster.sh" stop "$pgdir"; rm -rf "$out"' EXIT
-"$root/scripts/pg-cluster.sh" start "$pgdir" "$port" >/dev/null
-ZLX_BENCH_PG="host=127.0.0.1 port=$port user=postgres dbname=zlxtest" \
-    "$build/bench/cursor_bench" --benchmark_format=json >"$out/cursor.json"
+trap 'rm -rf "$out"' EXIT
+"$root/bench/run-with-postgres.sh" "$build" cursor_bench "${ZLX_BENCH_PG_PORT:-55471}" "$out/cursor.json"
 
 /usr/bin/python3 - "$out/cursor.json" <<'PY'
 import json, sys

@@ -20,13 +20,9 @@ protected:
         Run("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
         Run("INSERT INTO t (n) VALUES (41)");
     }
-    // This test's sessions may have been ended: a new one drops the database.
     void TearDown() override {
         LibraryState::Instance().AutoReconectar(false);
-        if (Target().isEmpty()) return;
-        cConexion cleanup;
-        cleanup.Init(zlxDataProvider_MSDE, {}, Server());
-        cleanup.Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
+        DropDatabaseFromNewSession();
     }
     // Ends every session of this process on the server, as a failing network would.
     void KillMySessions() const {

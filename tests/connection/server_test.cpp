@@ -252,13 +252,7 @@ protected:
         if (Stopped()) return;
         Run("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
     }
-    // The test's own sessions may have been ended by the server: a new one drops the database.
-    void TearDown() override {
-        if (Target().isEmpty()) return;
-        cConexion cleanup;
-        cleanup.Init(zlxDataProvider_MSDE, {}, Server());
-        cleanup.Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
-    }
+    void TearDown() override { DropDatabaseFromNewSession(); }
     // A session of the server in its own dialect, outside the library.
     ado::ConnectionPtr NativeSession() const {
         auto session = std::make_shared<ado::Connection>();

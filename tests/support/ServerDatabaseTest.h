@@ -33,6 +33,15 @@ protected:
         }
     }
 
+    // For tests whose own sessions the server may have ended: a new session drops the
+    // database.
+    void DropDatabaseFromNewSession() {
+        if (Target().isEmpty()) return;
+        cConexion cleanup;
+        cleanup.Init(zlxDataProvider_MSDE, {}, Server());
+        cleanup.Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
+    }
+
     void Run(const QString& sql) {
         m_cn->Execute(sql);
         ASSERT_EQ(m_cn->GetLastError(), 0) << sql.toStdString();
