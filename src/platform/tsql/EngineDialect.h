@@ -73,6 +73,10 @@ public:
     virtual QString CastType(const QString& type) const = 0;
     // The engine's type for a column declared `type` in CREATE/ALTER TABLE; empty: as written.
     virtual QString ColumnType(const QString&) const { return {}; }
+    // Whether the engine's spelling of column type `type` keeps the length written after it.
+    virtual bool KeepsTypeLength(const QString&) const { return true; }
+    // A binary literal (T-SQL 0x00FF10) of `hexDigits`, an even number of lower-case digits.
+    virtual QString BinaryLiteral(const QString& hexDigits) const = 0;
     // Appended to text columns so that they compare without regard to case.
     virtual QString CaseInsensitiveCollation() const = 0;
     virtual IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const = 0;

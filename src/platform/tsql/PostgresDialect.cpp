@@ -32,6 +32,8 @@ constexpr TypeName kColumnTypes[] = {
     {"SMALLMONEY", "numeric(10,4)"},
     {"NTEXT", "text"},
     {"IMAGE", "bytea"},
+    {"VARBINARY", "bytea"},
+    {"BINARY", "bytea"},
     {"NVARCHAR", "varchar"},
     {"NCHAR", "char"},
     {"UNIQUEIDENTIFIER", "uuid"},
@@ -95,6 +97,16 @@ QString PostgresDialect::CastType(const QString& type) const {
 
 QString PostgresDialect::ColumnType(const QString& type) const {
     return LookUpType(kColumnTypes, type.toUpper());
+}
+
+// bytea has no length: VARBINARY(n) and BINARY(n) lose theirs.
+bool PostgresDialect::KeepsTypeLength(const QString& type) const {
+    return type.compare(u"VARBINARY", Qt::CaseInsensitive) != 0 &&
+           type.compare(u"BINARY", Qt::CaseInsensitive) != 0;
+}
+
+QString PostgresDialect::BinaryLiteral(const QString& hexDigits) const {
+    return QStringLiteral("'\\x%1'::bytea").arg(hexDigits);
 }
 
 QString PostgresDialect::CaseInsensitiveCollation() const {

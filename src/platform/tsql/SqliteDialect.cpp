@@ -83,6 +83,10 @@ QString SqliteDialect::CastType(const QString& type) const {
 }
 
 // Text columns compare without regard to case: the driver makes NOCASE fold every letter.
+QString SqliteDialect::BinaryLiteral(const QString& hexDigits) const {
+    return QStringLiteral("X'%1'").arg(hexDigits);
+}
+
 QString SqliteDialect::CaseInsensitiveCollation() const {
     return QStringLiteral("COLLATE NOCASE");
 }

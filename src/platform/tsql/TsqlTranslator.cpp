@@ -355,10 +355,25 @@ private:
             out += t.leading + t.text;
             return i + 1;
         case TokenKind::Number:
+            if (IsBinaryLiteral(t)) {
+                out += t.leading + m_dialect.BinaryLiteral(HexDigits(t.text));
+                return i + 1;
+            }
             break;
         }
         out += t.leading + t.text;
         return i + 1;
+    }
+
+    static bool IsBinaryLiteral(const Token& number) {
+        return number.text.startsWith(u"0x", Qt::CaseInsensitive);
+    }
+
+    // The digits of 0x... as whole bytes: an odd count gets a leading zero, as SQL Server
+    // reads 0x123 as 0x0123.
+    static QString HexDigits(const QString& literal) {
+        const QString digits = literal.mid(2).toLower();
+        return digits.size() % 2 ? u'0' + digits : digits;
     }
 
     QString GlobalValue(const QString& name) const {
@@ -462,6 +477,8 @@ private:
                 if (!type.isEmpty() && i > 0 &&
                     (m_t[i - 1].kind != TokenKind::Symbol || m_t[i - 1].text.isEmpty())) {
                     out += t.leading + type;
+                    if (SymbolAt(i + 1, u"(") && !m_dialect.KeepsTypeLength(t.text))
+                        return Close(i + 1) + 1;
                     return i + 1;
                 }
             }
