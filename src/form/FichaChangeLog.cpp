@@ -3,6 +3,7 @@
 #include "platform/ado/Recordset.h"
 
 #include <QDateTime>
+#include <vector>
 
 namespace zlx {
 
@@ -32,6 +33,19 @@ std::int32_t FirstCaptureRow(cMatrizPtr& oMatriz, bool lPrimera, bool lAlternate
         return first;
     }
     return oMatriz->LastRow() - nFields + 1;
+}
+
+// The cursor adds its order expression to the record it reads after some moves; it is not a
+// field of the table and comes and goes between captures.
+bool IsTableField(const ado::Field& field) {
+    return field.Name().compare(u"LastExpressionForMoveWithOrder", Qt::CaseInsensitive) != 0;
+}
+
+std::vector<const ado::Field*> TableFields(const ado::Fields& fields) {
+    std::vector<const ado::Field*> result;
+    for (int i = 0; i < fields.Count(); ++i)
+        if (IsTableField(fields.Item(i))) result.push_back(&fields.Item(i));
+    return result;
 }
 
 Variant CurrentValue(const ado::Field& field) {
@@ -79,12 +93,12 @@ void FichaChangeLog::Capture(cMatrizPtr& oMatriz, bool lPrimera, const cFichaDB&
                              bool lAlternate) {
     const ado::RecordsetPtr rs = oFichaDB.Get_RS();
     if (!rs) return;
-    const ado::Fields& fields = rs->GetFields();
-    const std::int32_t count = fields.Count();
+    const std::vector<const ado::Field*> fields = TableFields(rs->GetFields());
+    const auto count = static_cast<std::int32_t>(fields.size());
     const std::int32_t first = FirstCaptureRow(oMatriz, lPrimera, lAlternate, count);
     const QString prefix = lAlternate ? oFichaDB.Table() + u'.' : QString();
     for (std::int32_t i = 0; i < count; ++i) {
-        const ado::Field& field = fields.Item(i);
+        const ado::Field& field = *fields[static_cast<std::size_t>(i)];
         if (lPrimera) oMatriz->SetValue(nNameCol, first + i, Variant(prefix + field.Name()));
         oMatriz->SetValue(lPrimera ? nFirstCol : nSecondCol, first + i, CurrentValue(field));
     }
