@@ -86,6 +86,12 @@ public:
     // LIKE's engine operator and what follows its pattern; empty: LIKE as written.
     virtual QString LikeOperator() const { return {}; }
     virtual QString PatternSuffix() const { return {}; }
+    // What an ORDER BY item (or index key) adds so that NULLs come first ascending and last
+    // descending, as on SQL Server; empty: the engine orders them so already.
+    virtual QString NullsOrder(bool descending) const {
+        (void)descending;
+        return {};
+    }
     // Whether DEFAULT may stand for a value in VALUES and SET lists.
     virtual bool HasDefaultValues() const { return true; }
     // ALTER COLUMN c <word> type; empty: as written.
@@ -114,6 +120,12 @@ public:
     }
     // SQL counting the text columns named `column` (a quoted string) in the database.
     virtual QString TextColumnCount(const QString& column) const = 0;
+    // SQL counting the columns named `column` that accept NULL (1 when no table has one), for
+    // dialects with NullsOrder.
+    virtual QString NullableColumnCount(const QString& column) const {
+        (void)column;
+        return {};
+    }
     // Whether a statement refused before reaching the engine leaves its transaction open.
     virtual bool RefusalKeepsTransaction() const { return false; }
 

@@ -138,6 +138,11 @@ QString PostgresDialect::PatternSuffix() const {
     return QStringLiteral(" COLLATE \"default\"");
 }
 
+// PostgreSQL sorts NULLs after every value, SQL Server before.
+QString PostgresDialect::NullsOrder(bool descending) const {
+    return descending ? QStringLiteral(" NULLS LAST") : QStringLiteral(" NULLS FIRST");
+}
+
 QString PostgresDialect::AlterColumnTypeWord() const {
     return QStringLiteral(" TYPE");
 }
@@ -184,11 +189,26 @@ QString PostgresDialect::DatabaseAlias(const QString& database) {
     return database.toLower();
 }
 
+namespace {
+
+// SQL that counts `what` over the columns of the current schema named `column`.
+QString CountColumnsNamed(const QString& column, const char* what) {
+    return QStringLiteral("SELECT %1 FROM information_schema.columns WHERE table_schema = "
+                          "current_schema() AND column_name = lower(%2)")
+        .arg(QLatin1StringView(what), column);
+}
+
+} // namespace
+
 QString PostgresDialect::TextColumnCount(const QString& column) const {
-    return QStringLiteral("SELECT count(*) FROM information_schema.columns WHERE table_schema = "
-                          "current_schema() AND column_name = lower(%1) AND data_type IN "
-                          "('character varying', 'character', 'text')")
-        .arg(column);
+    return CountColumnsNamed(column, "count(*) FILTER (WHERE data_type IN ('character varying', "
+                                     "'character', 'text'))");
+}
+
+// A name no table has (an alias of the select list, say) counts as a column that may be NULL.
+QString PostgresDialect::NullableColumnCount(const QString& column) const {
+    return CountColumnsNamed(column, "count(*) FILTER (WHERE is_nullable = 'YES') + CASE WHEN "
+                                     "count(*) = 0 THEN 1 ELSE 0 END");
 }
 
 void PostgresDialect::CreateDatabase(const QString& database) {

@@ -22,11 +22,13 @@ public:
     QString Autoincrement() const override;
     QString LikeOperator() const override;
     QString PatternSuffix() const override;
+    QString NullsOrder(bool descending) const override;
     QString AlterColumnTypeWord() const override;
 
     QStringList CatalogStatements(const QString& applicationName) override;
     QString DatabaseAlias(const QString& database) override;
     QString TextColumnCount(const QString& column) const override;
+    QString NullableColumnCount(const QString& column) const override;
     void CreateDatabase(const QString& database) override;
     void DropDatabase(const QString& database) override;
     void ChangeDefault(const QString& table, const QString& column, const QString& value) override;

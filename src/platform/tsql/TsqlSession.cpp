@@ -108,6 +108,7 @@ void TsqlSession::UseDatabase(const QString& database) {
     m_dialect->DatabaseChanged();
     m_identityColumns.clear();
     m_textColumns.clear();
+    m_nullableColumns.clear();
     Prepare();
 }
 
@@ -137,18 +138,31 @@ TranslationContext TsqlSession::Context() {
         return m_dialect->ColumnDefault(table, column);
     };
     context.isTextColumn = [this](const QString& column) { return IsTextColumn(column); };
+    if (!m_dialect->NullsOrder(false).isEmpty())
+        context.mayBeNull = [this](const QString& column) { return MayBeNull(column); };
     return context;
 }
 
 // Whether some table or view of the current database has a text column of that name.
 bool TsqlSession::IsTextColumn(const QString& column) {
+    return CountsColumn(m_textColumns, column, m_dialect->TextColumnCount(SqlString(column)));
+}
+
+// Whether some table of the current database has a column of that name that accepts NULL.
+bool TsqlSession::MayBeNull(const QString& column) {
+    return CountsColumn(m_nullableColumns, column,
+                        m_dialect->NullableColumnCount(SqlString(column)));
+}
+
+bool TsqlSession::CountsColumn(QHash<QString, bool>& known, const QString& column,
+                               const QString& countSql) {
     const QString key = column.toLower();
-    const auto known = m_textColumns.constFind(key);
-    if (known != m_textColumns.constEnd()) return *known;
-    const auto rows = Query(m_dialect->TextColumnCount(SqlString(column)));
-    const bool text = !rows.empty() && rows[0].at(0).ToLong() > 0;
-    m_textColumns.insert(key, text);
-    return text;
+    const auto found = known.constFind(key);
+    if (found != known.constEnd()) return *found;
+    const auto rows = Query(countSql);
+    const bool counted = !rows.empty() && rows[0].at(0).ToLong() > 0;
+    known.insert(key, counted);
+    return counted;
 }
 
 QString TsqlSession::GlobalValue(const QString& name) const {
@@ -273,6 +287,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
         if (statement.front().IsWord(word)) {
             m_identityColumns.clear();
             m_textColumns.clear();
+            m_nullableColumns.clear();
         }
     }
     if (statement.front().IsWord(u"IF")) {

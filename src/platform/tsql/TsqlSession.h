@@ -70,6 +70,9 @@ private:
     QString GlobalValue(const QString& name) const;
     void Prepare();
     bool IsTextColumn(const QString& column);
+    bool MayBeNull(const QString& column);
+    // Whether `countSql` counts some column named `column`, remembered in `known`.
+    bool CountsColumn(QHash<QString, bool>& known, const QString& column, const QString& countSql);
     void RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds);
     // Refuses, before anything runs, what this layer cannot run.
     void Check(const Tokens& statement);
@@ -107,6 +110,7 @@ private:
     std::atomic<bool> m_cancelled{false};
     QHash<QString, QString> m_identityColumns; // table -> identity column ("" for none)
     QHash<QString, bool> m_textColumns;        // column name -> some table holds text in it
+    QHash<QString, bool> m_nullableColumns;    // column name -> some table lets it be NULL
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;
     std::optional<std::int64_t> m_identity;

@@ -252,8 +252,13 @@ private:
         QString indexName = EngineIndexName(m_t[open - 1].text, m_t[name].text);
         if (m_t[name].kind == TokenKind::QuotedName || m_t[open - 1].kind == TokenKind::QuotedName)
             indexName = m_dialect.QuoteName(indexName);
+        // The keys are ordered as ORDER BY orders them, so that the engine can read in the
+        // index's order.
+        const size_t close = Close(open);
+        QString keys;
+        EmitOrderedItems(open + 1, close, keys);
         return Range(0, name) + m_t[name].leading + schema + indexName + QStringLiteral(" ON ") +
-               engineTable + Range(open, m_t.size());
+               engineTable + m_t[open].leading + m_t[open].text + keys + Range(close, m_t.size());
     }
 
     // Without DEFAULT inside VALUES, the column and its value leave the list so that the
@@ -448,6 +453,7 @@ private:
                 const size_t next = EmitFunction(i, out);
                 if (next != i) return next;
             }
+            if (t.IsWord(u"ORDER") && WordAt(i + 1, u"BY")) return EmitOrderBy(i, end, out);
             if (t.IsWord(u"LIKE") && !m_dialect.LikeOperator().isEmpty()) {
                 // What follows the pattern's first operand carries through the rest of the
                 // pattern expression (a collation, say).
@@ -535,6 +541,72 @@ private:
             written << (part.quoted ? m_dialect.QuoteName(part.name) : part.name);
         out += m_t[i].leading + written.join(u'.');
         return j;
+    }
+
+    size_t EmitOrderBy(size_t order, size_t end, QString& out) {
+        out += m_t[order].leading + m_t[order].text + m_t[order + 1].leading + m_t[order + 1].text;
+        const size_t last = OrderByEnd(order + 2, end);
+        EmitOrderedItems(order + 2, last, out);
+        return last;
+    }
+
+    // Where the items of an ORDER BY that start at `from` end.
+    size_t OrderByEnd(size_t from, size_t end) const {
+        static const QStringList after = {QStringLiteral("FOR"),    QStringLiteral("OPTION"),
+                                          QStringLiteral("OFFSET"), QStringLiteral("UNION"),
+                                          QStringLiteral("EXCEPT"), QStringLiteral("INTERSECT"),
+                                          QStringLiteral("COMPUTE")};
+        int depth = 0;
+        for (size_t i = from; i < end; ++i) {
+            if (m_t[i].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[i].IsSymbol(u")") && --depth < 0)
+                return i;
+            else if (depth == 0 && m_t[i].kind == TokenKind::Word &&
+                     after.contains(m_t[i].text, Qt::CaseInsensitive))
+                return i;
+        }
+        return end;
+    }
+
+    // The comma-separated sort items in [from, end), each with the NULL placement of SQL
+    // Server.
+    void EmitOrderedItems(size_t from, size_t end, QString& out) {
+        for (size_t item = from; item < end;) {
+            size_t next = item;
+            for (int depth = 0; next < end && !(depth == 0 && m_t[next].IsSymbol(u",")); ++next) {
+                if (m_t[next].IsSymbol(u"("))
+                    ++depth;
+                else if (m_t[next].IsSymbol(u")"))
+                    --depth;
+            }
+            out += Range(item, next) + NullsOrder(item, next);
+            if (next < end) out += m_t[next].leading + m_t[next].text;
+            item = next + 1;
+        }
+    }
+
+    // What the sort item [first, last) adds to place its NULLs; nothing for a column that no
+    // table lets be NULL (so that the engine may still read it in the order of an index).
+    QString NullsOrder(size_t first, size_t last) const {
+        if (first == last || m_dialect.NullsOrder(false).isEmpty()) return {};
+        if (last - first >= 2 && m_t[last - 2].IsWord(u"NULLS")) return {};
+        const bool descending = m_t[last - 1].IsWord(u"DESC");
+        const size_t expressionEnd = descending || m_t[last - 1].IsWord(u"ASC") ? last - 1 : last;
+        const Token* column = NamedColumn(first, expressionEnd);
+        if (column && m_context.mayBeNull && !m_context.mayBeNull(column->text)) return {};
+        return m_dialect.NullsOrder(descending);
+    }
+
+    // The column that [first, end) names (c, t.c, [c]); nullptr for any other expression.
+    const Token* NamedColumn(size_t first, size_t end) const {
+        for (size_t i = first; i < end; i += 2) {
+            if (m_t[i].kind != TokenKind::Word && m_t[i].kind != TokenKind::QuotedName)
+                return nullptr;
+            if (i + 1 == end) return &m_t[i];
+            if (!m_t[i + 1].IsSymbol(u".")) return nullptr;
+        }
+        return nullptr;
     }
 
     // The SQL Server catalog tables are views of the session (master..sysdatabases included).

@@ -34,6 +34,9 @@ struct TranslationContext {
     // Whether a column of that name in the current database holds text, so that "+" next to
     // it joins texts. Unset: no column does.
     std::function<bool(const QString& column)> isTextColumn;
+    // Whether some column of that name in the current database accepts NULL, so that ordering
+    // by it must place the NULLs. Unset: every column may.
+    std::function<bool(const QString& column)> mayBeNull;
 };
 
 struct Translation {

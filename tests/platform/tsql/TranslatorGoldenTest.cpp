@@ -37,6 +37,10 @@ TranslationContext Context(Target target) {
                                          QStringLiteral("texto"), QStringLiteral("Nota")};
         return text.contains(column, Qt::CaseInsensitive);
     };
+    // The identity columns are NOT NULL; other columns may hold NULLs.
+    context.mayBeNull = [](const QString& column) {
+        return column.compare(u"zolmarID", Qt::CaseInsensitive) != 0;
+    };
     if (target == Target::SQLite) {
         context.locksSchema = [](const QString& database) {
             return (database.isEmpty() ? QStringLiteral("empresa") : database.toLower()) +

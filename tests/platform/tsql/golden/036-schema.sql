@@ -4,6 +4,6 @@ CREATE INDEX Nombre ON clientes(Nombre)
 -- SQLite
 CREATE INDEX clientes_Nombre ON clientes(Nombre)
 -- PostgreSQL
-CREATE INDEX clientes_Nombre ON clientes(Nombre)
+CREATE INDEX clientes_Nombre ON clientes(Nombre NULLS FIRST)
 -- result
 count -1

@@ -4,6 +4,6 @@ CREATE INDEX tipo ON diccionario(tipo)
 -- SQLite
 CREATE INDEX diccionario_tipo ON diccionario(tipo)
 -- PostgreSQL
-CREATE INDEX diccionario_tipo ON diccionario(tipo)
+CREATE INDEX diccionario_tipo ON diccionario(tipo NULLS FIRST)
 -- result
 count -1

@@ -4,6 +4,6 @@ CREATE INDEX tipo ON idioma(tipo)
 -- SQLite
 CREATE INDEX idioma_tipo ON idioma(tipo)
 -- PostgreSQL
-CREATE INDEX idioma_tipo ON idioma(tipo)
+CREATE INDEX idioma_tipo ON idioma(tipo NULLS FIRST)
 -- result
 count -1

@@ -4,6 +4,6 @@ CREATE INDEX idioma ON idioma(idioma)
 -- SQLite
 CREATE INDEX idioma_idioma ON idioma(idioma)
 -- PostgreSQL
-CREATE INDEX idioma_idioma ON idioma(idioma)
+CREATE INDEX idioma_idioma ON idioma(idioma NULLS FIRST)
 -- result
 count -1

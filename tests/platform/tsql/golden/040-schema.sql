@@ -4,6 +4,6 @@ CREATE INDEX tabla ON locks(tabla)
 -- SQLite
 CREATE INDEX empresa_locks.locks_tabla ON locks(tabla)
 -- PostgreSQL
-CREATE INDEX locks_tabla ON locks(tabla)
+CREATE INDEX locks_tabla ON locks(tabla NULLS FIRST)
 -- result
 count -1
