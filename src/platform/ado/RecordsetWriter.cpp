@@ -5,11 +5,37 @@
 namespace zlx::ado {
 
 namespace {
-QString Quoted(const QString& name) {
+QString QuotedPart(const QString& name) {
     for (QChar c : name) {
         if (!(c.isLetterOrNumber() || c == u'_')) return u'[' + name + u']';
     }
     return name;
+}
+
+// A name, or a table of another database "database..table", each part quoted as it needs.
+QString Quoted(const QString& name) {
+    QStringList parts = name.split(u'.');
+    for (QString& part : parts)
+        if (!part.isEmpty()) part = QuotedPart(part);
+    return parts.join(u'.');
+}
+
+// A one-dimensional array of Bytes as a binary literal 0x...; empty when the value is not one.
+QString BinaryLiteral(const Variant& value) {
+    const VariantArrayPtr array = value.ToArray();
+    if (!array || array->Rank() != 1) return {};
+    static constexpr char kDigits[] = "0123456789ABCDEF";
+    QString text(2 + 2 * qsizetype(array->Size()), Qt::Uninitialized);
+    QChar* out = text.data();
+    *out++ = u'0';
+    *out++ = u'x';
+    for (const Variant& item : array->Data()) {
+        const std::uint8_t* byte = item.Get<std::uint8_t>();
+        if (!byte) return {};
+        *out++ = QLatin1Char(kDigits[*byte >> 4]);
+        *out++ = QLatin1Char(kDigits[*byte & 0xF]);
+    }
+    return text;
 }
 } // namespace
 
@@ -54,6 +80,10 @@ QString RecordsetWriter::Literal(const Variant& value) {
     case vbString:
         return u'\'' + value.ToString().replace(u'\'', QStringLiteral("''")) + u'\'';
     default:
+        if (value.IsArray()) {
+            const QString binary = BinaryLiteral(value);
+            if (!binary.isEmpty()) return binary;
+        }
         return value.IsNumeric()
                    ? value.ToInvariantString()
                    : u'\'' + value.ToInvariantString().replace(u'\'', QStringLiteral("''")) + u'\'';

@@ -27,7 +27,7 @@ public:
     QString DeleteSql(const std::vector<Variant>& original) const;
 
     // A value as SQL text: 'text' with quotes doubled, numbers with ".", dates as
-    // 'yyyymmdd hh:mm:ss', booleans 1/0, NULL.
+    // 'yyyymmdd hh:mm:ss', booleans 1/0, Byte arrays as 0x..., NULL.
     static QString Literal(const Variant& value);
 
 private:

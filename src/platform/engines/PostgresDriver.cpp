@@ -418,11 +418,14 @@ void PostgresDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {
     tables.removeDuplicates();
     const QByteArray sql =
         QStringLiteral(
-            "SELECT a.attrelid, a.attnum, c.relname, a.attname, "
+            // A table of another schema (another database of the server) keeps its "db.."
+            "SELECT a.attrelid, a.attnum, CASE WHEN n.nspname = current_schema() THEN c.relname "
+            "ELSE n.nspname || '..' || c.relname END, a.attname, "
             "CASE WHEN EXISTS (SELECT 1 FROM pg_index i WHERE i.indrelid = a.attrelid AND "
             "i.indisprimary) THEN a.attnum = ANY (SELECT unnest(i.indkey) FROM pg_index i "
             "WHERE i.indrelid = a.attrelid AND i.indisprimary) ELSE a.attidentity <> '' END "
             "FROM pg_attribute a JOIN pg_class c ON c.oid = a.attrelid "
+            "JOIN pg_namespace n ON n.oid = c.relnamespace "
             "WHERE a.attrelid IN (%1) AND a.attnum > 0")
             .arg(tables.join(u','))
             .toUtf8();

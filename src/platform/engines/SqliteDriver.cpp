@@ -127,6 +127,14 @@ DataTypeEnum KindOfValue(sqlite3_stmt* statement, int i) {
 
 // Columns come from the declared types; an expression column takes the kind of its value
 // in the first row (`hasRow`), as SQLite has no other way to tell.
+// A table of another database of the server folder (an attached file) as "database..table",
+// so that writing a record back reaches that table and not one of the same name in main.
+QString QualifiedTable(const char* database, const char* table) {
+    const QString name = QString::fromUtf8(table);
+    if (!database || qstrcmp(database, "main") == 0 || qstrcmp(database, "temp") == 0) return name;
+    return QString::fromUtf8(database) + QStringLiteral("..") + name;
+}
+
 std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow) {
     std::vector<ColumnInfo> columns(static_cast<std::size_t>(sqlite3_column_count(statement)));
     for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
@@ -134,7 +142,7 @@ std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow) {
         column.name = QString::fromUtf8(sqlite3_column_name(statement, i));
         column.attributes = adFldIsNullable | adFldMayBeNull;
         if (const char* table = sqlite3_column_table_name(statement, i))
-            column.baseTable = QString::fromUtf8(table);
+            column.baseTable = QualifiedTable(sqlite3_column_database_name(statement, i), table);
         if (const char* origin = sqlite3_column_origin_name(statement, i)) {
             column.baseColumn = QString::fromUtf8(origin);
             int notNull = 0, primaryKey = 0, autoIncrement = 0;

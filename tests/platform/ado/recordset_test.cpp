@@ -1,6 +1,7 @@
 // Fields, editing, navigation, bookmarks and GetRows of the client-cursor recordset.
 
 #include "RecordsetFixture.h"
+#include "platform/ado/RecordsetWriter.h"
 
 using namespace zlx;
 using namespace zlx::ado;
@@ -238,4 +239,14 @@ TEST(RecordsetProperties, DynamicPropertiesAndOptimize) {
     Field& city = customers->GetFields().Item("ciudad");
     city.GetProperties().SetItem("Optimize", Variant(true));
     EXPECT_TRUE(city.GetProperties().Item("Optimize").ToBool());
+}
+
+TEST(RecordsetWriterLiterals, ByteArraysAreBinaryLiteralsAndOtherArraysAreRefused) {
+    EXPECT_EQ(
+        RecordsetWriter::Literal(Variant::Array(
+            {Variant(std::uint8_t(0)), Variant(std::uint8_t(0xFF)), Variant(std::uint8_t(16))})),
+        "0x00FF10");
+    EXPECT_EQ(RecordsetWriter::Literal(Variant::Array({})), "0x");
+    EXPECT_THROW(RecordsetWriter::Literal(Variant::Array({Variant(std::uint8_t(1)), Variant("a")})),
+                 VariantError);
 }
