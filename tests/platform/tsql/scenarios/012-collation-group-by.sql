@@ -1,0 +1,18 @@
+-- GROUP BY puts texts that differ in case, accents or trailing blanks in one group.
+-- gap postgres: SELECT COUNT(*) FROM (SELECT Nombre FROM personas GROUP B... answers row 3, not row 2
+-- run
+CREATE TABLE personas (Nombre VARCHAR(30))
+-- run
+INSERT INTO personas VALUES ('José')
+-- run
+INSERT INTO personas VALUES ('jose')
+-- run
+INSERT INTO personas VALUES ('JOSE  ')
+-- run
+INSERT INTO personas VALUES ('Juan')
+-- run
+SELECT COUNT(*) FROM (SELECT Nombre FROM personas GROUP BY Nombre) g
+-- expect
+rowset
+row 2
+end

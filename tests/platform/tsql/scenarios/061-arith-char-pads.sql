@@ -1,0 +1,13 @@
+-- A CHAR(n) value is padded with blanks to its length.
+-- gap sqlite: SELECT c + '|', DATALENGTH(c) FROM t answers error, not row ab   ||5
+-- gap postgres: SELECT c + '|', DATALENGTH(c) FROM t answers error, not row ab   ||5
+-- run
+CREATE TABLE t (c CHAR(5))
+-- run
+INSERT INTO t VALUES ('ab')
+-- run
+SELECT c + '|', DATALENGTH(c) FROM t
+-- expect
+rowset
+row ab   ||5
+end

@@ -1,0 +1,16 @@
+-- A BIT column takes 'TRUE' and 'FALSE' and answers Booleans.
+-- gap sqlite: SELECT b FROM t ORDER BY id answers row False / row False, not row True / row False
+-- gap postgres: INSERT INTO t VALUES (1, 'TRUE') answers error, not success
+-- run
+CREATE TABLE t (id INT, b BIT)
+-- run
+INSERT INTO t VALUES (1, 'TRUE')
+-- run
+INSERT INTO t VALUES (2, 'FALSE')
+-- run
+SELECT b FROM t ORDER BY id
+-- expect
+rowset
+row True
+row False
+end

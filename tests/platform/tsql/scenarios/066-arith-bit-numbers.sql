@@ -1,0 +1,18 @@
+-- A BIT column stores 1 for any number but 0.
+-- gap postgres: SELECT b FROM t ORDER BY id answers row 1 / row 0 / row 5, not row True / row False / row True
+-- run
+CREATE TABLE t (id INT, b BIT)
+-- run
+INSERT INTO t VALUES (1, 1)
+-- run
+INSERT INTO t VALUES (2, 0)
+-- run
+INSERT INTO t VALUES (3, 5)
+-- run
+SELECT b FROM t ORDER BY id
+-- expect
+rowset
+row True
+row False
+row True
+end

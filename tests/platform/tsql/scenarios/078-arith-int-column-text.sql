@@ -1,0 +1,17 @@
+-- A text number stored in an INT column is converted.
+-- gap sqlite: INSERT INTO t VALUES ('12.5') answers count 1, not error 245
+-- gap postgres: INSERT INTO t VALUES ('12.5') answers error, not error 245
+-- run
+CREATE TABLE t (n INT)
+-- run
+INSERT INTO t VALUES ('12')
+-- run
+SELECT n + 1 FROM t
+-- expect
+rowset
+row 13
+end
+-- run
+INSERT INTO t VALUES ('12.5')
+-- expect
+error 245

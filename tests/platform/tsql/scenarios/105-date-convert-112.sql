@@ -1,0 +1,9 @@
+-- CONVERT style 112 writes yyyymmdd.
+-- gap sqlite: SELECT CONVERT(VARCHAR(8), CAST('20240305' AS DATETIME), ... answers error, not row 20240305
+-- gap postgres: SELECT CONVERT(VARCHAR(8), CAST('20240305' AS DATETIME), ... answers error, not row 20240305
+-- run
+SELECT CONVERT(VARCHAR(8), CAST('20240305' AS DATETIME), 112)
+-- expect
+rowset
+row 20240305
+end

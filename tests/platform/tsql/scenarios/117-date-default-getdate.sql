@@ -1,0 +1,15 @@
+-- A DATETIME column with DEFAULT GETDATE() takes the current time.
+-- gap sqlite: CREATE TABLE t (id INT, d DATETIME DEFAULT GETDATE()) answers error, not success
+-- gap postgres: SELECT CASE WHEN ABS(DATEDIFF(minute, d, GETDATE())) < 5 ... answers error 207, not row 1
+-- run
+CREATE TABLE t (id INT, d DATETIME DEFAULT GETDATE())
+-- run
+INSERT INTO t (id) VALUES (1)
+-- expect
+count 1
+-- run
+SELECT CASE WHEN ABS(DATEDIFF(minute, d, GETDATE())) < 5 THEN 1 ELSE 0 END FROM t
+-- expect
+rowset
+row 1
+end

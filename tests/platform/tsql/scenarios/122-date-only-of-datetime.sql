@@ -1,0 +1,7 @@
+-- CAST(FLOOR(CAST(d AS FLOAT)) AS DATETIME) keeps the date at midnight.
+-- run
+SELECT CAST(FLOOR(CAST(CAST('20240315 13:45' AS DATETIME) AS FLOAT)) AS DATETIME)
+-- expect
+rowset
+row 2024-03-15 00:00:00
+end

@@ -1,0 +1,13 @@
+-- SAVE TRANSACTION and ROLLBACK to the savepoint undo only what followed it.
+-- gap sqlite: BEGIN TRAN INSERT INTO t VALUES (1) SAVE TRANSACTION punt... answers error 102, not success
+-- gap postgres: BEGIN TRAN INSERT INTO t VALUES (1) SAVE TRANSACTION punt... answers error 102, not success
+-- run
+CREATE TABLE t (n INT)
+-- run
+BEGIN TRAN INSERT INTO t VALUES (1) SAVE TRANSACTION punto INSERT INTO t VALUES (2) ROLLBACK TRANSACTION punto COMMIT TRAN
+-- run
+SELECT n FROM t
+-- expect
+rowset
+row 1
+end

@@ -1,0 +1,17 @@
+-- A #temporary table lives for the session.
+-- gap sqlite: CREATE TABLE #tmp (n INT) answers error, not success
+-- gap postgres: CREATE TABLE #tmp (n INT) answers error, not success
+-- run
+CREATE TABLE #tmp (n INT)
+-- run
+INSERT INTO #tmp VALUES (4)
+-- expect
+count 1
+-- run
+SELECT n FROM #tmp
+-- expect
+rowset
+row 4
+end
+-- run
+DROP TABLE #tmp

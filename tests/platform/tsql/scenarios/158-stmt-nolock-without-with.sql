@@ -1,0 +1,19 @@
+-- A table hint without WITH: FROM t (NOLOCK).
+-- gap sqlite: SELECT COUNT(*) FROM t (NOLOCK) answers error, not row 4
+-- gap postgres: SELECT COUNT(*) FROM t (NOLOCK) answers error 207, not row 4
+-- run
+CREATE TABLE t (id INT, n INT)
+-- run
+INSERT INTO t VALUES (1, 0)
+-- run
+INSERT INTO t VALUES (2, 5)
+-- run
+INSERT INTO t VALUES (3, 7)
+-- run
+INSERT INTO t VALUES (4, 7)
+-- run
+SELECT COUNT(*) FROM t (NOLOCK)
+-- expect
+rowset
+row 4
+end

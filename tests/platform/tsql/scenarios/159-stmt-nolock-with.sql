@@ -1,0 +1,17 @@
+-- A table hint with WITH: FROM t WITH (NOLOCK).
+-- run
+CREATE TABLE t (id INT, n INT)
+-- run
+INSERT INTO t VALUES (1, 0)
+-- run
+INSERT INTO t VALUES (2, 5)
+-- run
+INSERT INTO t VALUES (3, 7)
+-- run
+INSERT INTO t VALUES (4, 7)
+-- run
+SELECT COUNT(*) FROM t WITH (NOLOCK) WHERE n = 7
+-- expect
+rowset
+row 2
+end

@@ -1,0 +1,15 @@
+-- ALTER TABLE ADD ... DEFAULT x WITH VALUES fills the existing rows of a NULL column.
+-- gap sqlite: ALTER TABLE t ADD c INT NULL DEFAULT 5 WITH VALUES answers error, not success
+-- gap postgres: ALTER TABLE t ADD c INT NULL DEFAULT 5 WITH VALUES answers error, not success
+-- run
+CREATE TABLE t (id INT)
+-- run
+INSERT INTO t VALUES (1)
+-- run
+ALTER TABLE t ADD c INT NULL DEFAULT 5 WITH VALUES
+-- run
+SELECT c FROM t
+-- expect
+rowset
+row 5
+end

@@ -1,0 +1,9 @@
+-- Creating a table that exists is error 2714.
+-- gap sqlite: CREATE TABLE t (id INT) answers error, not error 2714
+-- gap postgres: CREATE TABLE t (id INT) answers error, not error 2714
+-- run
+CREATE TABLE t (id INT)
+-- run
+CREATE TABLE t (id INT)
+-- expect
+error 2714

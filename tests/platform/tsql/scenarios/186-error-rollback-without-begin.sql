@@ -1,0 +1,5 @@
+-- ROLLBACK without BEGIN TRAN is error 3903.
+-- run
+ROLLBACK TRAN
+-- expect
+error 3903
