@@ -9,16 +9,38 @@ namespace zlx::ado {
 
 constexpr std::int32_t kNativeLinkBroken = 11; // "General network error"
 constexpr std::int32_t kNativeSyntax = 102;
+constexpr std::int32_t kNativeMoreValuesThanColumns = 110;
+constexpr std::int32_t kNativeUnknownFunction = 195;
 constexpr std::int32_t kNativeInvalidColumn = 207;
 constexpr std::int32_t kNativeInvalidObject = 208;
+constexpr std::int32_t kNativeAmbiguousColumn = 209;
+constexpr std::int32_t kNativeTypeOverflow = 220;    // a value beyond TINYINT/SMALLINT
+constexpr std::int32_t kNativeDateConversion = 241;  // a text that is not a date
+constexpr std::int32_t kNativeDateOutOfRange = 242;  // an impossible date
+constexpr std::int32_t kNativeValueConversion = 245; // a text that is not an integer
+constexpr std::int32_t kNativeSubqueryRows = 512;    // a scalar subquery with several rows
+constexpr std::int32_t kNativeNullNotAllowed = 515;
+constexpr std::int32_t kNativeIdentityInsertOff = 544;
+constexpr std::int32_t kNativeConstraintConflict = 547;
 constexpr std::int32_t kNativeDatabaseOffline = 942;
 constexpr std::int32_t kNativeDatabaseShutDown = 945;
 constexpr std::int32_t kNativeDeadlock = 1205;
+constexpr std::int32_t kNativeDatabaseExists = 1801;
+constexpr std::int32_t kNativeIndexExists = 1913;
 constexpr std::int32_t kNativeDuplicateIndexKey = 2601;
 constexpr std::int32_t kNativeDuplicateKey = 2627;
+constexpr std::int32_t kNativeColumnExists = 2705;
+constexpr std::int32_t kNativeObjectExists = 2714;
+constexpr std::int32_t kNativeCannotDrop = 3701;
 constexpr std::int32_t kNativeCommitWithoutBegin = 3902;
 constexpr std::int32_t kNativeRollbackWithoutBegin = 3903;
 constexpr std::int32_t kNativeCannotOpenDatabase = 4060; // unknown database in a login or USE
+constexpr std::int32_t kNativeNotNullColumnAdded = 4901;
+constexpr std::int32_t kNativeRollbackUnknownName = 6401;
+constexpr std::int32_t kNativeIdentityUpdate = 8102;
+constexpr std::int32_t kNativeNumericConversion = 8114;
+constexpr std::int32_t kNativeArithmeticOverflow = 8115;
+constexpr std::int32_t kNativeDivideByZero = 8134;
 constexpr std::int32_t kNativeTruncation = 8152;
 
 // The SQLSTATE of a broken link, whatever the engine reported.

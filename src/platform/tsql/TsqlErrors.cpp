@@ -4,11 +4,112 @@
 
 namespace zlx::tsql {
 
+namespace {
+
+// The source of the errors this layer raises itself, numbered already.
+const QString kLayerSource = QStringLiteral("Microsoft OLE DB Provider for SQL Server");
+
+struct FaultNumber {
+    const char* key; // a PostgreSQL SQLSTATE, or the start of a SQLite message
+    std::int32_t native;
+};
+
+// PostgreSQL's SQLSTATEs that mean one SQL Server error whatever the statement.
+constexpr FaultNumber kPostgresStates[] = {
+    {"23502", ado::kNativeNullNotAllowed},
+    {"22012", ado::kNativeDivideByZero},
+    {"21000", ado::kNativeSubqueryRows},
+    {"42702", ado::kNativeAmbiguousColumn},
+    {"42601", ado::kNativeSyntax},
+    {"22008", ado::kNativeDateOutOfRange},
+    {"22007", ado::kNativeDateConversion},
+    {"23514", ado::kNativeConstraintConflict},
+    {"23503", ado::kNativeConstraintConflict},
+    {"42701", ado::kNativeColumnExists},
+    {"42P06", ado::kNativeDatabaseExists},
+    {"22001", ado::kNativeTruncation},
+};
+
+// SQLite's messages (their start, or a part of them) that mean one SQL Server error.
+constexpr FaultNumber kSqliteTexts[] = {
+    {"NOT NULL constraint failed", ado::kNativeNullNotAllowed},
+    {"ambiguous column name", ado::kNativeAmbiguousColumn},
+    {"no such function", ado::kNativeUnknownFunction},
+    {"syntax error", ado::kNativeSyntax},
+    {"incomplete input", ado::kNativeSyntax},
+    {"duplicate column name", ado::kNativeColumnExists},
+    {"CHECK constraint failed", ado::kNativeConstraintConflict},
+    {"FOREIGN KEY constraint failed", ado::kNativeConstraintConflict},
+    {"no such index", ado::kNativeCannotDrop},
+    {"integer overflow", ado::kNativeArithmeticOverflow},
+    {"Cannot add a NOT NULL column", ado::kNativeNotNullColumnAdded},
+    {"values were supplied", ado::kNativeMoreValuesThanColumns},
+    {"values for", ado::kNativeMoreValuesThanColumns},
+};
+
+bool StartsWithWords(const Tokens& statement, std::initializer_list<QStringView> words) {
+    std::size_t i = 0;
+    for (QStringView word : words) {
+        if (i >= statement.size() || !statement[i].IsWord(word)) return false;
+        ++i;
+    }
+    return true;
+}
+
+bool CreatesIndex(const Tokens& statement) {
+    return StartsWithWords(statement, {u"CREATE", u"INDEX"}) ||
+           StartsWithWords(statement, {u"CREATE", u"UNIQUE"});
+}
+
+// "invalid input syntax for type integer": the type a text failed to become.
+std::int32_t ConversionNumber(const QString& text) {
+    if (text.contains(u"timestamp") || text.contains(u"date") || text.contains(u"time"))
+        return ado::kNativeDateConversion;
+    if (text.contains(u"numeric") || text.contains(u"double") || text.contains(u"real"))
+        return ado::kNativeNumericConversion;
+    return ado::kNativeValueConversion;
+}
+
+// Faults whose number depends on the statement or on the message's detail, 0 for others.
+std::int32_t ContextNumber(const ado::ErrorRecord& record, const Tokens& statement) {
+    const QString& state = record.sqlState;
+    const QString& text = record.description;
+    const bool drops = StartsWithWords(statement, {u"DROP"});
+    // A column that exists (SQLite's "duplicate column name", PostgreSQL's 42701) is 2705.
+    if (state == u"42P07" || (text.contains(u"already exists") && state != u"42701")) {
+        if (StartsWithWords(statement, {u"CREATE", u"DATABASE"})) return ado::kNativeDatabaseExists;
+        return CreatesIndex(statement) ? ado::kNativeIndexExists : ado::kNativeObjectExists;
+    }
+    if (drops &&
+        (record.nativeError == ado::kNativeInvalidObject || state == u"42704" || state == u"3F000"))
+        return ado::kNativeCannotDrop;
+    if (state == u"23502" && StartsWithWords(statement, {u"ALTER"}))
+        return ado::kNativeNotNullColumnAdded;
+    if (text.contains(u"more expressions than target columns"))
+        return ado::kNativeMoreValuesThanColumns;
+    if (state == u"22003")
+        return text.contains(u"smallint") ? ado::kNativeTypeOverflow
+                                          : ado::kNativeArithmeticOverflow;
+    if (state == u"22P02") return ConversionNumber(text);
+    if (state == u"42883" && text.startsWith(u"function")) return ado::kNativeUnknownFunction;
+    return 0;
+}
+
+std::int32_t TableNumber(const ado::ErrorRecord& record) {
+    for (const FaultNumber& fault : kPostgresStates)
+        if (record.sqlState == QLatin1StringView(fault.key)) return fault.native;
+    for (const FaultNumber& fault : kSqliteTexts)
+        if (record.description.contains(QLatin1StringView(fault.key))) return fault.native;
+    return 0;
+}
+
+} // namespace
+
 void ThrowStatementError(const QString& description, std::int32_t native, const QString& sqlState) {
     ado::ErrorRecord record;
     record.number = ado::adHrCommandFailed;
     record.description = description;
-    record.source = QStringLiteral("Microsoft OLE DB Provider for SQL Server");
+    record.source = kLayerSource;
     record.nativeError = native;
     record.sqlState = sqlState;
     throw ado::AdoError(ado::adHrCommandFailed, description, {record});
@@ -17,6 +118,18 @@ void ThrowStatementError(const QString& description, std::int32_t native, const 
 void ThrowUnsupported(const QString& construct) {
     ThrowStatementError(QStringLiteral("Construcción T-SQL no soportada: ") + construct,
                         ado::kNativeSyntax);
+}
+
+ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement) {
+    std::vector<ado::ErrorRecord> records = error.Records();
+    for (ado::ErrorRecord& record : records) {
+        if (record.source == kLayerSource) continue;
+        if (std::int32_t native = ContextNumber(record, statement); native != 0)
+            record.nativeError = native;
+        else if (native = TableNumber(record); native != 0)
+            record.nativeError = native;
+    }
+    return ado::AdoError(error.Number(), error.Description(), std::move(records));
 }
 
 } // namespace zlx::tsql

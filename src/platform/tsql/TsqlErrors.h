@@ -1,8 +1,10 @@
 #pragma once
-// Errors raised by the T-SQL layer itself, numbered as SQL Server's provider numbers them.
+// Errors raised by the T-SQL layer itself, numbered as SQL Server's provider numbers them, and
+// the SQL Server numbers of what the engines report.
 
 #include "platform/engines/AdoError.h"
 #include "platform/engines/SqlServerErrors.h"
+#include "platform/tsql/TsqlToken.h"
 
 namespace zlx::tsql {
 
@@ -11,5 +13,10 @@ namespace zlx::tsql {
                                       const QString& sqlState = QStringLiteral("42000"));
 // A construct this layer does not translate; the message names it.
 [[noreturn]] void ThrowUnsupported(const QString& construct);
+
+// `error`, raised by the engine for `statement`, with the native number SQL Server gives the
+// same fault (NULL into NOT NULL 515, division by zero 8134, an object that exists 2714...);
+// records it cannot tell keep their number.
+ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement);
 
 } // namespace zlx::tsql

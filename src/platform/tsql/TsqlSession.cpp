@@ -194,7 +194,7 @@ void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int time
             RunStatement(statement, sink, timeoutSeconds);
         } catch (const ado::AdoError& error) {
             AbortTransactionAfter(error);
-            throw;
+            throw WithSqlServerNumbers(error, statement);
         }
     }
 }

@@ -7,4 +7,4 @@ ALTER TABLE clientes ADD Alta DATETIME NOT NULL DEFAULT '1753-01-01 00:00:00'
 -- PostgreSQL
 ALTER TABLE clientes ADD Alta timestamp(3) NOT NULL DEFAULT '1753-01-01 00:00:00'
 -- result
-error
+error 2705

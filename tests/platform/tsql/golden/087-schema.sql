@@ -7,4 +7,4 @@ ALTER TABLE diccionario ADD tipo TINYINT
 -- PostgreSQL
 ALTER TABLE diccionario ADD tipo smallint
 -- result
-error
+error 2705

@@ -7,4 +7,4 @@ ALTER TABLE diccionario ADD ancho SMALLINT
 -- PostgreSQL
 ALTER TABLE diccionario ADD ancho SMALLINT
 -- result
-error
+error 2705

@@ -7,4 +7,4 @@ ALTER TABLE idioma ADD idioma INTEGER
 -- PostgreSQL
 ALTER TABLE idioma ADD idioma INTEGER
 -- result
-error
+error 2705

@@ -7,4 +7,4 @@ ALTER TABLE empresa_locks.locks ADD cuando DATETIME
 -- PostgreSQL
 ALTER TABLE locks ADD cuando timestamp(3)
 -- result
-error
+error 2705

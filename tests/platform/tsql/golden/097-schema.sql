@@ -7,4 +7,4 @@ ALTER TABLE BLOBs ADD Contenido IMAGE
 -- PostgreSQL
 ALTER TABLE BLOBs ADD Contenido bytea
 -- result
-error
+error 2705

@@ -1,6 +1,6 @@
 -- TOP n WITH TIES adds the rows tied with the last one.
--- gap sqlite: SELECT TOP 3 WITH TIES n FROM t ORDER BY n answers error, not row 0 / row 5 / row 7 / row 7
--- gap postgres: SELECT TOP 3 WITH TIES n FROM t ORDER BY n answers error, not row 0 / row 5 / row 7 / row 7
+-- gap sqlite: SELECT TOP 3 WITH TIES n FROM t ORDER BY n answers error 102, not row 0 / row 5 / row 7 / row 7
+-- gap postgres: SELECT TOP 3 WITH TIES n FROM t ORDER BY n answers error 102, not row 0 / row 5 / row 7 / row 7
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

@@ -1,6 +1,4 @@
 -- NULL into a NOT NULL column is error 515.
--- gap sqlite: INSERT INTO t (n) VALUES (1) answers error 1299, not error 515
--- gap postgres: INSERT INTO t (n) VALUES (1) answers error, not error 515
 -- run
 CREATE TABLE t (id INT NOT NULL, n INT)
 -- run

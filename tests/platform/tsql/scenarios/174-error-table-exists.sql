@@ -1,6 +1,4 @@
 -- Creating a table that exists is error 2714.
--- gap sqlite: CREATE TABLE t (id INT) answers error, not error 2714
--- gap postgres: CREATE TABLE t (id INT) answers error, not error 2714
 -- run
 CREATE TABLE t (id INT)
 -- run

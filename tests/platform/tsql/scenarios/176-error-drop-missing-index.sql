@@ -1,6 +1,4 @@
 -- Dropping an index that does not exist is error 3701.
--- gap sqlite: DROP INDEX t.ix_no_existe answers error, not error 3701
--- gap postgres: DROP INDEX t.ix_no_existe answers error, not error 3701
 -- run
 CREATE TABLE t (id INT)
 -- run

@@ -1,6 +1,4 @@
 -- Creating an index whose name the table already has is error 1913.
--- gap sqlite: CREATE INDEX ix_t ON t (id) answers error, not error 1913
--- gap postgres: CREATE INDEX ix_t ON t (id) answers error, not error 1913
 -- run
 CREATE TABLE t (id INT)
 -- run

@@ -1,6 +1,4 @@
 -- Adding a NOT NULL column without a default to a table with rows is error 4901.
--- gap sqlite: ALTER TABLE t ADD c INT NOT NULL answers error, not error 4901
--- gap postgres: ALTER TABLE t ADD c INT NOT NULL answers error, not error 4901
 -- run
 CREATE TABLE t (id INT)
 -- run

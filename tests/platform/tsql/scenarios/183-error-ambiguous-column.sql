@@ -1,6 +1,4 @@
 -- A column name two joined tables have is error 209.
--- gap sqlite: SELECT id FROM a JOIN b ON a.id = b.id answers error, not error 209
--- gap postgres: SELECT id FROM a JOIN b ON a.id = b.id answers error, not error 209
 -- run
 CREATE TABLE a (id INT)
 -- run

@@ -1,6 +1,4 @@
 -- More values than columns in an INSERT is error 110.
--- gap sqlite: INSERT INTO t (id) VALUES (1, 2) answers error, not error 110
--- gap postgres: INSERT INTO t (id) VALUES (1, 2) answers error, not error 110
 -- run
 CREATE TABLE t (id INT)
 -- run

@@ -1,6 +1,4 @@
 -- After a failed statement the session goes on with the next batch.
--- gap sqlite: INSERT INTO t VALUES (NULL) answers error 1299, not error 515
--- gap postgres: INSERT INTO t VALUES (NULL) answers error, not error 515
 -- run
 CREATE TABLE t (id INT NOT NULL)
 -- run
