@@ -17,8 +17,9 @@ namespace {
 // each message shown meanwhile).
 class Workstation {
 public:
-    Workstation(const QString& server, const QString& database) {
-        m_process.start(QStringLiteral(WORKSTATION_PEER_BIN), {server, database});
+    Workstation(const QString& server, const QString& database, int station) {
+        m_process.start(QStringLiteral(WORKSTATION_PEER_BIN),
+                        {server, database, QString::number(station)});
         m_pid = m_process.processId();
         m_ready = ReadLine() == "ready";
     }
@@ -89,8 +90,8 @@ protected:
     }
     // Both workstations up; false (with a failure) when one did not start.
     bool StartBoth() {
-        m_a = std::make_unique<Workstation>(Server(), m_database);
-        m_b = std::make_unique<Workstation>(Server(), m_database);
+        m_a = std::make_unique<Workstation>(Server(), m_database, 1);
+        m_b = std::make_unique<Workstation>(Server(), m_database, 2);
         EXPECT_TRUE(m_a->Ready() && m_b->Ready());
         return m_a->Ready() && m_b->Ready();
     }
@@ -236,6 +237,58 @@ TEST_P(SaveReliability, ANewRecordOfAKilledWorkstationIsNotThere) {
     EXPECT_EQ(m_cn->RecCount("clientes", "nombre = 'Pilar' AND ZolmarID = 3"), 1);
     EXPECT_EQ(Locks(*m_a), 0);
     EXPECT_EQ(Locks(*m_b), 0);
+}
+
+TEST_P(SaveReliability, OnlyCompletedEditsOfAWorkstationWithTheLogOnAreLogged) {
+    Run("CREATE TABLE LogFichas (ZolmarID INT NOT NULL IDENTITY(1,1), Fecha DATETIME, "
+        "ID_Usuario INT, ID_Puesto INT, Tabla VARCHAR(128), ID_Ficha INT, TipoOp SMALLINT, "
+        "Valores VARCHAR(8000))");
+    if (!StartBoth()) return;
+    ASSERT_EQ(m_a->Do("log on"), "ok");
+    ASSERT_EQ(m_a->Do("edit 1"), "editing");
+    ASSERT_EQ(m_a->Do("set nombre Ana A"), "ok");
+    EXPECT_EQ(m_a->Do("save"), "saved");
+    ASSERT_EQ(m_cn->RecCount("LogFichas"), 1);
+    const Variant logged = m_cn->Execute(
+        "SELECT ID_Usuario, ID_Puesto, Tabla, ID_Ficha, TipoOp, Valores FROM LogFichas",
+        zlxExecuteReturn_Array, Variant());
+    ASSERT_TRUE(logged.IsArray());
+    const VariantArrayPtr row = logged.ToArray();
+    EXPECT_EQ(row->At(0, 0).ToLong(), 1);
+    EXPECT_EQ(row->At(1, 0).ToLong(), 1);
+    EXPECT_EQ(row->At(2, 0).ToString(), "clientes");
+    EXPECT_EQ(row->At(3, 0).ToLong(), 1);
+    EXPECT_EQ(row->At(4, 0).ToLong(), 0);
+    EXPECT_EQ(row->At(5, 0).ToString(),
+              QString(QChar(2)) + "*nombre" + QChar(3) + "Ana" + QChar(3) + "Ana A");
+    // The other workstation has the log off.
+    ASSERT_EQ(m_b->Do("edit 2"), "editing");
+    ASSERT_EQ(m_b->Do("set nombre Luis B"), "ok");
+    EXPECT_EQ(m_b->Do("save"), "saved");
+    // A vetoed save, and a save cut short by the end of its workstation, log nothing.
+    ASSERT_EQ(m_a->Do("edit 1"), "editing");
+    ASSERT_EQ(m_a->Do("set nombre Ana C"), "ok");
+    EXPECT_EQ(m_a->Do("save-cancel"), "failed");
+    ASSERT_EQ(m_a->Do("save-hang"), "saving");
+    m_a->Kill();
+    EXPECT_EQ(m_cn->RecCount("LogFichas"), 1);
+    EXPECT_EQ(Stored(1), "Ana A");
+}
+
+TEST_P(SaveReliability, AReadOnlyWorkstationNeitherEditsNorCreates) {
+    if (!StartBoth()) return;
+    ASSERT_EQ(m_a->Do("readonly on"), "ok");
+    EXPECT_EQ(m_a->Do("edit 1"), "refused");
+    EXPECT_EQ(m_a->Do("new"), "refused");
+    EXPECT_TRUE(m_a->Messages().empty());
+    EXPECT_EQ(Locks(*m_a), 0);
+    // Only that workstation: the other edits the record it could not.
+    EXPECT_EQ(m_b->Do("edit 1"), "editing");
+    ASSERT_EQ(m_a->Do("readonly off"), "ok");
+    ASSERT_EQ(m_a->Do("answer 2"), "ok");
+    EXPECT_EQ(m_a->Do("edit 1"), "refused"); // now by the other's lock
+    EXPECT_EQ(m_a->Messages().size(), 2);
+    EXPECT_EQ(m_a->Do("edit 2"), "editing");
 }
 
 ZLX_ON_SERVER_ENGINES(SaveReliability);

@@ -12,10 +12,15 @@
 //                     and then writes ciudad of record <id> too (cancelling if that fails)
 //   save-hang         saves with a Saving handler that says "saving" and never returns
 //   answer <n>        answers the next message boxes with <n>: "ok"
+//   log on|off        the change log switch: "ok"
+//   readonly on|off   the read-only switch of record forms: "ok"
+//
+// The third argument is the workstation's number, its user and station in the change log.
 
 #include "binding/cDAV_TextoGen.h"
 #include "form/CtlFichaLogic.h"
 #include "form/HeadlessFichaView.h"
+#include "frame/LibraryState.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/widgets/get.h"
 
@@ -34,7 +39,7 @@ using namespace zlx;
 class PeerForm : public QWidget, public I_CtlFichaForm {
     Q_OBJECT
 public:
-    PeerForm() {
+    explicit PeerForm(std::int32_t station) : m_station(station) {
         for (const char* campo : {"nombre", "ciudad"}) {
             auto* box = new ::get(this);
             box->setObjectName(QString::fromLatin1(campo));
@@ -52,12 +57,13 @@ public:
     Q_INVOKABLE void Refresh() {}
 
     QObject* FormObject() const override { return const_cast<PeerForm*>(this); }
-    std::int32_t ID_User() const override { return 1; }
-    std::int32_t ID_Station() const override { return 1; }
+    std::int32_t ID_User() const override { return m_station; }
+    std::int32_t ID_Station() const override { return m_station; }
     QList<QObject*> Boxes() const { return {m_boxes.at("nombre"), m_boxes.at("ciudad")}; }
     ::get* Box(const QString& campo) const { return m_boxes.at(campo); }
 
 private:
+    std::int32_t m_station;
     std::map<QString, I_DAVPtr> m_descriptors;
     std::map<QString, ::get*> m_boxes;
 };
@@ -98,7 +104,8 @@ QString OneLine(QString text) {
 
 class Workstation {
 public:
-    explicit Workstation(cConexionPtr cn) : m_cn(std::move(cn)), m_events(*m_cn) {
+    Workstation(cConexionPtr cn, std::int32_t station)
+        : m_cn(std::move(cn)), m_form(station), m_events(*m_cn) {
         m_view.Attach(&m_ctl);
         m_ficha->Init(m_cn, QStringLiteral("clientes"), QStringLiteral("nombre"));
         m_ficha->MoveFirst();
@@ -131,6 +138,15 @@ public:
             arguments >> campo;
             std::getline(arguments >> std::ws, text);
             m_form.Box(QString::fromStdString(campo))->setText(QString::fromStdString(text));
+            return "ok";
+        }
+        if (command == "log" || command == "readonly") {
+            std::string on;
+            arguments >> on;
+            if (command == "log")
+                LibraryState::Instance().HabilitarRegistro_LogFichas(on == "on");
+            else
+                LibraryState::Instance().CtlFichaReadOnly(on == "on");
             return "ok";
         }
         if (command == "answer") {
@@ -171,12 +187,12 @@ private:
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
-    if (argc != 3) return 2;
+    if (argc != 4) return 2;
     auto cn = std::make_shared<cConexion>();
     if (!cn->Init(zlxDataProvider_MSDE, QString::fromLocal8Bit(argv[2]),
                   QString::fromLocal8Bit(argv[1])))
         return 1;
-    Workstation station(cn);
+    Workstation station(cn, QString::fromLocal8Bit(argv[3]).toInt());
     std::cout << "ready" << std::endl;
     std::string line;
     while (std::getline(std::cin, line)) {
