@@ -14,7 +14,7 @@ trap 'rm -rf "$out"' EXIT
 
 /usr/bin/python3 - "$out/schema.json" <<'PY'
 import json, sys
-runs = {b["name"].split("/")[0]: b for b in json.load(open(sys.argv[1]))["benchmarks"]}
+runs = {"/".join(b["name"].split("/")[:2]): b for b in json.load(open(sys.argv[1]))["benchmarks"]}
 print(f"{'engine':<12}{'cBaseDatos ms':>15}{'ALTER ms':>10}{'ratio':>8}{'reader max ms':>16}")
 for engine in ["SQLite", "PostgreSQL"]:
     lib, own = runs[f"AddColumn/Library_{engine}"], runs[f"AddColumn/Engine_{engine}"]

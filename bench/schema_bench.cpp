@@ -11,9 +11,11 @@
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
+#include <QThread>
 #include <atomic>
 #include <benchmark/benchmark.h>
-#include <thread>
+#include <memory>
+#include <stdexcept>
 
 using namespace zlx;
 
@@ -21,8 +23,10 @@ namespace {
 
 constexpr int kRows = 1000000;
 
+// The embedded PostgreSQL server form of ZLX_BENCH_PG; empty when it is not set.
 QString PostgresServer() {
-    return QString::fromLocal8Bit(qgetenv("ZLX_BENCH_PG"));
+    const QString conninfo = QString::fromLocal8Bit(qgetenv("ZLX_BENCH_PG"));
+    return conninfo.isEmpty() ? QString() : QStringLiteral("postgres:") + conninfo;
 }
 
 // A fresh database "benchcol" with its shared defaults and a table t of kRows rows.
@@ -34,7 +38,8 @@ struct BigTable {
         admin.Execute(QStringLiteral("IF EXISTS (SELECT name FROM sysdatabases WHERE "
                                      "name='benchcol') DROP DATABASE benchcol"));
         db.Init_Connection(zlxDataProvider_MSDE, QStringLiteral("benchcol"), {}, {}, {}, server);
-        db.Create_Database();
+        if (db.Create_Database() != zlxDBConstantsNoError || !db.oCn())
+            throw std::runtime_error("the benchmark database could not be created");
         db.Create_Table(QStringLiteral("t"));
         db.Create_Column(QStringLiteral("numero"), zlxTblColumnTypeI4);
         db.oCn()->Execute(QStringLiteral("INSERT INTO t (numero) SELECT 1"));
@@ -56,7 +61,8 @@ struct BigTable {
 template <class Work> double LongestRead(const QString& server, Work&& work) {
     std::atomic<bool> done{false};
     std::atomic<qint64> longest{0};
-    std::thread reader([&] {
+    // A QThread, so that the connection's timers have a thread Qt knows.
+    std::unique_ptr<QThread> reader(QThread::create([&] {
         ado::Connection cn; // plain ADO: the reader's thread has no event loop
         cn.Open(QStringLiteral("Provider=SQLOLEDB.1;Database=benchcol;Server=") + server);
         while (!done) {
@@ -66,10 +72,11 @@ template <class Work> double LongestRead(const QString& server, Work&& work) {
             cn.Execute(QStringLiteral("SELECT count(*) FROM t WHERE zolmarID < 10"), affected);
             longest = std::max(longest.load(), timer.elapsed());
         }
-    });
+    }));
+    reader->start();
     work();
     done = true;
-    reader.join();
+    reader->wait();
     return static_cast<double>(longest.load());
 }
 
