@@ -15,10 +15,34 @@ int CollationCallback(void*, int lengthA, const void* a, int lengthB, const void
     return Compare(lengthA, a, lengthB, b);
 }
 
-// LIKE with % and _ (and an optional escape character) over case-folded texts.
+int LengthWithoutTrailingBlanks(const unsigned char* text, int length) {
+    while (length > 0 && text[length - 1] == ' ')
+        --length;
+    return length;
+}
+
+// Whether `key` falls in the class of a LIKE pattern [abc], [a-f] or [^abc], written from
+// `from` up to its "]" at `close` (in search keys).
+bool InClass(QChar key, const QString& pattern, qsizetype from, qsizetype close) {
+    const bool negated = pattern[from] == u'^';
+    bool found = false;
+    for (qsizetype k = negated ? from + 1 : from; k < close && !found; ++k) {
+        if (k + 2 < close && pattern[k + 1] == u'-') {
+            found = TextOrder::CollationCompare(QString(pattern[k]), QString(key)) <= 0 &&
+                    TextOrder::CollationCompare(QString(key), QString(pattern[k + 2])) <= 0;
+            k += 2;
+        } else {
+            found = pattern[k] == key;
+        }
+    }
+    return found != negated;
+}
+
+// LIKE with %, _, [classes] and an optional escape character, over search keys.
 bool Matches(const QString& text, qsizetype t, const QString& pattern, qsizetype p, QChar escape) {
     while (p < pattern.size()) {
         const QChar c = pattern[p];
+        const qsizetype close = c == u'[' ? pattern.indexOf(u']', p + 2) : -1;
         if (c == escape && p + 1 < pattern.size()) {
             if (t >= text.size() || text[t] != pattern[p + 1]) return false;
             p += 2;
@@ -30,6 +54,10 @@ bool Matches(const QString& text, qsizetype t, const QString& pattern, qsizetype
             for (qsizetype from = t; from <= text.size(); ++from)
                 if (Matches(text, from, pattern, p, escape)) return true;
             return false;
+        } else if (close > 0) {
+            if (t >= text.size() || !InClass(text[t], pattern, p + 1, close)) return false;
+            p = close + 1;
+            ++t;
         } else if (c == u'_') {
             if (t >= text.size()) return false;
             ++p;
@@ -48,16 +76,30 @@ QString TextArgument(sqlite3_value* value) {
     return bytes ? QString::fromUtf8(bytes, sqlite3_value_bytes(value)) : QString();
 }
 
-// like(pattern, text[, escape]), as SQLite calls it for "text LIKE pattern".
-void Like(sqlite3_context* context, int count, sqlite3_value** values) {
+// A NULL argument makes the result NULL; answers whether one was.
+bool AnyNull(sqlite3_context* context, int count, sqlite3_value** values) {
     for (int i = 0; i < count; ++i) {
         if (sqlite3_value_type(values[i]) == SQLITE_NULL) {
             sqlite3_result_null(context);
-            return;
+            return true;
         }
     }
-    const QString pattern = TextArgument(values[0]).toCaseFolded();
-    const QString text = TextArgument(values[1]).toCaseFolded();
+    return false;
+}
+
+void ResultText(sqlite3_context* context, const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    sqlite3_result_text(context, bytes.constData(), static_cast<int>(bytes.size()),
+                        SQLITE_TRANSIENT);
+}
+
+// like(pattern, text[, escape]), as SQLite calls it for "text LIKE pattern". Blanks that end
+// the text do not count; those that end the pattern do.
+void Like(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QString pattern = TextOrder::SearchKey(TextArgument(values[0]));
+    const QString text =
+        TextOrder::SearchKey(TextOrder::WithoutTrailingBlanks(TextArgument(values[1])).toString());
     QChar escape;
     if (count == 3) {
         const QString given = TextArgument(values[2]);
@@ -65,9 +107,50 @@ void Like(sqlite3_context* context, int count, sqlite3_value** values) {
             sqlite3_result_error(context, "ESCAPE expression must be a single character", -1);
             return;
         }
-        escape = given[0];
+        escape = TextOrder::SearchKey(given)[0];
     }
     sqlite3_result_int(context, Matches(text, 0, pattern, 0, escape) ? 1 : 0);
+}
+
+void Upper(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (!AnyNull(context, count, values)) ResultText(context, TextArgument(values[0]).toUpper());
+}
+
+void Lower(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (!AnyNull(context, count, values)) ResultText(context, TextArgument(values[0]).toLower());
+}
+
+// replace(text, sought, replacement): every match of `sought` under the collation.
+void Replace(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QString text = TextArgument(values[0]);
+    const QString sought = TextArgument(values[1]);
+    const QString replacement = TextArgument(values[2]);
+    if (sought.isEmpty()) {
+        ResultText(context, text);
+        return;
+    }
+    const QString textKey = TextOrder::SearchKey(text);
+    const QString soughtKey = TextOrder::SearchKey(sought);
+    QString result;
+    qsizetype from = 0;
+    for (qsizetype at; (at = textKey.indexOf(soughtKey, from)) >= 0; from = at + sought.size()) {
+        result += QStringView(text).sliced(from, at - from);
+        result += replacement;
+    }
+    result += QStringView(text).sliced(from);
+    ResultText(context, result);
+}
+
+// charindex(sought, text[, start]): the position, from 1, of the first match of `sought` under
+// the collation at or after `start`; 0 when there is none.
+void CharIndex(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QString sought = TextOrder::SearchKey(TextArgument(values[0]));
+    const QString text = TextOrder::SearchKey(TextArgument(values[1]));
+    const qsizetype start = count == 3 ? std::max<qsizetype>(sqlite3_value_int64(values[2]), 1) : 1;
+    const qsizetype at = sought.isEmpty() ? -1 : text.indexOf(sought, start - 1);
+    sqlite3_result_int64(context, at + 1);
 }
 
 } // namespace
@@ -75,31 +158,38 @@ void Like(sqlite3_context* context, int count, sqlite3_value** values) {
 int Compare(int lengthA, const void* a, int lengthB, const void* b) {
     const auto* x = static_cast<const unsigned char*>(a);
     const auto* y = static_cast<const unsigned char*>(b);
+    lengthA = LengthWithoutTrailingBlanks(x, lengthA);
+    lengthB = LengthWithoutTrailingBlanks(y, lengthB);
     const int common = std::min(lengthA, lengthB);
     // ASCII texts (the common case) order by their lower-case bytes, which is what the full
     // comparison gives them.
     for (int i = 0; i < common; ++i) {
         if (x[i] >= 0x80 || y[i] >= 0x80)
-            return TextOrder::Compare(QString::fromUtf8(static_cast<const char*>(a), lengthA),
-                                      QString::fromUtf8(static_cast<const char*>(b), lengthB));
+            return TextOrder::CollationCompare(
+                QString::fromUtf8(static_cast<const char*>(a), lengthA),
+                QString::fromUtf8(static_cast<const char*>(b), lengthB));
         const int difference = std::tolower(x[i]) - std::tolower(y[i]);
         if (difference != 0) return difference;
     }
-    // One text begins the other: the longer sorts after, unless what follows is an accent
-    // that the comparison of base letters passes over.
-    const auto* rest = lengthA > lengthB ? x : y;
-    if (std::all_of(rest + common, rest + std::max(lengthA, lengthB),
-                    [](unsigned char c) { return c < 0x80; }))
-        return lengthA - lengthB;
-    return TextOrder::Compare(QString::fromUtf8(static_cast<const char*>(a), lengthA),
-                              QString::fromUtf8(static_cast<const char*>(b), lengthB));
+    // One text begins the other: the longer sorts after.
+    return lengthA - lengthB;
 }
 
 void Install(sqlite3* db) {
     sqlite3_create_collation(db, "NOCASE", SQLITE_UTF8, nullptr, &CollationCallback);
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    sqlite3_create_function(db, "like", 2, flags, nullptr, &Like, nullptr, nullptr);
-    sqlite3_create_function(db, "like", 3, flags, nullptr, &Like, nullptr, nullptr);
+    const struct {
+        const char* name;
+        int arguments;
+        void (*function)(sqlite3_context*, int, sqlite3_value**);
+    } functions[] = {
+        {"like", 2, &Like},           {"like", 3, &Like},       {"upper", 1, &Upper},
+        {"lower", 1, &Lower},         {"replace", 3, &Replace}, {"charindex", 2, &CharIndex},
+        {"charindex", 3, &CharIndex},
+    };
+    for (const auto& f : functions)
+        sqlite3_create_function(db, f.name, f.arguments, flags, nullptr, f.function, nullptr,
+                                nullptr);
 }
 
 } // namespace zlx::ado::SqliteText

@@ -1,13 +1,15 @@
 #pragma once
-// Text comparison on the embedded engine as SQL Server's default collation does it: letters
-// compare without regard to case (every letter, not only ASCII), accented letters sort next
-// to their base letter, and LIKE matches without regard to case.
+// Text on the embedded engine as the database collation Modern_Spanish_CI_AI treats it:
+// letters compare without regard to case or accents, ñ is a letter of its own after n,
+// trailing blanks do not count; LIKE, REPLACE and CHARINDEX match under the same rules and
+// UPPER and LOWER change every letter, not only ASCII ones.
 
 struct sqlite3;
 
 namespace zlx::ado::SqliteText {
 
-// Replaces the connection's NOCASE collation and its like() function.
+// Replaces the connection's NOCASE collation and its like(), upper(), lower() and replace()
+// functions, and adds charindex().
 void Install(sqlite3* db);
 
 // The collation: < 0, 0, > 0 as UTF-8 text a sorts before, with or after b.

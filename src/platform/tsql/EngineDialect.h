@@ -77,15 +77,24 @@ public:
     virtual bool KeepsTypeLength(const QString&) const { return true; }
     // A binary literal (T-SQL 0x00FF10) of `hexDigits`, an even number of lower-case digits.
     virtual QString BinaryLiteral(const QString& hexDigits) const = 0;
+    // Whether the engine's text comparisons count trailing blanks (the translator then takes
+    // them off the literals compared).
+    virtual bool TrailingBlanksCount() const { return false; }
+    // What follows a text function's call so that its result compares under the database
+    // collation; empty: the result keeps its argument's collation.
+    virtual QString TextResultCollation() const { return {}; }
     // Appended to text columns so that they compare without regard to case.
     virtual QString CaseInsensitiveCollation() const = 0;
     virtual IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const = 0;
     // Jet's AUTOINCREMENT type; MarksAutoincrementKey: the column's PRIMARY KEY is marked too.
     virtual QString Autoincrement() const = 0;
     virtual bool MarksAutoincrementKey() const { return false; }
-    // LIKE's engine operator and what follows its pattern; empty: LIKE as written.
-    virtual QString LikeOperator() const { return {}; }
-    virtual QString PatternSuffix() const { return {}; }
+    // The engine's operator for LIKE (NOT LIKE when `negated`), which binds as tightly as
+    // "+"; empty: LIKE as written.
+    virtual QString LikeOperator(bool negated) const {
+        (void)negated;
+        return {};
+    }
     // What an ORDER BY item (or index key) adds so that NULLs come first ascending and last
     // descending, as on SQL Server; empty: the engine orders them so already.
     virtual QString NullsOrder(bool descending) const {

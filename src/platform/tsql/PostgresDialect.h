@@ -17,11 +17,11 @@ public:
     QString ColumnType(const QString& type) const override;
     bool KeepsTypeLength(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
+    bool TrailingBlanksCount() const override { return true; }
     QString CaseInsensitiveCollation() const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
     QString Autoincrement() const override;
-    QString LikeOperator() const override;
-    QString PatternSuffix() const override;
+    QString LikeOperator(bool negated) const override;
     QString NullsOrder(bool descending) const override;
     QString AlterColumnTypeWord() const override;
 

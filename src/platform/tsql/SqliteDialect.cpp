@@ -21,8 +21,6 @@ constexpr FunctionSpelling kFunctions[] = {
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
     {"RIGHT", 2, true, "substr(%1, -(%2))"},
     {"LEFT", 2, true, "substr(%1, 1, %2)"},
-    // Without regard to case, as the columns compare.
-    {"CHARINDEX", 2, true, "instr(lower(%2), lower(%1))"},
 };
 
 // Dates are ISO-8601 texts, so that they compare in order.
@@ -85,6 +83,11 @@ QString SqliteDialect::CastType(const QString& type) const {
 // Text columns compare without regard to case: the driver makes NOCASE fold every letter.
 QString SqliteDialect::BinaryLiteral(const QString& hexDigits) const {
     return QStringLiteral("X'%1'").arg(hexDigits);
+}
+
+// SQLite gives a function's result the binary collation whatever its argument's.
+QString SqliteDialect::TextResultCollation() const {
+    return QStringLiteral(" COLLATE NOCASE");
 }
 
 QString SqliteDialect::CaseInsensitiveCollation() const {

@@ -18,6 +18,7 @@ public:
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
+    QString TextResultCollation() const override;
     QString CaseInsensitiveCollation() const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
     QString Autoincrement() const override;

@@ -344,7 +344,9 @@ private:
             return EmitName(i, end, out, limits);
         case TokenKind::String: {
             const QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
-            out += t.leading + QuoteString(iso.isEmpty() ? t.text : iso);
+            out += t.leading + QuoteString(!iso.isEmpty()           ? iso
+                                           : DropsTrailingBlanks(i) ? WithoutTrailingBlanks(t.text)
+                                                                    : t.text);
             return i + 1;
         }
         case TokenKind::Global:
@@ -379,6 +381,58 @@ private:
     static QString HexDigits(const QString& literal) {
         const QString digits = literal.mid(2).toLower();
         return digits.size() % 2 ? u'0' + digits : digits;
+    }
+
+    // On an engine whose comparisons count trailing blanks, a string literal loses them where
+    // it is compared (an operand of =, <>, <, >, <= or >=) or stored (a whole value of VALUES
+    // or of an UPDATE's SET list), so that stored texts and the texts compared with them
+    // differ as on SQL Server.
+    bool DropsTrailingBlanks(size_t i) const {
+        if (!m_dialect.TrailingBlanksCount()) return false;
+        if (InSetList(i))
+            return SymbolAt(i - 1, u"=") && (!At(i + 1) || SymbolAt(i + 1, u",") ||
+                                             WordAt(i + 1, u"WHERE") || WordAt(i + 1, u"FROM"));
+        return IsComparison(i - 1) || IsComparison(i + 1) || IsInsertedValue(i);
+    }
+
+    bool IsInsertedValue(size_t i) const {
+        if (!WordAt(0, u"INSERT") || !(SymbolAt(i - 1, u"(") || SymbolAt(i - 1, u",")) ||
+            !(SymbolAt(i + 1, u")") || SymbolAt(i + 1, u",")))
+            return false;
+        size_t open = i;
+        for (int depth = 0; open-- > 0;) {
+            if (m_t[open].IsSymbol(u")"))
+                ++depth;
+            else if (m_t[open].IsSymbol(u"(") && depth-- == 0)
+                break;
+        }
+        return open > 0 && open < i && (WordAt(open - 1, u"VALUES") || SymbolAt(open - 1, u","));
+    }
+
+    bool IsComparison(size_t i) const {
+        static const QStringList comparisons = {u"="_qs, u"<>"_qs, u"!="_qs, u"<"_qs,
+                                                u">"_qs, u"<="_qs, u">="_qs};
+        const Token* token = At(i); // i may have wrapped round from 0 - 1: At answers nullptr
+        return token && token->kind == TokenKind::Symbol && comparisons.contains(token->text);
+    }
+
+    bool InSetList(size_t i) const {
+        if (!WordAt(0, u"UPDATE")) return false;
+        bool inSet = false;
+        for (size_t j = 0; j < i; ++j) {
+            if (m_t[j].IsWord(u"SET"))
+                inSet = true;
+            else if (m_t[j].IsWord(u"WHERE") || m_t[j].IsWord(u"FROM"))
+                inSet = false;
+        }
+        return inSet;
+    }
+
+    static QString WithoutTrailingBlanks(const QString& text) {
+        qsizetype size = text.size();
+        while (size > 0 && text[size - 1] == u' ')
+            --size;
+        return text.left(size);
     }
 
     QString GlobalValue(const QString& name) const {
@@ -423,6 +477,54 @@ private:
         return end;
     }
 
+    // The end of the expression that begins at `i`: operands joined by arithmetic operators
+    // and "+", which bind more tightly than LIKE.
+    size_t ExpressionEnd(size_t i) const {
+        static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs,
+                                              u"/"_qs, u"%"_qs, u"||"_qs};
+        size_t end = PrimaryEnd(i);
+        while (end > i && At(end) && At(end)->kind == TokenKind::Symbol &&
+               operators.contains(At(end)->text)) {
+            const size_t next = PrimaryEnd(end + 1);
+            if (next == end + 1) break;
+            end = next;
+        }
+        return end;
+    }
+
+    // LIKE (NOT LIKE when `negated`) as the engine's operator, its pattern in parentheses; an
+    // ESCAPE character turns the escaped characters of a literal pattern into classes ("[%]").
+    size_t EmitLike(size_t like, bool negated, QString& out) {
+        const size_t patternEnd = ExpressionEnd(like + 1);
+        out += (negated ? m_t[like - 1].leading : m_t[like].leading) +
+               m_dialect.LikeOperator(negated) + QStringLiteral(" (");
+        if (!WordAt(patternEnd, u"ESCAPE")) {
+            out += Range(like + 1, patternEnd).trimmed() + u')';
+            return patternEnd;
+        }
+        const Token* escape = At(patternEnd + 1);
+        if (patternEnd != like + 2 || m_t[like + 1].kind != TokenKind::String || !escape ||
+            escape->kind != TokenKind::String || escape->text.size() != 1)
+            ThrowUnsupported(QStringLiteral("LIKE ... ESCAPE"));
+        out += QuoteString(WithoutEscapes(m_t[like + 1].text, escape->text[0])) + u')';
+        return patternEnd + 2;
+    }
+
+    static QString WithoutEscapes(const QString& pattern, QChar escape) {
+        QString plain;
+        for (qsizetype k = 0; k < pattern.size(); ++k) {
+            if (pattern[k] != escape || k + 1 == pattern.size()) {
+                plain += pattern[k];
+                continue;
+            }
+            const QChar escaped = pattern[++k];
+            plain += escaped == u'%' || escaped == u'_' || escaped == u'['
+                         ? u'[' + QString(escaped) + u']'
+                         : QString(escaped);
+        }
+        return plain;
+    }
+
     bool IsTextColumnName(size_t i) const {
         const Token* name = At(i);
         if (!name || !m_context.isTextColumn || SymbolAt(i + 1, u"(") ||
@@ -449,19 +551,21 @@ private:
         const bool call = SymbolAt(i + 1, u"(");
         if (t.kind == TokenKind::Word) {
             if (t.IsWord(u"SELECT") && WordAt(i + 1, u"TOP")) return EmitTop(i, end, out, limits);
+            if (call && IsTextFunction(t) && !m_dialect.TextResultCollation().isEmpty()) {
+                const size_t after = Close(i + 1) + 1;
+                // Written after the call, before a LIMIT that may follow it.
+                if (IsComparison(i - 1) || IsComparison(after) || WordAt(i - 1, u"BY"))
+                    limits.emplace_hint(limits.lower_bound(after), after,
+                                        m_dialect.TextResultCollation());
+            }
             if (call) {
                 const size_t next = EmitFunction(i, out);
                 if (next != i) return next;
             }
             if (t.IsWord(u"ORDER") && WordAt(i + 1, u"BY")) return EmitOrderBy(i, end, out);
-            if (t.IsWord(u"LIKE") && !m_dialect.LikeOperator().isEmpty()) {
-                // What follows the pattern's first operand carries through the rest of the
-                // pattern expression (a collation, say).
-                out += t.leading + m_dialect.LikeOperator();
-                const size_t end = PrimaryEnd(i + 1);
-                if (end == i + 1) return i + 1;
-                out += Range(i + 1, end) + m_dialect.PatternSuffix();
-                return end;
+            if (!m_dialect.LikeOperator(false).isEmpty()) {
+                if (t.IsWord(u"LIKE")) return EmitLike(i, false, out);
+                if (t.IsWord(u"NOT") && WordAt(i + 1, u"LIKE")) return EmitLike(i + 1, true, out);
             }
             if (t.IsWord(u"WITH") && SymbolAt(i + 1, u"(") && IsTableHint(i + 2))
                 return SkipHints(i);

@@ -20,14 +20,6 @@ protected:
         Exec(QStringLiteral("INSERT INTO pedidos (Cliente, Importe) VALUES ('Ana', NULL)"));
         Exec(QStringLiteral("INSERT INTO pedidos (Cliente, Importe) VALUES ('Ana', 5)"));
     }
-
-    // The values of the first column of each row, in order.
-    QStringList Column(const QString& query) {
-        QStringList values;
-        for (const QString& event : Exec(query))
-            if (event.startsWith(u"row ")) values << event.mid(4).section(u'|', 0, 0);
-        return values;
-    }
 };
 
 } // namespace

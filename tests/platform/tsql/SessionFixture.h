@@ -69,6 +69,14 @@ protected:
         return QStringLiteral("<no row>");
     }
 
+    // The values of the first column of each row, in order.
+    QStringList Column(const QString& query) {
+        QStringList values;
+        for (const QString& event : Exec(query))
+            if (event.startsWith(u"row ")) values << event.mid(4).section(u'|', 0, 0);
+        return values;
+    }
+
     // The session's events for the batch, or "error <native number>" when it fails ("error"
     // when the failure carries no SQL Server number).
     QStringList Outcome(const QString& batch) {

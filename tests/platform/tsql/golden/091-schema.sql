@@ -4,6 +4,6 @@ ALTER TABLE clientes ADD Serie CHAR(2) NOT NULL DEFAULT 'A'
 -- SQLite
 ALTER TABLE clientes ADD Serie CHAR(2) COLLATE NOCASE NOT NULL DEFAULT 'A'
 -- PostgreSQL
-ALTER TABLE clientes ADD Serie CHAR(2) COLLATE zlx_nocase NOT NULL DEFAULT 'A'
+ALTER TABLE clientes ADD Serie CHAR(2) COLLATE zlx_ci_ai NOT NULL DEFAULT 'A'
 -- result
 count -1

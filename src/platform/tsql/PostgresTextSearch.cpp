@@ -1,0 +1,62 @@
+#include "platform/tsql/PostgresTextSearch.h"
+
+namespace zlx::tsql {
+
+QString TextSearchFunctions() {
+    return QStringLiteral(R"sql(DO $d$ BEGIN
+IF to_regprocedure('pg_temp.zlx_like(text, text)') IS NOT NULL THEN RETURN; END IF;
+CREATE FUNCTION pg_temp.zlx_key(t text) RETURNS text LANGUAGE sql IMMUTABLE STRICT AS $f$
+SELECT translate(lower(t), 'áàâäãåāăąéèêëēėęěíìîïīįóòôöõøōőúùûüūůűýÿçćčďğłńňřśšşťźżž',
+                           'aaaaaaaaaeeeeeeeeiiiiiioooooooouuuuuuuyycccdglnnrssstzzz') $f$;
+CREATE FUNCTION pg_temp.zlx_replace(t text, s text, r text) RETURNS text LANGUAGE plpgsql
+IMMUTABLE STRICT AS $f$
+DECLARE
+  k text COLLATE "default" := pg_temp.zlx_key(t);
+  sk text COLLATE "default" := pg_temp.zlx_key(s);
+  done text := '';
+  at integer;
+BEGIN
+  IF length(sk) = 0 THEN RETURN t; END IF;
+  LOOP
+    at := strpos(k, sk);
+    EXIT WHEN at = 0;
+    done := done || substr(t, 1, at - 1) || r;
+    t := substr(t, at + length(sk));
+    k := substr(k, at + length(sk));
+  END LOOP;
+  RETURN done || t;
+END $f$;
+CREATE FUNCTION pg_temp.zlx_like_regex(p text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT
+AS $f$
+DECLARE
+  k text COLLATE "default" := pg_temp.zlx_key(p);
+  regex text COLLATE "default" := '^';
+  i integer := 1;
+  c text COLLATE "default";
+  close integer;
+BEGIN
+  WHILE i <= length(k) LOOP
+    c := substr(k, i, 1);
+    close := CASE WHEN c = '[' THEN strpos(substr(k, i + 2), ']') ELSE 0 END;
+    IF c = '%' THEN regex := regex || '.*';
+    ELSIF c = '_' THEN regex := regex || '.';
+    ELSIF close > 0 THEN
+      regex := regex || '[' || replace(substr(k, i + 1, close), '\', '\\') || ']';
+      i := i + close + 1;
+    ELSIF strpos('.*+?()[]{}|^$\', c) > 0 THEN regex := regex || '\' || c;
+    ELSE regex := regex || c;
+    END IF;
+    i := i + 1;
+  END LOOP;
+  RETURN regex || '$';
+END $f$;
+CREATE FUNCTION pg_temp.zlx_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE STRICT
+AS $f$ SELECT pg_temp.zlx_key(rtrim(t)) COLLATE "default" ~ pg_temp.zlx_like_regex(p) $f$;
+CREATE FUNCTION pg_temp.zlx_not_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE
+STRICT AS $f$ SELECT NOT pg_temp.zlx_like(t, p) $f$;
+CREATE OPERATOR pg_temp.~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = pg_temp.zlx_like);
+CREATE OPERATOR pg_temp.!~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = pg_temp.zlx_not_like);
+END $d$)sql");
+}
+
+} // namespace zlx::tsql

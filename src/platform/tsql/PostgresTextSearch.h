@@ -1,0 +1,18 @@
+#pragma once
+// Searches inside text on PostgreSQL under the database collation Modern_Spanish_CI_AI.
+// PostgreSQL's nondeterministic collations (which give the columns' comparisons) refuse LIKE,
+// regular expressions and substring searches, so LIKE, CHARINDEX and REPLACE run as functions
+// over search keys instead: the text in lower case with its accents taken off (ñ kept), one
+// character for each character of the text.
+
+#include <QString>
+
+namespace zlx::tsql {
+
+// The statement that makes, once per connection, the functions in pg_temp: zlx_key(text),
+// zlx_replace(text, sought, replacement), zlx_like(text, pattern) and the operators
+// pg_temp.~~ (LIKE) and pg_temp.!~~ (NOT LIKE). A pattern keeps T-SQL's %, _ and [classes];
+// blanks that end the text do not count.
+QString TextSearchFunctions();
+
+} // namespace zlx::tsql
