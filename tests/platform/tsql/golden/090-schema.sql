@@ -5,6 +5,6 @@ ALTER TABLE diccionario ADD tabla VARCHAR(30)
 -- SQLite
 ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE NOCASE
 -- PostgreSQL
-ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE zlx_nocase
+ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE zlx_ci_ai
 -- result
 error
