@@ -17,8 +17,8 @@ constexpr FunctionSpelling kFunctions[] = {
     {"OBJECT_ID", 1, false, "CAST(CAST(to_regclass(%1) AS oid) AS integer)"},
     {"RIGHT", 2, true, "right(%1, %2)"},
     {"LEFT", 2, true, "left(%1, %2)"},
-    {"CHARINDEX", 2, true, "strpos(pg_temp.zlx_key(%2) COLLATE \"default\", pg_temp.zlx_key(%1))"},
-    {"REPLACE", 3, true, "pg_temp.zlx_replace(%1, %2, %3)"},
+    {"CHARINDEX", 2, true, "strpos(zlx_key(%2) COLLATE \"default\", zlx_key(%1))"},
+    {"REPLACE", 3, true, "zlx_replace(%1, %2, %3)"},
 };
 
 // SQL Server's column types that PostgreSQL spells otherwise.
@@ -129,8 +129,7 @@ QString PostgresDialect::Autoincrement() const {
 }
 
 QString PostgresDialect::LikeOperator(bool negated) const {
-    return negated ? QStringLiteral("OPERATOR(pg_temp.!~~)")
-                   : QStringLiteral("OPERATOR(pg_temp.~~)");
+    return negated ? QStringLiteral("!~~~") : QStringLiteral("~~~");
 }
 
 // PostgreSQL sorts NULLs after every value, SQL Server before.
@@ -149,15 +148,17 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
         QStringLiteral("CREATE COLLATION IF NOT EXISTS pg_temp.zlx_ci (provider = icu, locale = "
                        "'und-u-ks-level2', deterministic = false)"),
         // The collation of the database's text columns, Modern_Spanish_CI_AI: case and accents
-        // ignored, ñ a letter of its own. Made once in the database's schema (a second
-        // connection making it at the same moment is not an error).
+        // ignored, ñ a letter of its own; and the functions that search inside text under it.
+        // Made once in the database's schema (a second connection making them at the same
+        // moment is not an error).
         QStringLiteral(
-            "DO $$ BEGIN IF current_schema() IS NOT NULL AND NOT EXISTS (SELECT 1 FROM "
-            "pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
+            "DO $$ BEGIN IF current_schema() IS NULL THEN RETURN; END IF; IF NOT EXISTS (SELECT 1 "
+            "FROM pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
-            "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; "
-            "EXCEPTION WHEN unique_violation OR duplicate_object THEN NULL; END $$"),
-        TextSearchFunctions(),
+            "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
+            TextSearchFunctions() +
+            QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
+                           "duplicate_function THEN NULL; END $$"),
         QStringLiteral("SET application_name = %1").arg(SqlString(applicationName)),
         QStringLiteral("CREATE OR REPLACE TEMP VIEW sysprocesses AS SELECT pid AS spid, "
                        "split_part(application_name, ':', 1) COLLATE pg_temp.zlx_ci AS "

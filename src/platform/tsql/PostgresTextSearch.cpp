@@ -3,16 +3,15 @@
 namespace zlx::tsql {
 
 QString TextSearchFunctions() {
-    return QStringLiteral(R"sql(DO $d$ BEGIN
-IF to_regprocedure('pg_temp.zlx_like(text, text)') IS NOT NULL THEN RETURN; END IF;
-CREATE FUNCTION pg_temp.zlx_key(t text) RETURNS text LANGUAGE sql IMMUTABLE STRICT AS $f$
+    return QStringLiteral(R"sql(IF to_regprocedure('zlx_like(text, text)') IS NULL THEN
+CREATE FUNCTION zlx_key(t text) RETURNS text LANGUAGE sql IMMUTABLE STRICT AS $f$
 SELECT translate(lower(t), 'áàâäãåāăąéèêëēėęěíìîïīįóòôöõøōőúùûüūůűýÿçćčďğłńňřśšşťźżž',
                            'aaaaaaaaaeeeeeeeeiiiiiioooooooouuuuuuuyycccdglnnrssstzzz') $f$;
-CREATE FUNCTION pg_temp.zlx_replace(t text, s text, r text) RETURNS text LANGUAGE plpgsql
+CREATE FUNCTION zlx_replace(t text, s text, r text) RETURNS text LANGUAGE plpgsql
 IMMUTABLE STRICT AS $f$
 DECLARE
-  k text COLLATE "default" := pg_temp.zlx_key(t);
-  sk text COLLATE "default" := pg_temp.zlx_key(s);
+  k text COLLATE "default" := zlx_key(t);
+  sk text COLLATE "default" := zlx_key(s);
   done text := '';
   at integer;
 BEGIN
@@ -26,10 +25,10 @@ BEGIN
   END LOOP;
   RETURN done || t;
 END $f$;
-CREATE FUNCTION pg_temp.zlx_like_regex(p text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT
+CREATE FUNCTION zlx_like_regex(p text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT
 AS $f$
 DECLARE
-  k text COLLATE "default" := pg_temp.zlx_key(p);
+  k text COLLATE "default" := zlx_key(p);
   regex text COLLATE "default" := '^';
   i integer := 1;
   c text COLLATE "default";
@@ -50,13 +49,13 @@ BEGIN
   END LOOP;
   RETURN regex || '$';
 END $f$;
-CREATE FUNCTION pg_temp.zlx_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE STRICT
-AS $f$ SELECT pg_temp.zlx_key(rtrim(t)) COLLATE "default" ~ pg_temp.zlx_like_regex(p) $f$;
-CREATE FUNCTION pg_temp.zlx_not_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE
-STRICT AS $f$ SELECT NOT pg_temp.zlx_like(t, p) $f$;
-CREATE OPERATOR pg_temp.~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = pg_temp.zlx_like);
-CREATE OPERATOR pg_temp.!~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = pg_temp.zlx_not_like);
-END $d$)sql");
+CREATE FUNCTION zlx_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE STRICT
+AS $f$ SELECT zlx_key(rtrim(t)) COLLATE "default" ~ zlx_like_regex(p) $f$;
+CREATE FUNCTION zlx_not_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTABLE
+STRICT AS $f$ SELECT NOT zlx_like(t, p) $f$;
+CREATE OPERATOR ~~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = zlx_like);
+CREATE OPERATOR !~~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = zlx_not_like);
+END IF;)sql");
 }
 
 } // namespace zlx::tsql

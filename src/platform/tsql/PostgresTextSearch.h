@@ -9,10 +9,10 @@
 
 namespace zlx::tsql {
 
-// The statement that makes, once per connection, the functions in pg_temp: zlx_key(text),
-// zlx_replace(text, sought, replacement), zlx_like(text, pattern) and the operators
-// pg_temp.~~ (LIKE) and pg_temp.!~~ (NOT LIKE). A pattern keeps T-SQL's %, _ and [classes];
-// blanks that end the text do not count.
+// The PL/pgSQL that makes, once in a database's schema, the functions zlx_key(text),
+// zlx_replace(text, sought, replacement), zlx_like(text, pattern) and the operators ~~~ (LIKE)
+// and !~~~ (NOT LIKE). A pattern keeps T-SQL's %, _ and [classes]; blanks that end the text do
+// not count.
 QString TextSearchFunctions();
 
 } // namespace zlx::tsql

@@ -4,7 +4,7 @@ SELECT count(*) AS cuantos FROM clientes WHERE Nombre LIKE 'A|%%' ESCAPE '|'
 -- SQLite
 SELECT count(*) AS cuantos FROM clientes WHERE Nombre LIKE 'A|%%' ESCAPE '|'
 -- PostgreSQL
-SELECT count(*) AS cuantos FROM clientes WHERE Nombre OPERATOR(pg_temp.~~) ('A[%]%')
+SELECT count(*) AS cuantos FROM clientes WHERE Nombre ~~~ ('A[%]%')
 -- result
 rowset
 row 0
