@@ -1,0 +1,156 @@
+#include "ScriptedSession.h"
+
+#include "ClientForm.h"
+#include "MainWindow.h"
+#include "SessionPresenters.h"
+#include "platform/widgets/btn.h"
+#include "platform/widgets/get.h"
+
+#include <QApplication>
+#include <QPixmap>
+#include <QProcess>
+#include <cstdio>
+
+namespace zlx::demo {
+
+namespace {
+
+void Print(const QString& text) {
+    std::fputs(text.toUtf8().constData(), stdout);
+    std::fputc('\n', stdout);
+    std::fflush(stdout);
+}
+
+} // namespace
+
+ScriptedSession::ScriptedSession(cConexionPtr oCn, QString cWhere, QDir folder,
+                                 QStringList holderCommand)
+    : m_oCn(std::move(oCn)), m_cn(*m_oCn), m_where(std::move(cWhere)), m_folder(std::move(folder)),
+      m_holderCommand(std::move(holderCommand)) {}
+
+bool ScriptedSession::Check(bool lOk, const QString& cWhat) {
+    Print(QStringLiteral("%1 %2").arg(lOk ? QStringLiteral("[ok]") : QStringLiteral("[FALLO]"),
+                                      cWhat));
+    return lOk;
+}
+
+void ScriptedSession::Shoot(const QString& cFile) {
+    QApplication::processEvents();
+    m_windowPtr->grab().save(m_folder.filePath(cFile));
+    Print(QStringLiteral("  captura %1").arg(cFile));
+}
+
+void ScriptedSession::Type(const QString& cCampo, const QString& cText) {
+    ::get* box = m_windowPtr->Form()->Control(cCampo);
+    box->setFocus();
+    box->setText(cText);
+}
+
+std::int32_t ScriptedSession::IdOfCode(const QString& cCodigo) {
+    return m_cn
+        .Execute(QStringLiteral("SELECT ZolmarID FROM clientes WHERE codigo=%1")
+                     .arg(m_cn.PonComillas(Variant(cCodigo))),
+                 zlxExecuteReturn_Value, Variant(0))
+        .ToLong();
+}
+
+bool ScriptedSession::CreateClient(std::int32_t& nID) {
+    ClientForm& form = *m_windowPtr->Form();
+    Shoot(QStringLiteral("demo-ficha.png"));
+    if (!Check(form.Nuevo(), QStringLiteral("Nuevo cliente"))) return false;
+    Type(QStringLiteral("nombre"), QStringLiteral("Talleres Rivas, S.L."));
+    Type(QStringLiteral("nif"), QStringLiteral("B91234567"));
+    form.findChild<::btn*>(QStringLiteral("optTipo"))->setValue(2);
+    Type(QStringLiteral("municipio"), QStringLiteral("41091"));
+    Type(QStringLiteral("limite"), QStringLiteral("25000,5"));
+    Type(QStringLiteral("notas"), QStringLiteral("Alta desde la demostración"));
+    Shoot(QStringLiteral("demo-nuevo.png"));
+    if (!Check(form.Guardar(), QStringLiteral("Guardar el cliente nuevo"))) return false;
+    nID = form.CurrentID();
+    return Check(nID > 0 && IdOfCode(form.Control(QStringLiteral("codigo"))->Text()) == nID,
+                 QStringLiteral("El cliente nuevo está en la tabla (ZolmarID %1)").arg(nID));
+}
+
+bool ScriptedSession::EditClient(std::int32_t nID) {
+    ClientForm& form = *m_windowPtr->Form();
+    if (!Check(form.ShowRecord(nID) && form.Modificar(), QStringLiteral("Modificar el cliente")))
+        return false;
+    Type(QStringLiteral("nombre"), QStringLiteral("Talleres Rivas Hermanos, S.L."));
+    Type(QStringLiteral("limite"), QStringLiteral("30000"));
+    Type(QStringLiteral("notas"), QString());
+    Shoot(QStringLiteral("demo-edicion.png"));
+    return Check(form.Guardar(), QStringLiteral("Guardar los cambios"));
+}
+
+bool ScriptedSession::SearchAndEdit() {
+    ClientForm& form = *m_windowPtr->Form();
+    m_grid->PickNext(QStringLiteral("Núñez"), QStringLiteral("demo-busqueda.png"));
+    if (!Check(form.Buscar() && form.CurrentID() == IdOfCode(QStringLiteral("C0002")),
+               QStringLiteral("Buscar \"Núñez\" lleva al cliente C0002")))
+        return false;
+    if (!Check(form.Modificar(), QStringLiteral("Modificar el cliente encontrado"))) return false;
+    Type(QStringLiteral("limite"), QStringLiteral("4000"));
+    Type(QStringLiteral("notas"), QStringLiteral("Límite ampliado"));
+    return Check(form.Guardar(), QStringLiteral("Guardar el nuevo límite"));
+}
+
+bool ScriptedSession::LockConflict() {
+    const std::int32_t id = IdOfCode(QStringLiteral("C0003"));
+    QProcess holder;
+    holder.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    holder.start(m_holderCommand.first(),
+                 m_holderCommand.mid(1) << QStringLiteral("--hold-lock") << QString::number(id));
+    const bool ready = holder.waitForReadyRead(60000) && holder.readLine().startsWith("bloqueado");
+    if (!Check(ready, QStringLiteral("Otro proceso bloquea el cliente C0003"))) {
+        holder.kill();
+        holder.waitForFinished();
+        return false;
+    }
+    ClientForm& form = *m_windowPtr->Form();
+    form.ShowRecord(id);
+    m_messages->ShotNext(QStringLiteral("demo-bloqueo.png"));
+    m_messages->QueueAnswer(MsgAnswerNegative);
+    const int before = m_messages->Count();
+    const bool refused = !form.Modificar() && m_messages->Count() > before &&
+                         form.FileStatus() == zlxFileStat_ShowRecord;
+    holder.closeWriteChannel();
+    holder.waitForFinished(60000);
+    return Check(refused, QStringLiteral("La modificación se rechaza por el bloqueo")) &&
+           Check(holder.exitCode() == 0, QStringLiteral("El otro proceso libera su bloqueo"));
+}
+
+bool ScriptedSession::DeleteClient(std::int32_t nID) {
+    ClientForm& form = *m_windowPtr->Form();
+    form.ShowRecord(nID);
+    Shoot(QStringLiteral("demo-historial.png"));
+    const bool deleted =
+        form.Borrar() &&
+        m_cn.RecCount(QStringLiteral("clientes"), QStringLiteral("ZolmarID=%1").arg(nID)) == 0;
+    return Check(deleted && form.CurrentID() != nID, QStringLiteral("Eliminar el cliente nuevo"));
+}
+
+bool ScriptedSession::Export() {
+    const QString file = m_folder.filePath(QStringLiteral("clientes.dbf"));
+    return Check(m_windowPtr->ExportClients(file),
+                 QStringLiteral("Exportar los clientes a %1").arg(file));
+}
+
+bool ScriptedSession::Run() {
+    SessionMsgPresenter messages(m_folder);
+    SessionSearchGrid grid(m_folder);
+    ScopedMsgPresenter installedMessages(messages);
+    ScopedSearchGridPresenter installedGrid(grid);
+    m_messages = &messages;
+    m_grid = &grid;
+    MainWindow window(m_oCn, m_where);
+    m_windowPtr = &window;
+    window.resize(780, 680);
+    window.show();
+    std::int32_t id = 0;
+    const bool ok = CreateClient(id) && EditClient(id) && SearchAndEdit() && LockConflict() &&
+                    DeleteClient(id) && Export();
+    Print(QStringLiteral("Capturas en: %1").arg(m_folder.absolutePath()));
+    return ok;
+}
+
+} // namespace zlx::demo
