@@ -99,3 +99,24 @@ TEST_P(CollationTest, SearchesInsideTextFollowTheCollation) {
                   "SELECT UPPER(Nombre) + '/' + LOWER(Nombre) FROM personas WHERE ZolmarID = 2")),
               QStringLiteral("PEÑA/peña"));
 }
+
+// The record cursor moves by comparing its order value with = and >: texts equal under the
+// collation are visited in the order of their key, as on SQL Server.
+TEST_P(CollationTest, MovesByOrderValueVisitEqualTextsByKey) {
+    Insert({"Amor", "alvarez", "Álvarez", "ALVAREZ "});
+    QStringList visited;
+    QString name = QStringLiteral("''");
+    QString id = QStringLiteral("0");
+    for (int move = 0; move < 5; ++move) {
+        const QStringList row =
+            Value(QStringLiteral("SELECT TOP 1 ZolmarID, Nombre FROM personas WHERE Nombre > %1 "
+                                 "OR (Nombre = %1 AND ZolmarID > %2) ORDER BY Nombre, ZolmarID")
+                      .arg(name, id))
+                .split(u'|');
+        if (row.size() < 2) break;
+        visited << row[0];
+        id = row[0];
+        name = u'\'' + row[1] + u'\'';
+    }
+    EXPECT_EQ(visited, (QStringList{"2", "3", "4", "1"}));
+}
