@@ -347,6 +347,9 @@ private:
             out += t.leading + QuoteString(!iso.isEmpty()           ? iso
                                            : DropsTrailingBlanks(i) ? WithoutTrailingBlanks(t.text)
                                                                     : t.text);
+            // Two literals compared have no column to give them the database collation.
+            if (IsComparison(i + 1) && At(i + 2) && At(i + 2)->kind == TokenKind::String)
+                out += u' ' + m_dialect.CaseInsensitiveCollation();
             return i + 1;
         }
         case TokenKind::Global:
