@@ -4,6 +4,7 @@
 #include "connection/cConexion.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/companion/cMatriz.h"
+#include "schema/cBaseDatos.h"
 #include "table/cDatos.h"
 
 #include <QJsonDocument>
@@ -19,13 +20,28 @@ struct SqlOptions {
     int mode = zlxExecuteReturn_Nothing;
     Variant defaultValue = Variant(std::int16_t(0));
     bool hasText = false;
+    bool createDatabase = false;
+    long timeoutSeconds = -1; // the connection's own unless given
 };
+
+long SecondsOption(const QString& value) {
+    bool ok = false;
+    const long seconds = value.toLong(&ok);
+    if (!ok || seconds < 0)
+        throw std::invalid_argument(
+            ("--timeout needs a number of seconds, not " + value).toStdString());
+    return seconds;
+}
 
 // Reads "--name value" pairs and at most one statement; throws on anything else.
 SqlOptions ParseOptions(const QStringList& args) {
     SqlOptions options;
     for (int i = 0; i < args.size(); ++i) {
         const QString& arg = args[i];
+        if (arg == u"--create-db") {
+            options.createDatabase = true;
+            continue;
+        }
         if (!arg.startsWith(QStringLiteral("--"))) {
             if (options.hasText) throw std::invalid_argument("more than one statement given");
             options.text = arg;
@@ -51,6 +67,8 @@ SqlOptions ParseOptions(const QStringList& args) {
             options.mode = value.toInt();
         else if (arg == u"--default")
             options.defaultValue = Variant(value);
+        else if (arg == u"--timeout")
+            options.timeoutSeconds = SecondsOption(value);
         else
             throw std::invalid_argument(("unknown option " + arg).toStdString());
     }
@@ -120,6 +138,8 @@ QByteArray ErrorJson(const cConexion& cn, const std::vector<MsgRequest>& message
 std::pair<QByteArray, bool> RunOne(cConexion& cn, const QString& sql, int mode,
                                    const Variant& defaultValue) {
     RecordingMsgPresenter recorder;
+    // Nobody answers the shell's questions: a statement that ran out of time is not run again.
+    recorder.SetDefaultAnswer(MsgAnswerNegative);
     ScopedMsgPresenter scope(recorder);
     const Variant result = cn.Execute(sql, mode, defaultValue);
     if (cn.GetLastError() != 0 || !recorder.Messages().empty())
@@ -150,6 +170,16 @@ int RunLines(cConexion& cn, const SqlOptions& options, std::FILE* in, std::FILE*
     return 0;
 }
 
+// --create-db: the database is made as the library makes its databases; one that exists
+// already is used as it is.
+bool CreateDatabase(const SqlOptions& options, const QString& database) {
+    cBaseDatos maker;
+    maker.Init_Connection(options.provider, database, {}, options.user, options.password,
+                          options.server);
+    const int result = maker.Create_Database();
+    return result == zlxDBConstantsNoError || result == zlxDBConstantsExisteDB;
+}
+
 } // namespace
 
 int RunSqlCommand(const QStringList& args, std::FILE* in, std::FILE* out) {
@@ -168,12 +198,17 @@ int RunSqlCommand(const QStringList& args, std::FILE* in, std::FILE* out) {
     QString errors;
     const QString database =
         options.provider == zlxDataProvider_MSDE ? options.database : options.file;
+    if (options.createDatabase && !CreateDatabase(options, database)) {
+        WriteLine(out, ErrorJson(cn, recorder.Messages()));
+        return 1;
+    }
     if (!cn.Init(options.provider, database, options.server, options.user, options.password, 16,
                  false, &errors) ||
         (cn.cn() && cn.cn()->State() != ado::adStateOpen)) {
         WriteLine(out, ErrorJson(cn, recorder.Messages()));
         return 1;
     }
+    if (options.timeoutSeconds >= 0) cn.cn()->CommandTimeout(options.timeoutSeconds);
     if (!options.hasText) return RunLines(cn, options, in, out);
     const auto [line, failed] = RunOne(cn, options.text, options.mode, options.defaultValue);
     WriteLine(out, line);

@@ -1,33 +1,14 @@
 // Runs the built `zolmar` program as a user would and checks its exact output.
 
 #include "QtPrinters.h"
+#include "ZolmarProgram.h"
 #include "zolmar.h"
 
-#include <QProcess>
 #include <QTemporaryDir>
-#include <QTemporaryFile>
 #include <gtest/gtest.h>
 
-namespace {
-
-struct ProgramRun {
-    int exitCode = -1;
-    QByteArray out;
-};
-
-ProgramRun Zolmar(const QStringList& arguments, const QByteArray& input = QByteArray()) {
-    QProcess process;
-    QTemporaryFile inputFile;
-    if (!inputFile.open()) return {};
-    inputFile.write(input);
-    inputFile.close();
-    process.setStandardInputFile(inputFile.fileName());
-    process.start(QStringLiteral(ZOLMAR_BIN), arguments);
-    if (!process.waitForFinished(60000)) return {};
-    return {process.exitCode(), process.readAllStandardOutput()};
-}
-
-} // namespace
+using zlx::test::ProgramRun;
+using zlx::test::Zolmar;
 
 TEST(ZolmarProgram, VersionAndUsage) {
     const ProgramRun version = Zolmar({"--version"});
