@@ -1,11 +1,13 @@
 #include "ClientForm.h"
 
 #include "RecordBar.h"
+#include "TownTable.h"
 #include "binding/cDAV_Activo.h"
 #include "binding/cDAV_FechaGen.h"
 #include "binding/cDAV_NumeroGen.h"
 #include "binding/cDAV_TextoGen.h"
 #include "binding/cDAV_ZolmarID.h"
+#include "binding/cValidCombo.h"
 #include "language/cIdioma.h"
 #include "platform/widgets/btn.h"
 #include "platform/widgets/get.h"
@@ -82,6 +84,7 @@ ClientForm::ClientForm(cConexionPtr oCn, std::int32_t nIdUsuario, QWidget* paren
         {"ZolmarID", std::make_shared<NotConfigured<cDAV_ZolmarID>>()},
         {"notas", Describe<cDAV_TextoGen>("notas", 200, "Notas")},
     };
+    m_towns = std::make_shared<TownTable>(m_cn);
     BuildLayout();
     if (m_ficha->Init(m_cn, kTablaText, QStringLiteral("codigo")) == 0) m_ficha->MoveFirst();
     BindControls();
@@ -130,15 +133,19 @@ void ClientForm::BuildLayout() {
     ::get* limite = AddGet(QStringLiteral("limite"), QStringLiteral("txtLimite"));
     ::get* activo = AddGet(QStringLiteral("Activo"), QStringLiteral("txtActivo"));
     ::get* notas = AddGet(QStringLiteral("notas"), QStringLiteral("txtNotas"));
-    municipio->setBtnBuscar(true);
     WidthInCharacters(codigo, 10);
     WidthInCharacters(nif, 12);
-    WidthInCharacters(municipio, 6, 24);
+    WidthInCharacters(municipio, 6);
     WidthInCharacters(nacimiento, 10, 24);
     WidthInCharacters(limite, 12);
     WidthInCharacters(activo, 3);
 
-    m_town = new QLabel(this);
+    m_townName = new ::get(this);
+    m_townName->setObjectName(QStringLiteral("txtNombreMunicipio"));
+    m_townName->setToolTip(QStringLiteral("Escriba el principio del nombre del municipio"));
+    m_townName->setBtnCombo(true);
+    m_townName->setEnabled(false);
+    WidthInCharacters(m_townName, 28, 24);
     m_creditWords = new QLabel(this);
     m_creditWords->setWordWrap(true);
     m_creditWords->setStyleSheet(QStringLiteral("color: #505050; font-style: italic"));
@@ -157,7 +164,7 @@ void ClientForm::BuildLayout() {
     grid->addWidget(nacimiento, 3, 1);
     grid->addWidget(Caption(QStringLiteral("Munici&pio"), municipio), 4, 0);
     grid->addWidget(municipio, 4, 1);
-    grid->addWidget(m_town, 4, 2, 1, 2);
+    grid->addWidget(m_townName, 4, 2, 1, 2, Qt::AlignLeft);
     grid->addWidget(Caption(QStringLiteral("&Límite de crédito"), limite), 5, 0);
     grid->addWidget(limite, 5, 1);
     grid->addWidget(m_creditWords, 5, 2, 1, 2);
@@ -227,7 +234,11 @@ void ClientForm::ConnectControls() {
     connect(m_save, &QPushButton::clicked, this, [this] { Guardar(); });
     connect(m_cancel, &QPushButton::clicked, this, [this] { Cancelar(); });
     ::get* municipio = m_gets.at(QStringLiteral("municipio"));
-    connect(municipio, &::get::ClickBuscar, this, [this] { LookUpTown(); });
+    connect(m_townName, &::get::ClickCombo, this, [this] { ChooseTown(true); });
+    connect(m_townName, &::get::Validate, this, [this](bool& Cancel) {
+        if (m_fileStatus != zlxFileStat_ShowRecord && !m_townName->Text().trimmed().isEmpty())
+            Cancel = !ChooseTown();
+    });
     connect(municipio, &::get::Change, this, [this] { ShowTown(); });
     connect(municipio, &::get::Validate, this, [this](bool& Cancel) { ValidateTown(Cancel); });
     connect(m_gets.at(QStringLiteral("limite")), &::get::Change, this,
@@ -278,7 +289,7 @@ void ClientForm::ShowTown() {
     const Variant name =
         m_cn->Execute(QStringLiteral("SELECT nombre FROM municipios WHERE codigo=%1").arg(code),
                       zlxExecuteReturn_Value, Variant(QString()), true);
-    m_town->setText(name.ToString().trimmed());
+    m_townName->setText(name.ToString().trimmed());
 }
 
 void ClientForm::ShowCreditInWords() {
@@ -298,23 +309,22 @@ void ClientForm::ShowChangeLog() {
     }
 }
 
-void ClientForm::LookUpTown() {
-    const Variant result = m_cn->Execute(
-        QStringLiteral("SELECT codigo, nombre, provincia FROM municipios ORDER BY nombre"),
-        zlxExecuteReturn_cDatos_Disconnected);
-    const auto towns = result.IsObject() ? result.As<cDatos>() : nullptr;
-    if (!towns) return;
-    const Variant code = towns->Buscar(
-        QStringLiteral("Municipios"),
-        Variant::Array({Variant("Código"), Variant("Municipio"), Variant("Provincia")}),
-        Variant::Array({Variant(7), Variant(24), Variant(18)}), 1, 2);
-    if (!code.IsEmpty()) m_gets.at(QStringLiteral("municipio"))->setValue(code.ToLong());
+bool ClientForm::ChooseTown(bool lForzarLista) {
+    cValidCombo combo;
+    combo.cCodigo = QStringLiteral("codigo");
+    combo.cNombre = QStringLiteral("nombre");
+    combo.lBuscarID = false;
+    combo.oCtlSay = m_gets.at(QStringLiteral("municipio"));
+    combo.aHeaders = Variant::Array({Variant("Código"), Variant("Municipio")});
+    combo.aWidths = Variant::Array({Variant(8), Variant(30)});
+    bool lUpdateControls = true;
+    return combo.Run(m_towns, m_townName, lUpdateControls, lForzarLista) > 0;
 }
 
 void ClientForm::ValidateTown(bool& Cancel) {
     if (m_fileStatus == zlxFileStat_ShowRecord) return;
     const int code = m_gets.at(QStringLiteral("municipio"))->Value().toInt();
-    if (code != 0 && m_town->text().isEmpty()) {
+    if (code != 0 && m_townName->Text().isEmpty()) {
         ShowMessage(QStringLiteral("No existe ningún municipio con el código <B>%1</B>.").arg(code),
                     MsgIconWarning, QStringLiteral("Municipio"));
         Cancel = true;
@@ -341,7 +351,8 @@ QString ClientForm::SavingErrors() const {
         errors << QStringLiteral("El <B>código</B> del cliente no puede quedar vacío.");
     if (m_gets.at(QStringLiteral("nombre"))->Text().trimmed().isEmpty())
         errors << QStringLiteral("El <B>nombre</B> del cliente no puede quedar vacío.");
-    if (m_gets.at(QStringLiteral("municipio"))->Value().toInt() != 0 && m_town->text().isEmpty())
+    if (m_gets.at(QStringLiteral("municipio"))->Value().toInt() != 0 &&
+        m_townName->Text().isEmpty())
         errors << QStringLiteral("El <B>municipio</B> no existe.");
     return errors.join(QStringLiteral("<BR>"));
 }

@@ -6,6 +6,7 @@
 // does.
 
 #include "ChangeLog.h"
+#include "binding/I_TAV.h"
 #include "binding/cBinding.h"
 #include "cursor/cFichaDB.h"
 #include "table/cDatos.h"
@@ -46,6 +47,9 @@ public:
     bool RepetirBusqueda();
     bool Move(int nBtn);
     bool ShowRecord(std::int32_t nID);
+    // The town typed by name in its box, through the lookup field (a list when the text does
+    // not name one town, or always with lForzarLista); false when no town was chosen.
+    bool ChooseTown(bool lForzarLista = false);
 
     int FileStatus() const { return m_fileStatus; }
     std::int32_t CurrentID() const;
@@ -71,7 +75,6 @@ private:
     void LeaveEditMode();
     void PutNewRecordDefaults();
     QString NextCode() const;
-    void LookUpTown();
     void ValidateTown(bool& Cancel);
     // The checks of a save; "" when the record can be saved.
     QString SavingErrors() const;
@@ -98,7 +101,8 @@ private:
     std::map<QString, ::get*> m_gets;
     lbl* m_id = nullptr;
     ::btn* m_tipo = nullptr;
-    QLabel* m_town = nullptr;
+    ::get* m_townName = nullptr;
+    I_TAVPtr m_towns;
     QLabel* m_creditWords = nullptr;
     QLabel* m_status = nullptr;
     QPushButton* m_save = nullptr;

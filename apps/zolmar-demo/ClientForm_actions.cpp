@@ -38,6 +38,7 @@ void ClientForm::EnterEditMode(int nFileStatus) {
     }
     m_binding.ResetValueForNotBindedCtls();
     m_binding.EnableGets(true, zlxEnableGetsDespues);
+    m_townName->setEnabled(true);
     ShowButtons();
     ShowForm();
     ::get* first = m_gets.at(nFileStatus == zlxFileStat_NewRecord ? QStringLiteral("codigo")
@@ -47,6 +48,7 @@ void ClientForm::EnterEditMode(int nFileStatus) {
 
 void ClientForm::LeaveEditMode() {
     m_binding.EnableGets(false);
+    m_townName->setEnabled(false);
     m_fileStatus = zlxFileStat_ShowRecord;
     ShowButtons();
 }

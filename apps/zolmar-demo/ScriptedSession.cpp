@@ -61,7 +61,11 @@ bool ScriptedSession::CreateClient(std::int32_t& nID) {
     Type(QStringLiteral("nombre"), QStringLiteral("Talleres Rivas, S.L."));
     Type(QStringLiteral("nif"), QStringLiteral("B91234567"));
     form.findChild<::btn*>(QStringLiteral("optTipo"))->setValue(2);
-    Type(QStringLiteral("municipio"), QStringLiteral("41091"));
+    form.findChild<::get*>(QStringLiteral("txtNombreMunicipio"))->setText(QStringLiteral("Sevi"));
+    if (!Check(form.ChooseTown() &&
+                   form.Control(QStringLiteral("municipio"))->Value().toInt() == 41091,
+               QStringLiteral("\"Sevi\" elige el municipio Sevilla (41091)")))
+        return false;
     Type(QStringLiteral("limite"), QStringLiteral("25000,5"));
     Type(QStringLiteral("notas"), QStringLiteral("Alta desde la demostración"));
     Shoot(QStringLiteral("demo-nuevo.png"));
