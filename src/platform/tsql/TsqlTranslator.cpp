@@ -348,7 +348,9 @@ private:
                                            : DropsTrailingBlanks(i) ? WithoutTrailingBlanks(t.text)
                                                                     : t.text);
             // Two literals compared have no column to give them the database collation.
-            if (IsComparison(i + 1) && At(i + 2) && At(i + 2)->kind == TokenKind::String)
+            if ((IsComparison(i + 1) && At(i + 2) && At(i + 2)->kind == TokenKind::String) ||
+                (WordAt(i + 1, u"IN") && SymbolAt(i + 2, u"(") && At(i + 3) &&
+                 At(i + 3)->kind == TokenKind::String))
                 out += u' ' + m_dialect.CaseInsensitiveCollation();
             return i + 1;
         }

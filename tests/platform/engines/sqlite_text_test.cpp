@@ -65,6 +65,13 @@ TEST_F(SqliteTextTest, EnyeIsALetterAfterNAndAccentsSortWithTheirLetter) {
     EXPECT_EQ(Column("SELECT count(*) FROM t WHERE n = 'NUNEZ'"), QStringList{"1"});
 }
 
+TEST_F(SqliteTextTest, JoinsMatchTextsEqualUnderTheCollation) {
+    Run("CREATE TABLE u (n TEXT COLLATE NOCASE, v INTEGER)");
+    Insert({"Múnich"});
+    Run("INSERT INTO u VALUES ('MUNICH ', 7)");
+    EXPECT_EQ(Column("SELECT u.v FROM t JOIN u ON t.n = u.n"), QStringList{"7"});
+}
+
 TEST_F(SqliteTextTest, LikeMatchesUnderTheCollation) {
     Insert({"José Pérez  ", "Peña", "Pena", "10%", "a_b", "axb"});
     EXPECT_EQ(Column("SELECT n FROM t WHERE n LIKE 'jose%' ORDER BY id"),
