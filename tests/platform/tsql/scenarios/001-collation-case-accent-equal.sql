@@ -1,6 +1,4 @@
 -- Case and accents do not count in '=' under the database's Spanish case- and accent-insensitive collation.
--- gap sqlite: SELECT CASE WHEN 'jose' = 'JOSÉ' THEN 1 ELSE 0 END, CASE ... answers row 0|0, not row 1|1
--- gap postgres: SELECT CASE WHEN 'jose' = 'JOSÉ' THEN 1 ELSE 0 END, CASE ... answers row 0|0, not row 1|1
 -- run
 SELECT CASE WHEN 'jose' = 'JOSÉ' THEN 1 ELSE 0 END, CASE WHEN 'árbol' = 'ARBOL' THEN 1 ELSE 0 END
 -- expect

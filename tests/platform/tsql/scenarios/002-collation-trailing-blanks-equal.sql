@@ -1,5 +1,4 @@
 -- Trailing blanks are ignored when texts are compared with '=' and '<>'.
--- gap sqlite: SELECT CASE WHEN 'ABC' = 'ABC   ' THEN 1 ELSE 0 END, CASE... answers row 0|1, not row 1|0
 -- run
 SELECT CASE WHEN 'ABC' = 'ABC   ' THEN 1 ELSE 0 END, CASE WHEN 'ABC' <> 'ABC   ' THEN 1 ELSE 0 END
 -- expect

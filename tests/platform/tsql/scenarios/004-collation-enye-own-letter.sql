@@ -1,6 +1,4 @@
 -- ñ is a letter of its own: 'Peña' and 'Pena' differ even when accents do not count.
--- gap sqlite: SELECT CASE WHEN 'Peña' = 'Pena' THEN 1 ELSE 0 END, CASE ... answers row 0|0, not row 0|1
--- gap postgres: SELECT CASE WHEN 'Peña' = 'Pena' THEN 1 ELSE 0 END, CASE ... answers row 0|0, not row 0|1
 -- run
 SELECT CASE WHEN 'Peña' = 'Pena' THEN 1 ELSE 0 END, CASE WHEN 'PEÑA' = 'peña' THEN 1 ELSE 0 END
 -- expect

@@ -1,6 +1,4 @@
 -- Case does not count in '<': 'a' sorts before 'B'.
--- gap sqlite: SELECT CASE WHEN 'a' < 'B' THEN 1 ELSE 0 END, CASE WHEN '... answers row 0|0, not row 1|1
--- gap postgres: SELECT CASE WHEN 'a' < 'B' THEN 1 ELSE 0 END, CASE WHEN '... answers row 0|0, not row 1|1
 -- run
 SELECT CASE WHEN 'a' < 'B' THEN 1 ELSE 0 END, CASE WHEN 'Z' > 'y' THEN 1 ELSE 0 END
 -- expect

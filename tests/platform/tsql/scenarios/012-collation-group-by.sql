@@ -1,5 +1,4 @@
 -- GROUP BY puts texts that differ in case, accents or trailing blanks in one group.
--- gap postgres: SELECT COUNT(*) FROM (SELECT Nombre FROM personas GROUP B... answers row 3, not row 2
 -- run
 CREATE TABLE personas (Nombre VARCHAR(30))
 -- run

@@ -1,5 +1,4 @@
 -- COUNT(DISTINCT) counts texts equal under the collation once.
--- gap postgres: SELECT COUNT(DISTINCT Nombre) FROM personas answers row 2, not row 1
 -- run
 CREATE TABLE personas (Nombre VARCHAR(30))
 -- run

@@ -1,5 +1,4 @@
 -- A unique index refuses a text that differs only in case and trailing blanks (2601).
--- gap postgres: INSERT INTO codigos VALUES ('ABC  ') answers count 1, not error 2601
 -- run
 CREATE TABLE codigos (c VARCHAR(10))
 -- run

@@ -1,5 +1,4 @@
 -- A join on text columns matches rows that differ in case and accents.
--- gap sqlite: SELECT b.v FROM a JOIN b ON a.n = b.n answers end, not row 7
 -- run
 CREATE TABLE a (n VARCHAR(20))
 -- run
