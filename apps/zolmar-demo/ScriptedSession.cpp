@@ -13,31 +13,21 @@
 
 namespace zlx::demo {
 
-namespace {
-
-void Print(const QString& text) {
-    std::fputs(text.toUtf8().constData(), stdout);
-    std::fputc('\n', stdout);
-    std::fflush(stdout);
-}
-
-} // namespace
-
 ScriptedSession::ScriptedSession(cConexionPtr oCn, QString cWhere, QDir folder,
                                  QStringList holderCommand)
     : m_oCn(std::move(oCn)), m_cn(*m_oCn), m_where(std::move(cWhere)), m_folder(std::move(folder)),
       m_holderCommand(std::move(holderCommand)) {}
 
 bool ScriptedSession::Check(bool lOk, const QString& cWhat) {
-    Print(QStringLiteral("%1 %2").arg(lOk ? QStringLiteral("[ok]") : QStringLiteral("[FALLO]"),
-                                      cWhat));
+    PrintLine(QStringLiteral("%1 %2").arg(lOk ? QStringLiteral("[ok]") : QStringLiteral("[FALLO]"),
+                                          cWhat));
     return lOk;
 }
 
 void ScriptedSession::Shoot(const QString& cFile) {
     QApplication::processEvents();
     m_windowPtr->grab().save(m_folder.filePath(cFile));
-    Print(QStringLiteral("  captura %1").arg(cFile));
+    PrintLine(QStringLiteral("  captura %1").arg(cFile));
 }
 
 void ScriptedSession::Type(const QString& cCampo, const QString& cText) {
@@ -153,7 +143,7 @@ bool ScriptedSession::Run() {
     std::int32_t id = 0;
     const bool ok = CreateClient(id) && EditClient(id) && SearchAndEdit() && LockConflict() &&
                     DeleteClient(id) && Export();
-    Print(QStringLiteral("Capturas en: %1").arg(m_folder.absolutePath()));
+    PrintLine(QStringLiteral("Capturas en: %1").arg(m_folder.absolutePath()));
     return ok;
 }
 

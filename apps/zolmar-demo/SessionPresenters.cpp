@@ -14,25 +14,25 @@ namespace zlx::demo {
 
 namespace {
 
-void Print(const QString& text) {
+void Shoot(QWidget& window, const QDir& folder, const QString& file) {
+    window.show();
+    QApplication::processEvents();
+    window.grab().save(folder.filePath(file));
+    PrintLine(QStringLiteral("  captura %1").arg(file));
+}
+
+} // namespace
+
+void PrintLine(const QString& text) {
     std::fputs(text.toUtf8().constData(), stdout);
     std::fputc('\n', stdout);
     std::fflush(stdout);
 }
 
-void Shoot(QWidget& window, const QDir& folder, const QString& file) {
-    window.show();
-    QApplication::processEvents();
-    window.grab().save(folder.filePath(file));
-    Print(QStringLiteral("  captura %1").arg(file));
-}
-
-} // namespace
-
 std::int32_t SessionMsgPresenter::Present(const MsgRequest& request) {
     ++m_count;
-    Print(QStringLiteral("  mensaje \"%1\": %2")
-              .arg(request.title, MsgMarkupToPlainText(request.text).replace(u'\n', u' ')));
+    PrintLine(QStringLiteral("  mensaje \"%1\": %2")
+                  .arg(request.title, MsgMarkupToPlainText(request.text).replace(u'\n', u' ')));
     if (!m_nextShot.isEmpty()) {
         std::unique_ptr<QDialog> dialog(QtMsgPresenter::BuildDialog(request));
         Shoot(*dialog, m_folder, m_nextShot);
@@ -48,7 +48,7 @@ std::optional<std::int32_t> SessionSearchGrid::Present(const SearchGridRequest& 
     SearchGridWindow window(request);
     window.resize(720, 320);
     if (window.SearchBox()) window.SearchBox()->setText(m_search);
-    Print(QStringLiteral("  ventana \"%1\": se escribe \"%2\"").arg(request.title, m_search));
+    PrintLine(QStringLiteral("  ventana \"%1\": se escribe \"%2\"").arg(request.title, m_search));
     if (!m_nextShot.isEmpty()) Shoot(window, m_folder, m_nextShot);
     m_nextShot.clear();
     m_search.clear();

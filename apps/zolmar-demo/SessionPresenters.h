@@ -11,6 +11,9 @@
 
 namespace zlx::demo {
 
+// One line of the session's report on standard output, written at once.
+void PrintLine(const QString& text);
+
 class SessionMsgPresenter : public MsgPresenter {
 public:
     explicit SessionMsgPresenter(QDir folder) : m_folder(std::move(folder)) {}
