@@ -2,6 +2,8 @@
 
 #include "platform/engines/AdoConstants.h"
 
+#include <QStringList>
+
 namespace zlx::tsql {
 
 namespace {
@@ -103,6 +105,50 @@ std::int32_t TableNumber(const ado::ErrorRecord& record) {
     return 0;
 }
 
+bool IsName(const Token& token) {
+    return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
+}
+
+// The columns of INSERT [INTO] t (a, b) ...; none when the statement has no column list.
+QStringList InsertColumns(const Tokens& statement) {
+    QStringList columns;
+    std::size_t i = 0;
+    while (i < statement.size() && !statement[i].IsSymbol(u"(")) {
+        if (statement[i].IsWord(u"VALUES") || statement[i].IsWord(u"SELECT") ||
+            statement[i].IsWord(u"DEFAULT"))
+            return columns;
+        ++i;
+    }
+    for (++i; i < statement.size() && !statement[i].IsSymbol(u")"); ++i)
+        if (IsName(statement[i]) && (i + 1 >= statement.size() || !statement[i + 1].IsSymbol(u".")))
+            columns << statement[i].text;
+    return columns;
+}
+
+// The columns an UPDATE sets: the names before each "=" of its SET list.
+QStringList UpdatedColumns(const Tokens& statement) {
+    QStringList columns;
+    int depth = 0;
+    bool inSet = false, expectTarget = false;
+    QString target;
+    for (const Token& token : statement) {
+        if (token.IsSymbol(u"(")) ++depth;
+        if (token.IsSymbol(u")")) --depth;
+        if (depth != 0) continue;
+        if (token.IsWord(u"FROM") || token.IsWord(u"WHERE")) break;
+        if (token.IsWord(u"SET") || (inSet && token.IsSymbol(u","))) {
+            inSet = expectTarget = true;
+            target.clear();
+        } else if (expectTarget && token.IsSymbol(u"=")) {
+            if (!target.isEmpty()) columns << target;
+            expectTarget = false;
+        } else if (expectTarget) {
+            target = IsName(token) ? token.text : QString();
+        }
+    }
+    return columns;
+}
+
 } // namespace
 
 void ThrowStatementError(const QString& description, std::int32_t native, const QString& sqlState) {
@@ -130,6 +176,21 @@ ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& sta
             record.nativeError = native;
     }
     return ado::AdoError(error.Number(), error.Description(), std::move(records));
+}
+
+void CheckIdentityWrites(const Tokens& statement, const QString& table, const QString& identity,
+                         bool identityInsertOn) {
+    if (statement.empty() || identity.isEmpty()) return;
+    if (statement.front().IsWord(u"INSERT") && !identityInsertOn &&
+        InsertColumns(statement).contains(identity, Qt::CaseInsensitive))
+        ThrowStatementError(QStringLiteral("Cannot insert explicit value for identity column in "
+                                           "table '%1' when IDENTITY_INSERT is set to OFF.")
+                                .arg(table),
+                            ado::kNativeIdentityInsertOff, QStringLiteral("23000"));
+    if (statement.front().IsWord(u"UPDATE") &&
+        UpdatedColumns(statement).contains(identity, Qt::CaseInsensitive))
+        ThrowStatementError(QStringLiteral("Cannot update identity column '%1'.").arg(identity),
+                            ado::kNativeIdentityUpdate);
 }
 
 } // namespace zlx::tsql

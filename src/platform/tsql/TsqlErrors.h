@@ -19,4 +19,9 @@ namespace zlx::tsql {
 // records it cannot tell keep their number.
 ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement);
 
+// What SQL Server refuses and the engines would do: an INSERT naming the identity column
+// `identity` of its table while IDENTITY_INSERT is OFF for it (544), an UPDATE setting it (8102).
+void CheckIdentityWrites(const Tokens& statement, const QString& table, const QString& identity,
+                         bool identityInsertOn);
+
 } // namespace zlx::tsql

@@ -65,6 +65,14 @@ QString QualifiedNameAt(const Tokens& statement, size_t first) {
     return TokensToSql(Tokens(statement.begin() + first, statement.begin() + end));
 }
 
+// BEGIN/ROLLBACK TRAN[SACTION] name: the name, empty without one.
+QString NameAfterTransactionWord(const Tokens& statement) {
+    if (statement.size() < 3 ||
+        !(statement[1].IsWord(u"TRAN") || statement[1].IsWord(u"TRANSACTION")))
+        return {};
+    return statement[2].text;
+}
+
 } // namespace
 
 ado::DriverPtr OpenTsqlSession(ado::DriverPtr native) {
@@ -331,9 +339,11 @@ bool TsqlSession::RunSetOption(const Tokens& statement) {
         m_dateFirst = value.toInt();
     else if (option.IsWord(u"LANGUAGE"))
         m_language = value;
+    else if (option.IsWord(u"IDENTITY_INSERT"))
+        SetIdentityInsert(statement);
     else if (!(option.IsWord(u"XACT_ABORT") || option.IsWord(u"ANSI_NULLS") ||
                option.IsWord(u"QUOTED_IDENTIFIER") || option.IsWord(u"ANSI_WARNINGS") ||
-               option.IsWord(u"ARITHABORT") || option.IsWord(u"IDENTITY_INSERT")))
+               option.IsWord(u"ARITHABORT")))
         ThrowUnsupported(QStringLiteral("SET ") + option.text);
     return true;
 }
@@ -344,6 +354,7 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
     const bool begin = StartsWith(statement, {u"BEGIN", u"TRAN"}) ||
                        StartsWith(statement, {u"BEGIN", u"TRANSACTION"});
     if (begin) {
+        if (m_tranCount == 0) m_transactionName = NameAfterTransactionWord(statement);
         BeginTransaction();
         return true;
     }
@@ -362,6 +373,14 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
                 QStringLiteral(
                     "The ROLLBACK TRANSACTION request has no corresponding BEGIN TRANSACTION."),
                 ado::kNativeRollbackWithoutBegin, QStringLiteral("25000"));
+        // Only the outermost transaction's name may be rolled back to.
+        const QString name = NameAfterTransactionWord(statement);
+        if (!name.isEmpty() && name != m_transactionName)
+            ThrowStatementError(
+                QStringLiteral("Cannot roll back %1. No transaction or savepoint of that name "
+                               "was found.")
+                    .arg(name),
+                ado::kNativeRollbackUnknownName, QStringLiteral("25000"));
         Rollback();
         return true;
     }
@@ -557,8 +576,29 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
     return m_dialect->RunDefinition(statement);
 }
 
+// SET IDENTITY_INSERT table ON|OFF: one table of the session at a time.
+void TsqlSession::SetIdentityInsert(const Tokens& statement) {
+    const QString table = EngineObjectName(QualifiedNameAt(statement, 2));
+    if (statement.back().IsWord(u"ON"))
+        m_identityInsertTable = table;
+    else if (m_identityInsertTable == table)
+        m_identityInsertTable.clear();
+}
+
+// A Jet database file takes explicit AUTOINCREMENT values, as Jet does.
+void TsqlSession::CheckIdentityWrite(const Tokens& statement) {
+    if (m_dialect->JetDates()) return;
+    const bool insert = statement.front().IsWord(u"INSERT");
+    if (!insert && !statement.front().IsWord(u"UPDATE")) return;
+    const size_t name = insert && statement.size() > 1 && statement[1].IsWord(u"INTO") ? 2 : 1;
+    const QString written = QualifiedNameAt(statement, name).trimmed();
+    const QString table = EngineObjectName(written);
+    CheckIdentityWrites(statement, written, IdentityColumn(table), table == m_identityInsertTable);
+}
+
 void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
                                 int timeoutSeconds) {
+    CheckIdentityWrite(statement);
     const Translation translation = TsqlTranslator(Context()).Translate(statement);
     if (m_tranCount > 0) {
         for (const QString& table : translation.exclusiveTables)

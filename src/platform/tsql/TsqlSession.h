@@ -83,6 +83,8 @@ private:
     void RunWaitFor(const Tokens& statement, int timeoutSeconds);
     void RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     bool RunSetOption(const Tokens& statement);
+    void SetIdentityInsert(const Tokens& statement);
+    void CheckIdentityWrite(const Tokens& statement);
     bool RunTransactionStatement(const Tokens& statement);
     void RunIf(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     void RunDbcc(const Tokens& statement);
@@ -119,6 +121,8 @@ private:
     int m_dateFirst = 7;
     QString m_language = QStringLiteral("us_english");
     QHash<QString, QString> m_defaults; // CREATE DEFAULT name -> value
+    QString m_identityInsertTable;      // the engine table with IDENTITY_INSERT ON
+    QString m_transactionName;          // the outermost BEGIN TRAN's name
 };
 
 // The driver that runs T-SQL on `native`'s engine: a session over it, or the driver itself

@@ -195,10 +195,17 @@ TEST_P(SessionTest, EngineErrorsCarrySqlServerNumbers) {
     Exec(QStringLiteral(
         "ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY NONCLUSTERED "
         "(zolmarID) ON [PRIMARY]"));
+    EXPECT_EQ(
+        NativeErrorOf(QStringLiteral("INSERT INTO clientes (zolmarID, Nombre) VALUES (7, 'x')")),
+        544);
+    Exec(QStringLiteral("SET IDENTITY_INSERT clientes ON"));
     Exec(QStringLiteral("INSERT INTO clientes (zolmarID, Nombre) VALUES (7, 'x')"));
     EXPECT_EQ(
         NativeErrorOf(QStringLiteral("INSERT INTO clientes (zolmarID, Nombre) VALUES (7, 'y')")),
         2627);
+    Exec(QStringLiteral("SET IDENTITY_INSERT clientes OFF"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("UPDATE clientes SET Nombre = 'z', zolmarID = 8")),
+              8102);
     Exec(QStringLiteral("CREATE UNIQUE INDEX clientes_nombre ON clientes (Nombre)"));
     EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('x')")), 2601);
 }

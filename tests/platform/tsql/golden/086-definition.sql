@@ -7,4 +7,4 @@ ALTER TABLE clientes ADD Nota NVARCHAR(40) COLLATE NOCASE, Importe MONEY, Baja B
 -- PostgreSQL
 ALTER TABLE clientes ADD Nota varchar(40) COLLATE zlx_ci_ai, Importe numeric(19,4), Baja smallint
 -- result
-error
+error 102

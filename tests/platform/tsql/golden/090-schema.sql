@@ -7,4 +7,4 @@ ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE NOCASE
 -- PostgreSQL
 ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE zlx_ci_ai
 -- result
-error
+error 2705

@@ -1,6 +1,4 @@
 -- An explicit identity value without IDENTITY_INSERT is error 544.
--- gap sqlite: INSERT INTO t (id, n) VALUES (5, 1) answers count 1, not error 544
--- gap postgres: INSERT INTO t (id, n) VALUES (5, 1) answers count 1, not error 544
 -- run
 CREATE TABLE t (id INT IDENTITY(1,1), n INT)
 -- run

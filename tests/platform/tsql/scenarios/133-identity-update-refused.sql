@@ -1,6 +1,4 @@
 -- Updating an identity column is error 8102.
--- gap sqlite: UPDATE t SET id = 7 answers count 1, not error 8102
--- gap postgres: UPDATE t SET id = 7 answers count 1, not error 8102
 -- run
 CREATE TABLE t (id INT IDENTITY(1,1), n INT)
 -- run

@@ -1,6 +1,4 @@
 -- ROLLBACK of an inner transaction's name is error 6401.
--- gap sqlite: ROLLBACK TRAN interior answers , not error 6401
--- gap postgres: ROLLBACK TRAN interior answers , not error 6401
 -- run
 CREATE TABLE t (n INT)
 -- run
