@@ -110,4 +110,5 @@ void FichaTestForm::EnabledButtons(bool& lMove, bool& lNuevo, bool& lModificar, 
 void FichaTestForm::Saving(bool& lCancel) {
     Record("Saving");
     lCancel = cancel.count("Saving") > 0;
+    if (onSaving) onSaving();
 }

@@ -87,8 +87,8 @@ public:
     bool canDelete = true;
     // What EnabledButtons turns on whatever the control proposed (all six by default off).
     bool forceAllButtons = false;
-    // Runs inside Borrar (typically the form's delete) and inside Borrando.
-    std::function<void()> onBorrar, onBorrando, onBuscar;
+    // Run inside Borrar (typically the form's delete), Borrando, Buscar and Saving.
+    std::function<void()> onBorrar, onBorrando, onBuscar, onSaving;
 
 private:
     void Record(const QString& event) { events << event; }

@@ -152,6 +152,19 @@ TEST_P(FichaActions, AVetoedEditStaysInEditWithItsLockUntilCancelled) {
     EXPECT_TRUE(m_messages.Messages().empty());
 }
 
+TEST_P(FichaActions, SavingInformationGivenDuringSavingComesBackWithoutFailingTheSave) {
+    Action(zlxFormAction_Modificar);
+    Ctl().AddSavingInfo("dropped by the write of the controls");
+    m_form.onSaving = [this] {
+        Ctl().AddSavingInfo("uno");
+        Ctl().AddSavingInfo("dos");
+    };
+    QString info;
+    EXPECT_TRUE(Ctl().Def_Guardar(false, info));
+    EXPECT_EQ(info, "uno\r\rdos");
+    EXPECT_TRUE(Ctl().IsShowing());
+}
+
 TEST_P(FichaActions, DeleteAsksWithACheckBoxAndDeletesInsideBorrar) {
     m_form.onBorrar = [this] { Ctl().Def_Borrar(); };
     m_messages.QueueAnswers({2});
