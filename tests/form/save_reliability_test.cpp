@@ -136,11 +136,15 @@ TEST_P(SaveReliability, TheSecondWorkstationCannotEditARecordBeingEdited) {
 
 TEST_P(SaveReliability, ASavingHandlerThatCancelsWritesNothing) {
     if (!StartBoth()) return;
-    // An edit: nothing written, the form stays in edit and saves when asked again.
+    // An edit: nothing written, the form stays in edit with its lock and saves when asked
+    // again.
     ASSERT_EQ(m_a->Do("edit 1"), "editing");
     ASSERT_EQ(m_a->Do("set nombre Eva"), "ok");
     EXPECT_EQ(m_a->Do("save-cancel"), "failed");
     EXPECT_EQ(Stored(1), "Ana");
+    EXPECT_EQ(Locks(*m_a), 1);
+    ASSERT_EQ(m_b->Do("answer 2"), "ok");
+    EXPECT_EQ(m_b->Do("edit 1"), "refused");
     EXPECT_EQ(m_a->Do("save"), "saved");
     EXPECT_EQ(Stored(1), "Eva");
     EXPECT_EQ(Locks(*m_a), 0);
@@ -192,6 +196,7 @@ TEST_P(SaveReliability, OfTwoCrossedSavesOneSucceedsAndTheOtherCanRetry) {
     Workstation& winner = aWon ? *m_a : *m_b;
     Workstation& loser = aWon ? *m_b : *m_a;
     EXPECT_EQ(Locks(winner), 0);
+    EXPECT_EQ(Locks(loser), 1); // still editing its record
     // The winner's record and the cross write stand; the loser's record is untouched.
     EXPECT_EQ(Stored(aWon ? 1 : 2), aWon ? "Ana A" : "Luis B");
     EXPECT_EQ(Stored(aWon ? 2 : 1, "ciudad"), "cruce");
