@@ -9,24 +9,16 @@ namespace zlx {
 
 namespace {
 
-// A Byte array Variant from raw bytes and back.
-Variant ByteArray(const QByteArray& bytes) {
-    std::vector<Variant> items;
-    items.reserve(bytes.size());
-    for (const char byte : bytes)
-        items.emplace_back(static_cast<std::uint8_t>(byte));
-    return Variant::Array(std::move(items));
-}
-
+// The bytes of an array, each element converted as CByte converts it (a text, its
+// Windows-1252 bytes).
 QByteArray RawBytes(const Variant& value) {
+    const VariantArrayPtr array = value.ToArray();
+    if (!array)
+        return value.VarType() == vbString ? Cp1252::Encode(value.ToString()) : QByteArray();
+    if (std::optional<QByteArray> bytes = array->Bytes()) return *std::move(bytes);
     QByteArray bytes;
-    if (const VariantArrayPtr array = value.ToArray()) {
-        bytes.reserve(static_cast<qsizetype>(array->Size()));
-        for (const Variant& item : array->Data())
-            bytes.append(static_cast<char>(item.ToByte()));
-    } else if (value.VarType() == vbString) {
-        bytes = Cp1252::Encode(value.ToString());
-    }
+    for (const Variant& item : array->Data())
+        bytes.append(static_cast<char>(item.ToByte()));
     return bytes;
 }
 
@@ -54,7 +46,7 @@ Variant cBLOB::Value(int nTipo, const QString& cNombre) {
     rs->Close();
     if (bytes.isEmpty()) return Variant(QString());
     if (IsText(nTipo)) return Variant(Cp1252::Decode(bytes.constData(), bytes.size()));
-    return ByteArray(bytes);
+    return Variant::FromBytes(bytes);
 }
 
 std::int32_t cBLOB::FindOrAdd(int nTipo, const QString& cNombre) {
@@ -84,7 +76,7 @@ void cBLOB::Value(int nTipo, const QString& cNombre, const Variant& xContenido) 
     const QByteArray bytes =
         IsText(nTipo) ? Cp1252::Encode(xContenido.ToString()) : RawBytes(xContenido);
     try {
-        rs->GetFields().Item(QStringLiteral("Contenido")).AppendChunk(ByteArray(bytes));
+        rs->GetFields().Item(QStringLiteral("Contenido")).AppendChunk(Variant::FromBytes(bytes));
         rs->Update();
     } catch (const ado::AdoError&) {
         // Reported as the connection reports a failed statement.

@@ -43,6 +43,11 @@ bool IsFixedSize(DataTypeEnum type) {
 Variant Concatenated(const Variant& head, const Variant& tail) {
     if (head.IsNull() || head.IsEmpty()) return tail;
     if (head.IsArray() || tail.IsArray()) {
+        const VariantArrayPtr first = head.ToArray(), second = tail.ToArray();
+        if (first && second) {
+            const auto a = first->Bytes(), b = second->Bytes();
+            if (a && b) return Variant::FromBytes(*a + *b);
+        }
         std::vector<Variant> bytes;
         for (const Variant& part : {head, tail}) {
             if (const VariantArrayPtr array = part.ToArray())
@@ -57,6 +62,10 @@ Variant Concatenated(const Variant& head, const Variant& tail) {
 
 Variant Piece(const Variant& value, std::int32_t from, std::int32_t length) {
     if (const VariantArrayPtr array = value.ToArray()) {
+        if (const auto bytes = array->Bytes()) {
+            const QByteArray piece = bytes->mid(from, length);
+            return piece.isEmpty() ? Variant::Null() : Variant::FromBytes(piece);
+        }
         const auto& data = array->Data();
         const auto begin = data.begin() + std::min<std::size_t>(from, data.size());
         const auto end =

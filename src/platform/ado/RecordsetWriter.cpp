@@ -23,19 +23,9 @@ QString Quoted(const QString& name) {
 // A one-dimensional array of Bytes as a binary literal 0x...; empty when the value is not one.
 QString BinaryLiteral(const Variant& value) {
     const VariantArrayPtr array = value.ToArray();
-    if (!array || array->Rank() != 1) return {};
-    static constexpr char kDigits[] = "0123456789ABCDEF";
-    QString text(2 + 2 * qsizetype(array->Size()), Qt::Uninitialized);
-    QChar* out = text.data();
-    *out++ = u'0';
-    *out++ = u'x';
-    for (const Variant& item : array->Data()) {
-        const std::uint8_t* byte = item.Get<std::uint8_t>();
-        if (!byte) return {};
-        *out++ = QLatin1Char(kDigits[*byte >> 4]);
-        *out++ = QLatin1Char(kDigits[*byte & 0xF]);
-    }
-    return text;
+    const std::optional<QByteArray> bytes = array ? array->Bytes() : std::nullopt;
+    if (!bytes) return {};
+    return QStringLiteral("0x") + QString::fromLatin1(bytes->toHex().toUpper());
 }
 } // namespace
 

@@ -253,10 +253,7 @@ void OdbcDriver::FetchRowset(void* statement, ResultSink& sink) {
             if (indicator == SQL_NULL_DATA) {
                 values[i] = Variant::Null();
             } else if (binary) {
-                std::vector<Variant> bytes;
-                for (char byte : data)
-                    bytes.emplace_back(static_cast<std::uint8_t>(byte));
-                values[i] = Variant::Array(std::move(bytes));
+                values[i] = Variant::FromBytes(data);
             } else {
                 const QString text = QString::fromUtf16(
                     reinterpret_cast<const char16_t*>(data.constData()), data.size() / 2);

@@ -140,12 +140,10 @@ std::vector<ColumnInfo> Columns(const PGresult* result) {
 Variant Bytes(const char* text) {
     std::size_t size = 0;
     unsigned char* raw = PQunescapeBytea(reinterpret_cast<const unsigned char*>(text), &size);
-    std::vector<Variant> items;
-    items.reserve(size);
-    for (std::size_t k = 0; k < size; ++k)
-        items.emplace_back(static_cast<std::uint8_t>(raw[k]));
+    Variant bytes =
+        Variant::FromBytes(QByteArray(reinterpret_cast<const char*>(raw), qsizetype(size)));
     PQfreemem(raw);
-    return Variant::Array(std::move(items));
+    return bytes;
 }
 
 Variant Value(const PGresult* result, int row, int i, const ColumnInfo& column) {

@@ -56,13 +56,8 @@ Variant DateValue(sqlite3_stmt* statement, int i) {
 }
 
 Variant BlobValue(sqlite3_stmt* statement, int i) {
-    const auto* bytes = static_cast<const std::uint8_t*>(sqlite3_column_blob(statement, i));
-    const int size = sqlite3_column_bytes(statement, i);
-    std::vector<Variant> items;
-    items.reserve(static_cast<std::size_t>(size));
-    for (int k = 0; k < size; ++k)
-        items.emplace_back(bytes[k]);
-    return Variant::Array(std::move(items));
+    const auto* bytes = static_cast<const char*>(sqlite3_column_blob(statement, i));
+    return Variant::FromBytes(QByteArray(bytes, sqlite3_column_bytes(statement, i)));
 }
 
 QString TextOf(sqlite3_stmt* statement, int i) {

@@ -343,30 +343,61 @@ std::size_t VariantArray::Offset(const std::vector<std::int32_t>& indexes) const
     return offset;
 }
 
+std::shared_ptr<VariantArray> VariantArray::FromBytes(QByteArray bytes) {
+    auto array = std::make_shared<VariantArray>();
+    array->m_bounds = {{0, static_cast<std::int32_t>(bytes.size())}};
+    array->m_bytes = std::move(bytes);
+    array->m_compact = true;
+    return array;
+}
+
+void VariantArray::Expand() const {
+    if (!m_compact) return;
+    m_data.reserve(static_cast<std::size_t>(m_bytes.size()));
+    for (const char byte : std::as_const(m_bytes))
+        m_data.emplace_back(static_cast<std::uint8_t>(byte));
+    m_bytes.clear();
+    m_compact = false;
+}
+
 std::size_t VariantArray::Size() const {
-    return m_data.size();
+    return m_compact ? static_cast<std::size_t>(m_bytes.size()) : m_data.size();
+}
+
+std::optional<QByteArray> VariantArray::Bytes() const {
+    if (m_compact) return m_bytes;
+    if (Rank() != 1) return std::nullopt;
+    QByteArray bytes;
+    bytes.reserve(static_cast<qsizetype>(m_data.size()));
+    for (const Variant& item : m_data) {
+        const std::uint8_t* byte = item.Get<std::uint8_t>();
+        if (!byte) return std::nullopt;
+        bytes.append(static_cast<char>(*byte));
+    }
+    return bytes;
 }
 
 Variant& VariantArray::At(std::int32_t i) {
-    return m_data[Offset({i})];
+    return Data()[Offset({i})];
 }
 const Variant& VariantArray::At(std::int32_t i) const {
-    return m_data[Offset({i})];
+    return Data()[Offset({i})];
 }
 Variant& VariantArray::At(std::int32_t i, std::int32_t j) {
-    return m_data[Offset({i, j})];
+    return Data()[Offset({i, j})];
 }
 const Variant& VariantArray::At(std::int32_t i, std::int32_t j) const {
-    return m_data[Offset({i, j})];
+    return Data()[Offset({i, j})];
 }
 Variant& VariantArray::At(const std::vector<std::int32_t>& indexes) {
-    return m_data[Offset(indexes)];
+    return Data()[Offset(indexes)];
 }
 const Variant& VariantArray::At(const std::vector<std::int32_t>& indexes) const {
-    return m_data[Offset(indexes)];
+    return Data()[Offset(indexes)];
 }
 
 void VariantArray::RedimPreserveLast(std::int32_t newUpper) {
+    Expand();
     if (m_bounds.empty())
         throw VariantError(vbErrSubscriptOutOfRange, QStringLiteral("Subscript out of range"));
     Bound& last = m_bounds.back();
@@ -393,6 +424,10 @@ Variant Variant::Array(std::vector<Variant> items) {
         std::vector<VariantArray::Bound>{{0, static_cast<std::int32_t>(items.size())}});
     array->Data() = std::move(items);
     return Variant(array);
+}
+
+Variant Variant::FromBytes(QByteArray bytes) {
+    return Variant(VariantArray::FromBytes(std::move(bytes)));
 }
 
 Variant Variant::MakeArray(std::vector<VariantArray::Bound> bounds) {

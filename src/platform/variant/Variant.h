@@ -3,9 +3,11 @@
 // Scalars live inline (no heap allocation); strings are QString (implicitly shared),
 // objects and arrays are shared pointers, so copies are cheap.
 
+#include <QByteArray>
 #include <QString>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <variant>
 #include <vector>
@@ -109,11 +111,17 @@ public:
 
     VariantArray() = default;
     explicit VariantArray(std::vector<Bound> bounds);
+    // A one-dimensional Byte array (lower bound 0) kept as raw bytes, one byte each, until an
+    // element is reached through At or Data; binary columns and blobs travel this way.
+    static std::shared_ptr<VariantArray> FromBytes(QByteArray bytes);
 
     int Rank() const { return static_cast<int>(m_bounds.size()); }
     std::int32_t LBound(int dimension = 1) const; // dimensions are numbered from 1, as VB
     std::int32_t UBound(int dimension = 1) const;
     std::size_t Size() const;
+    // The bytes of a one-dimensional array whose elements are all Bytes (from the raw bytes
+    // when it keeps them), else nothing.
+    std::optional<QByteArray> Bytes() const;
 
     Variant& At(std::int32_t i);
     const Variant& At(std::int32_t i) const;
@@ -123,8 +131,14 @@ public:
     const Variant& At(const std::vector<std::int32_t>& indexes) const;
 
     // Elements in storage order (first index fastest).
-    std::vector<Variant>& Data() { return m_data; }
-    const std::vector<Variant>& Data() const { return m_data; }
+    std::vector<Variant>& Data() {
+        Expand();
+        return m_data;
+    }
+    const std::vector<Variant>& Data() const {
+        Expand();
+        return m_data;
+    }
     const std::vector<Bound>& Bounds() const { return m_bounds; }
 
     // ReDim Preserve of the last dimension.
@@ -132,8 +146,12 @@ public:
 
 private:
     std::size_t Offset(const std::vector<std::int32_t>& indexes) const;
+    // Turns raw bytes into Byte elements, once.
+    void Expand() const;
     std::vector<Bound> m_bounds;
-    std::vector<Variant> m_data;
+    mutable std::vector<Variant> m_data;
+    mutable QByteArray m_bytes; // the elements while m_compact
+    mutable bool m_compact = false;
 };
 using VariantArrayPtr = std::shared_ptr<VariantArray>;
 
@@ -169,6 +187,8 @@ public:
     static Variant Array(std::vector<Variant> items);
     // An array of the given bounds filled with Empty.
     static Variant MakeArray(std::vector<VariantArray::Bound> bounds);
+    // A Byte array of the given bytes, kept compact (VariantArray::FromBytes).
+    static Variant FromBytes(QByteArray bytes);
 
     // Kind
     VbVarType VarType() const; // vbArray | vbVariant for arrays

@@ -66,3 +66,26 @@ TEST(VariantArray, ArrayListsAreZeroBasedAndSharedOnCopy) {
     const Variant empty = Variant::Array({});
     EXPECT_EQ(empty.ToArray()->UBound(), -1);
 }
+
+TEST(VariantArray, ByteArraysKeptAsRawBytesBehaveAsByteElements) {
+    const Variant blob = Variant::FromBytes(QByteArray("\x00\xFF\x10", 3));
+    const VariantArrayPtr array = blob.ToArray();
+    ASSERT_NE(array, nullptr);
+    EXPECT_EQ(array->Size(), 3u);
+    EXPECT_EQ(array->LBound(), 0);
+    EXPECT_EQ(array->UBound(), 2);
+    EXPECT_EQ(array->Bytes(), QByteArray("\x00\xFF\x10", 3));
+    EXPECT_EQ(blob.TypeName(), "Variant()");
+    // Reaching an element gives Bytes, and writing one is seen by the bytes.
+    EXPECT_EQ(array->At(1).VarType(), vbByte);
+    EXPECT_EQ(array->At(1).ToLong(), 255);
+    array->At(2) = Variant(std::uint8_t(7));
+    EXPECT_EQ(array->Bytes(), QByteArray("\x00\xFF\x07", 3));
+    array->At(0) = Variant(1);
+    EXPECT_EQ(array->Bytes(), std::nullopt);
+    EXPECT_EQ(Variant::FromBytes({}).ToArray()->UBound(), -1);
+    // An array of Bytes built element by element gives the same bytes.
+    EXPECT_EQ(
+        Variant::Array({Variant(std::uint8_t(65)), Variant(std::uint8_t(0))}).ToArray()->Bytes(),
+        QByteArray("A\0", 2));
+}
