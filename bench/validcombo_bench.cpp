@@ -8,6 +8,7 @@
 #include "cursor/cFichaDB.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 #include "platform/widgets/LookupGridWindow.h"
+#include "support/TableDescriptor.h"
 
 #include <QApplication>
 #include <QDir>
@@ -49,20 +50,8 @@ struct BenchDatabase {
         auto globales = std::make_shared<cGlobales>();
         globales->oCn(cn);
         cursor->Init(cn, QStringLiteral("t"), QStringLiteral("Nombre"));
-        table = std::make_shared<Table>(cursor, globales);
+        table = std::make_shared<test::TableDescriptor>(cursor, globales);
     }
-
-    class Table : public I_TAV {
-    public:
-        Table(cFichaDBPtr cursor, cGlobalesPtr globales)
-            : m_cursor(std::move(cursor)), m_globales(std::move(globales)) {}
-        cFichaDBPtr FichaDB() const override { return m_cursor; }
-        cGlobalesPtr Globales() const override { return m_globales; }
-
-    private:
-        cFichaDBPtr m_cursor;
-        cGlobalesPtr m_globales;
-    };
 
     RecordingMsgPresenter messages;
     cConexionPtr cn = std::make_shared<cConexion>();

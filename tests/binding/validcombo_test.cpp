@@ -6,6 +6,7 @@
 #include "platform/widgets/LookupGridWindow.h"
 #include "platform/widgets/get.h"
 #include "support/ServerDatabaseTest.h"
+#include "support/TableDescriptor.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -17,19 +18,6 @@ using namespace zlx;
 using namespace zlx::test;
 
 namespace {
-
-// The descriptor of the looked-up table: its cursor and the shared context with the connection.
-class LookupTable : public I_TAV {
-public:
-    LookupTable(cFichaDBPtr cursor, cGlobalesPtr globales)
-        : m_cursor(std::move(cursor)), m_globales(std::move(globales)) {}
-    cFichaDBPtr FichaDB() const override { return m_cursor; }
-    cGlobalesPtr Globales() const override { return m_globales; }
-
-private:
-    cFichaDBPtr m_cursor;
-    cGlobalesPtr m_globales;
-};
 
 // "clientes" on each engine; Activo: 0 active, 1 inactive, 3 inactive and deleted.
 class LookupCombo : public ServerDatabaseTest {
@@ -50,7 +38,7 @@ protected:
         ASSERT_EQ(m_clientes->Init(m_cn, "clientes", "Nombre"), 0);
         auto globales = std::make_shared<cGlobales>();
         globales->oCn(m_cn);
-        m_tav = std::make_shared<LookupTable>(m_clientes, globales);
+        m_tav = std::make_shared<TableDescriptor>(m_clientes, globales);
         m_nombre.setText(QString());
     }
     void Insert(const char* nombre, int activo) {
@@ -212,7 +200,7 @@ TEST_P(LookupCombo, AGivenQueryAndTheLimitsOfRun) {
     EXPECT_EQ(m_messages.Messages()[0].text, "Error: la columna Telefono no existe");
     EXPECT_EQ(m_messages.Messages()[0].title, "cValidCombo:GetSelectedCell");
 
-    I_TAVPtr none = std::make_shared<LookupTable>(m_clientes, nullptr);
+    I_TAVPtr none = std::make_shared<TableDescriptor>(m_clientes, nullptr);
     EXPECT_EQ(m_combo.Run(none, &m_nombre, m_update, true), 0);
     EXPECT_FALSE(m_combo.MostroLista());
     EXPECT_EQ(m_combo.GetSelectedCell("Nombre"), Variant());
