@@ -135,6 +135,9 @@ void CtlFichaLogic::UndoFailedSave(cConexion& cn, const QString& transaction,
                                    std::int32_t shownBefore) {
     cn.RollBackTrans(transaction);
     if (IsNewRecord() && shownBefore > 0) m_ficha->SeekID(shownBefore);
+    // The cursor read the record inside the rolled-back transaction: read it again, so that
+    // the change log of the next try starts from the stored values.
+    if (!IsNewRecord()) m_ficha->Refresh();
     // An edit keeps its record locked after a failed save: take the lock again when the
     // rollback released it with the connection's other locks.
     if (!IsNewRecord() && LocksReleasedByRollback(cn))

@@ -288,7 +288,11 @@ TEST_P(FichaActions, TheLogOfAnEditIsWrittenAfterTheSave) {
         "Valores VARCHAR(8000))");
     LibraryState::Instance().HabilitarRegistro_LogFichas(true);
     Action(zlxFormAction_Modificar);
+    // A vetoed first try must not make the logged change start from the vetoed values.
     m_form.getNombre->setText("Anita");
+    m_form.cancel = {"Saving"};
+    EXPECT_FALSE(Ctl().Def_Guardar());
+    m_form.cancel = {};
     ASSERT_TRUE(Ctl().Def_Guardar());
     EXPECT_EQ(m_cn->RecCount("LogFichas", "ID_Usuario = 7 AND ID_Puesto = 3 AND "
                                           "Tabla = 'clientes' AND ID_Ficha = 1 AND TipoOp = 0"),
