@@ -1,6 +1,6 @@
 #include "ClientForm.h"
 
-#include "RecordBar.h"
+#include "ChangeLog.h"
 #include "TownTable.h"
 #include "binding/cDAV_Activo.h"
 #include "binding/cDAV_FechaGen.h"
@@ -8,11 +8,13 @@
 #include "binding/cDAV_TextoGen.h"
 #include "binding/cDAV_ZolmarID.h"
 #include "binding/cValidCombo.h"
+#include "frame/cGlobales.h"
 #include "language/cIdioma.h"
 #include "platform/widgets/btn.h"
 #include "platform/widgets/get.h"
 #include "platform/widgets/lbl.h"
 
+#include <QApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -68,8 +70,9 @@ QString StatusText(std::int32_t nActivo) {
 
 } // namespace
 
-ClientForm::ClientForm(cConexionPtr oCn, std::int32_t nIdUsuario, QWidget* parent)
-    : QWidget(parent), m_cn(std::move(oCn)), m_idUsuario(nIdUsuario), m_pid(getpid()) {
+ClientForm::ClientForm(cConexionPtr oCn, std::int32_t nIdUsuario, std::int32_t nIdPuesto,
+                       QWidget* parent)
+    : QMainWindow(parent), m_cn(std::move(oCn)), m_app(nIdUsuario, nIdPuesto, m_cn->DBName()) {
     setObjectName(QStringLiteral("frmClientes"));
     setWindowTitle(QStringLiteral("Clientes"));
     m_descriptors = {
@@ -89,7 +92,10 @@ ClientForm::ClientForm(cConexionPtr oCn, std::int32_t nIdUsuario, QWidget* paren
     if (m_ficha->Init(m_cn, kTablaText, QStringLiteral("codigo")) == 0) m_ficha->MoveFirst();
     BindControls();
     ConnectControls();
-    ShowButtons();
+    auto globales = std::make_shared<cGlobales>();
+    globales->oCn(m_cn);
+    m_ctl->AsociarFicha(m_ficha, kTablaText, nIdUsuario, getpid(), globales);
+    QApplication::instance()->installEventFilter(this);
 }
 
 ClientForm::~ClientForm() = default;
@@ -104,8 +110,11 @@ ClientForm::~ClientForm() = default;
 }
 
 void ClientForm::BuildLayout() {
-    m_bar = new RecordBar(this);
-    auto* fields = new QGroupBox(QStringLiteral("Datos del cliente"), this);
+    auto* panel = new QWidget(this);
+    setCentralWidget(panel);
+    m_ctl = new CtlFicha(panel);
+    m_ctl->setObjectName(QStringLiteral("ctlFicha"));
+    auto* fields = new QGroupBox(QStringLiteral("Datos del cliente"), panel);
     auto* grid = new QGridLayout(fields);
     grid->setHorizontalSpacing(8);
     grid->setVerticalSpacing(6);
@@ -195,57 +204,38 @@ void ClientForm::BuildLayout() {
     auto* historyLayout = new QVBoxLayout(history);
     historyLayout->addWidget(m_log);
 
-    auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_bar);
+    auto* layout = new QVBoxLayout(panel);
+    layout->addWidget(m_ctl, 0, Qt::AlignLeft);
     layout->addWidget(fields);
     layout->addLayout(buttons);
     layout->addWidget(history, 1);
 }
 
 void ClientForm::BindControls() {
-    m_binding.Init(this, m_cn);
-    m_binding.Add(m_id, m_ficha, zlxBCNoEdit | zlxBCNoUpdate);
+    const cBindingPtr binding = m_ctl->BindingControls();
+    binding->Init(this, m_cn);
+    binding->Add(m_id, m_ficha, zlxBCNoEdit | zlxBCNoUpdate);
     for (const char* campo : {"codigo", "nombre", "nif"})
-        m_binding.Add(m_gets.at(QString::fromLatin1(campo)), m_ficha);
-    m_binding.Add(m_tipo, m_ficha);
+        binding->Add(m_gets.at(QString::fromLatin1(campo)), m_ficha);
+    binding->Add(m_tipo, m_ficha);
     for (const char* campo : {"fnacimiento", "municipio", "limite", "Activo", "notas"})
-        m_binding.Add(m_gets.at(QString::fromLatin1(campo)), m_ficha);
-    m_binding.InitControls();
-    m_binding.EnableGets(false);
+        binding->Add(m_gets.at(QString::fromLatin1(campo)), m_ficha);
+    binding->InitControls();
 }
 
 void ClientForm::ConnectControls() {
-    connect(m_bar, &RecordBar::RecordClicked, this, [this](int nBtn, bool lShift) {
-        switch (nBtn) {
-        case RecordNuevo:
-            Nuevo();
-            break;
-        case RecordModificar:
-            Modificar();
-            break;
-        case RecordEliminar:
-            Borrar();
-            break;
-        default:
-            lShift ? RepetirBusqueda() : Buscar();
-        }
-    });
-    connect(m_bar, &RecordBar::MoveClicked, this, [this](int nBtn) { Move(nBtn); });
     connect(m_save, &QPushButton::clicked, this, [this] { Guardar(); });
     connect(m_cancel, &QPushButton::clicked, this, [this] { Cancelar(); });
     ::get* municipio = m_gets.at(QStringLiteral("municipio"));
     connect(m_townName, &::get::ClickCombo, this, [this] { ChooseTown(true); });
     connect(m_townName, &::get::Validate, this, [this](bool& Cancel) {
-        if (m_fileStatus != zlxFileStat_ShowRecord && !m_townName->Text().trimmed().isEmpty())
-            Cancel = !ChooseTown();
+        if (!m_ctl->IsShowing() && !m_townName->Text().trimmed().isEmpty()) Cancel = !ChooseTown();
     });
     connect(municipio, &::get::Change, this, [this] { ShowTown(); });
     connect(municipio, &::get::Validate, this, [this](bool& Cancel) { ValidateTown(Cancel); });
     connect(m_gets.at(QStringLiteral("limite")), &::get::Change, this,
             [this] { ShowCreditInWords(); });
-    connect(m_gets.at(QStringLiteral("Activo")), &::get::Change, this, [this] {
-        m_status->setText(StatusText(m_gets.at(QStringLiteral("Activo"))->Value().toInt()));
-    });
+    connect(m_gets.at(QStringLiteral("Activo")), &::get::Change, this, [this] { ShowStatus(); });
 }
 
 I_DAVPtr ClientForm::Ctl2DAV(QObject* oControl) {
@@ -266,22 +256,21 @@ std::int32_t ClientForm::CurrentID() const {
     return m_ficha->IsValidRecord() ? m_ficha->ID() : 0;
 }
 
-void ClientForm::ShowButtons() {
-    const bool showing = m_fileStatus == zlxFileStat_ShowRecord;
-    m_bar->ShowState(showing, m_ficha->IsValidRecord());
+// The derived data of the shown values, and the form's own buttons and town box enabled
+// while a record is edited or created.
+void ClientForm::ShowForm() {
+    const bool showing = m_ctl->IsShowing();
     m_save->setEnabled(!showing);
     m_cancel->setEnabled(!showing);
-    if (showing) {
-        m_binding.Field2Control(!m_ficha->IsValidRecord());
-        ShowForm();
-    }
-}
-
-void ClientForm::ShowForm() {
+    m_townName->setEnabled(!showing);
     ShowTown();
     ShowCreditInWords();
-    m_status->setText(StatusText(m_gets.at(QStringLiteral("Activo"))->Value().toInt()));
+    ShowStatus();
     ShowChangeLog();
+}
+
+void ClientForm::ShowStatus() {
+    m_status->setText(StatusText(m_gets.at(QStringLiteral("Activo"))->Value().toInt()));
 }
 
 void ClientForm::ShowTown() {
@@ -299,7 +288,7 @@ void ClientForm::ShowCreditInWords() {
 
 void ClientForm::ShowChangeLog() {
     m_log->clear();
-    if (m_fileStatus == zlxFileStat_NewRecord || !m_ficha->IsValidRecord()) return;
+    if (m_ctl->IsNewRecord() || !m_ficha->IsValidRecord()) return;
     for (const ChangeLogRow& row : ChangeLog::Read(*m_cn, kTablaText, m_ficha->ID())) {
         auto* item = new QTreeWidgetItem(m_log);
         item->setText(0, row.fecha.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss")));
@@ -322,7 +311,7 @@ bool ClientForm::ChooseTown(bool lForzarLista) {
 }
 
 void ClientForm::ValidateTown(bool& Cancel) {
-    if (m_fileStatus == zlxFileStat_ShowRecord) return;
+    if (m_ctl->IsShowing()) return;
     const int code = m_gets.at(QStringLiteral("municipio"))->Value().toInt();
     if (code != 0 && m_townName->Text().isEmpty()) {
         ShowMessage(QStringLiteral("No existe ningún municipio con el código <B>%1</B>.").arg(code),
@@ -336,13 +325,6 @@ QString ClientForm::NextCode() const {
         m_cn->Execute(QStringLiteral("SELECT MAX(codigo) FROM clientes WHERE codigo LIKE 'C%'"),
                       zlxExecuteReturn_Value, Variant(QString()), true);
     return QStringLiteral("C%1").arg(highest.ToString().mid(1).toInt() + 1, 4, 10, QChar(u'0'));
-}
-
-void ClientForm::PutNewRecordDefaults() {
-    m_gets.at(QStringLiteral("codigo"))->setValue(NextCode());
-    m_gets.at(QStringLiteral("Activo"))->setValue(0);
-    m_tipo->setValue(1);
-    m_id->setText(QStringLiteral("(Nuevo)"));
 }
 
 QString ClientForm::SavingErrors() const {

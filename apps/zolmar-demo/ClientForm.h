@@ -1,19 +1,18 @@
 #pragma once
-// The client form: the record toolbar, the client's fields as bound "get", "btn" and "lbl"
-// controls, the town looked up from its code, the credit limit in words, and the change log
-// of the shown client. The record flows (new, edit, save, cancel, delete, search, moves) take
-// the record locks and the named save transaction as every data-entry form of the library
-// does.
+// The client form: a window with the library's record toolbar (CtlFicha), the client's fields
+// as bound "get", "btn" and "lbl" controls, the town looked up from its code, the credit
+// limit in words, and the change log of the shown client. The toolbar runs new, edit, delete,
+// search and the moves, and the form's Guardar and Cancelar buttons save and cancel through
+// it (named transaction, record locks, change log); the form handles the toolbar's events.
 
-#include "ChangeLog.h"
+#include "AppGlobal.h"
 #include "binding/I_TAV.h"
-#include "binding/cBinding.h"
-#include "cursor/cFichaDB.h"
-#include "table/cDatos.h"
+#include "form/CtlFicha.h"
 
-#include <QWidget>
+#include <QMainWindow>
 #include <map>
 
+class QEvent;
 class QLabel;
 class QPushButton;
 class QTreeWidget;
@@ -23,41 +22,53 @@ class lbl;
 
 namespace zlx::demo {
 
-class RecordBar;
-
-class ClientForm : public QWidget {
+class ClientForm : public QMainWindow, public I_CtlFichaEvents {
     Q_OBJECT
+    Q_PROPERTY(QObject* oAppGlobal READ AppGlobalObject)
+
 public:
     static constexpr const char* kTabla = "clientes";
 
-    ClientForm(cConexionPtr oCn, std::int32_t nIdUsuario, QWidget* parent = nullptr);
+    // nIdUsuario and nIdPuesto: who works and from which workstation (the locks and the
+    // change log carry them).
+    ClientForm(cConexionPtr oCn, std::int32_t nIdUsuario, std::int32_t nIdPuesto,
+               QWidget* parent = nullptr);
     ~ClientForm() override;
 
     // The descriptor of a bound control and the refresh the binding asks for.
     Q_INVOKABLE zlx::I_DAVPtr Ctl2DAV(QObject* oControl);
     Q_INVOKABLE void Refresh();
+    QObject* AppGlobalObject() { return &m_app; }
 
-    // The record flows; each answers whether it did what was asked.
-    bool Nuevo();
-    bool Modificar();
+    // The form's Guardar and Cancelar buttons; each answers whether it did what was asked.
     bool Guardar();
     bool Cancelar();
-    bool Borrar();
-    bool Buscar();
-    bool RepetirBusqueda();
-    bool Move(int nBtn);
     bool ShowRecord(std::int32_t nID);
     // The town typed by name in its box, through the lookup field (a list when the text does
     // not name one town, or always with lForzarLista); false when no town was chosen.
     bool ChooseTown(bool lForzarLista = false);
+    // Lists the change log of the shown client.
+    void ShowChangeLog();
 
-    int FileStatus() const { return m_fileStatus; }
+    CtlFicha* Ficha() const { return m_ctl; }
     std::int32_t CurrentID() const;
     ::get* Control(const QString& cCampo) const;
-    RecordBar* Bar() const { return m_bar; }
     QTreeWidget* LogList() const { return m_log; }
-    // Moves walk the rows of the last search instead of the whole table.
-    void SetSearchNavigation(bool lOn) { m_searchNavigation = lOn; }
+
+    // The record toolbar's events.
+    void Nuevo(bool& lCancel, QObject*& oCtlFocus, QObject*& oCtl_ID) override;
+    void NuevoDefaults(bool lDuplicando) override;
+    void Modificar(bool& lCancel, QObject*& oCtlFocus) override;
+    void Borrar(bool& lCancel) override;
+    void Buscar(bool& lCancel) override;
+    void TeclaPulsada(int nTecla) override;
+    void ShowForm() override;
+    void Saving(bool& lCancel) override;
+    void SaveDataForNewRecord() override;
+
+protected:
+    // The form sees the keys of its controls before they do.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void BuildLayout();
@@ -65,39 +76,23 @@ private:
     ::get* AddGet(const QString& cCampo, const QString& cNombre);
     void ConnectControls();
 
-    // Show state: the buttons, the values and the derived data.
-    void ShowButtons();
-    void ShowForm();
     void ShowTown();
     void ShowCreditInWords();
-    void ShowChangeLog();
-    void EnterEditMode(int nFileStatus);
-    void LeaveEditMode();
-    void PutNewRecordDefaults();
+    void ShowStatus();
     QString NextCode() const;
+    bool CodeTaken(const QString& cCodigo) const;
     void ValidateTown(bool& Cancel);
     // The checks of a save; "" when the record can be saved.
     QString SavingErrors() const;
-
-    bool SaveInTransaction(const QString& cTransaction, std::int32_t& nID);
-    std::int32_t InsertLockedRecord();
-    bool DeleteShownRecord();
-    std::int32_t Lock(int nType, bool lOn, std::int32_t nID, int nRetry);
-    bool MoveInLastSearch(int nBtn, std::int32_t& nID);
     void ShowMessage(const QString& cText, std::int32_t nIcon, const QString& cTitle) const;
+    void ActOnKeyStatus(int nStatus);
 
     cConexionPtr m_cn;
     cFichaDBPtr m_ficha = std::make_shared<cFichaDB>();
-    cBinding m_binding;
     std::map<QString, I_DAVPtr> m_descriptors;
-    std::int32_t m_idUsuario;
-    std::int32_t m_pid;
-    int m_fileStatus = zlxFileStat_ShowRecord;
-    RecordValues m_valuesBeforeEdit;
-    std::shared_ptr<cDatos> m_lastSearch;
-    bool m_searchNavigation = false;
+    AppGlobal m_app;
 
-    RecordBar* m_bar = nullptr;
+    CtlFicha* m_ctl = nullptr;
     std::map<QString, ::get*> m_gets;
     lbl* m_id = nullptr;
     ::btn* m_tipo = nullptr;

@@ -1,6 +1,5 @@
 #include "MainWindow.h"
 
-#include "ClientForm.h"
 #include "DemoDatabase.h"
 #include "platform/companion/cMsgBox.h"
 
@@ -12,10 +11,17 @@
 
 namespace zlx::demo {
 
+namespace {
+
+// The demo's one workstation and its user, as the locks and the change log record them.
+constexpr std::int32_t kUser = 1;
+constexpr std::int32_t kStation = 1;
+
+} // namespace
+
 MainWindow::MainWindow(cConexionPtr oCn, const QString& cWhere, QWidget* parent)
-    : QMainWindow(parent), m_cn(oCn), m_form(new ClientForm(std::move(oCn), 1, this)) {
+    : ClientForm(oCn, kUser, kStation, parent), m_cn(std::move(oCn)) {
     setWindowTitle(QStringLiteral("Zolmar Demo: clientes"));
-    setCentralWidget(m_form);
     BuildMenus();
     statusBar()->showMessage(QStringLiteral("Datos en %1").arg(cWhere));
 }
@@ -25,10 +31,6 @@ void MainWindow::BuildMenus() {
     file->addAction(QStringLiteral("&Exportar clientes a DBF..."), this, &MainWindow::AskAndExport);
     file->addSeparator();
     file->addAction(QStringLiteral("&Salir"), this, &QWidget::close);
-    QMenu* view = menuBar()->addMenu(QStringLiteral("&Ver"));
-    QAction* walk = view->addAction(QStringLiteral("&Recorrer la última búsqueda"));
-    walk->setCheckable(true);
-    connect(walk, &QAction::toggled, this, [this](bool on) { m_form->SetSearchNavigation(on); });
 }
 
 void MainWindow::AskAndExport() {

@@ -1,21 +1,16 @@
 #pragma once
-// The demo's main window: the client form with a menu to export the clients to a DBF file
-// and to walk the last search with the movement buttons.
+// The demo's main window: the client form with a menu to export the clients to a DBF file,
+// and a status bar that says where the data is.
 
-#include "connection/cConexion.h"
-
-#include <QMainWindow>
+#include "ClientForm.h"
 
 namespace zlx::demo {
 
-class ClientForm;
-
-class MainWindow : public QMainWindow {
+class MainWindow : public ClientForm {
     Q_OBJECT
 public:
     MainWindow(cConexionPtr oCn, const QString& cWhere, QWidget* parent = nullptr);
 
-    ClientForm* Form() const { return m_form; }
     // Exports the clients and says so in the status bar; false when the file was not written.
     bool ExportClients(const QString& cFileName);
 
@@ -24,7 +19,6 @@ private:
     void AskAndExport();
 
     cConexionPtr m_cn;
-    ClientForm* m_form;
 };
 
 } // namespace zlx::demo

@@ -1,12 +1,13 @@
 #include "ScriptedSession.h"
 
-#include "ClientForm.h"
 #include "MainWindow.h"
 #include "SessionPresenters.h"
 #include "platform/widgets/btn.h"
 #include "platform/widgets/get.h"
+#include "platform/widgets/lbl.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QPixmap>
 #include <QProcess>
 #include <cstdio>
@@ -31,9 +32,24 @@ void ScriptedSession::Shoot(const QString& cFile) {
 }
 
 void ScriptedSession::Type(const QString& cCampo, const QString& cText) {
-    ::get* box = m_windowPtr->Form()->Control(cCampo);
+    ::get* box = m_windowPtr->Control(cCampo);
     box->setFocus();
     box->setText(cText);
+}
+
+bool ScriptedSession::Press(int nBtn, int nFileStatus) {
+    m_windowPtr->Ficha()->Button(nBtn)->Click();
+    return m_windowPtr->Ficha()->FileStatus() == nFileStatus;
+}
+
+bool ScriptedSession::PressKey(int nKey, Qt::KeyboardModifiers modifiers) {
+    QWidget* target = m_windowPtr->focusWidget();
+    if (!target) return false;
+    QKeyEvent press(QEvent::KeyPress, nKey, modifiers);
+    QKeyEvent release(QEvent::KeyRelease, nKey, modifiers);
+    QApplication::sendEvent(target, &press);
+    QApplication::sendEvent(target, &release);
+    return true;
 }
 
 std::int32_t ScriptedSession::IdOfCode(const QString& cCodigo) {
@@ -45,9 +61,13 @@ std::int32_t ScriptedSession::IdOfCode(const QString& cCodigo) {
 }
 
 bool ScriptedSession::CreateClient(std::int32_t& nID) {
-    ClientForm& form = *m_windowPtr->Form();
+    ClientForm& form = *m_windowPtr;
     Shoot(QStringLiteral("demo-ficha.png"));
-    if (!Check(form.Nuevo(), QStringLiteral("Nuevo cliente"))) return false;
+    if (!Check(Press(zlxCtlFichaBtn_Nuevo, zlxFileStat_NewRecord) &&
+                   form.findChild<::lbl*>(QStringLiteral("lblID"))->text() ==
+                       QStringLiteral("(Nuevo)"),
+               QStringLiteral("Nuevo cliente")))
+        return false;
     Type(QStringLiteral("nombre"), QStringLiteral("Talleres Rivas, S.L."));
     Type(QStringLiteral("nif"), QStringLiteral("B91234567"));
     form.findChild<::btn*>(QStringLiteral("optTipo"))->setValue(2);
@@ -66,8 +86,9 @@ bool ScriptedSession::CreateClient(std::int32_t& nID) {
 }
 
 bool ScriptedSession::EditClient(std::int32_t nID) {
-    ClientForm& form = *m_windowPtr->Form();
-    if (!Check(form.ShowRecord(nID) && form.Modificar(), QStringLiteral("Modificar el cliente")))
+    ClientForm& form = *m_windowPtr;
+    if (!Check(form.ShowRecord(nID) && Press(zlxCtlFichaBtn_Modificar, zlxFileStat_EditRecord),
+               QStringLiteral("Modificar el cliente")))
         return false;
     Type(QStringLiteral("nombre"), QStringLiteral("Talleres Rivas Hermanos, S.L."));
     Type(QStringLiteral("limite"), QStringLiteral("30000"));
@@ -77,15 +98,21 @@ bool ScriptedSession::EditClient(std::int32_t nID) {
 }
 
 bool ScriptedSession::SearchAndEdit() {
-    ClientForm& form = *m_windowPtr->Form();
+    ClientForm& form = *m_windowPtr;
     m_grid->PickNext(QStringLiteral("Núñez"), QStringLiteral("demo-busqueda.png"));
-    if (!Check(form.Buscar() && form.CurrentID() == IdOfCode(QStringLiteral("C0002")),
+    if (!Check(Press(zlxCtlFichaBtn_Buscar, zlxFileStat_ShowRecord) &&
+                   form.CurrentID() == IdOfCode(QStringLiteral("C0002")),
                QStringLiteral("Buscar \"Núñez\" lleva al cliente C0002")))
         return false;
-    if (!Check(form.Modificar(), QStringLiteral("Modificar el cliente encontrado"))) return false;
+    if (!Check(Press(zlxCtlFichaBtn_Modificar, zlxFileStat_EditRecord),
+               QStringLiteral("Modificar el cliente encontrado")))
+        return false;
     Type(QStringLiteral("limite"), QStringLiteral("4000"));
     Type(QStringLiteral("notas"), QStringLiteral("Límite ampliado"));
-    return Check(form.Guardar(), QStringLiteral("Guardar el nuevo límite"));
+    return Check(PressKey(Qt::Key_Return, Qt::ControlModifier) && form.Ficha()->IsShowing() &&
+                     m_cn.RecCount(QStringLiteral("clientes"),
+                                   QStringLiteral("codigo='C0002' AND limite=4000")) == 1,
+                 QStringLiteral("Ctrl+Intro guarda el nuevo límite"));
 }
 
 bool ScriptedSession::LockConflict() {
@@ -100,13 +127,12 @@ bool ScriptedSession::LockConflict() {
         holder.waitForFinished();
         return false;
     }
-    ClientForm& form = *m_windowPtr->Form();
-    form.ShowRecord(id);
+    m_windowPtr->ShowRecord(id);
     m_messages->ShotNext(QStringLiteral("demo-bloqueo.png"));
     m_messages->QueueAnswer(MsgAnswerNegative);
     const int before = m_messages->Count();
-    const bool refused = !form.Modificar() && m_messages->Count() > before &&
-                         form.FileStatus() == zlxFileStat_ShowRecord;
+    const bool refused =
+        Press(zlxCtlFichaBtn_Modificar, zlxFileStat_ShowRecord) && m_messages->Count() > before;
     holder.closeWriteChannel();
     holder.waitForFinished(60000);
     return Check(refused, QStringLiteral("La modificación se rechaza por el bloqueo")) &&
@@ -114,11 +140,11 @@ bool ScriptedSession::LockConflict() {
 }
 
 bool ScriptedSession::DeleteClient(std::int32_t nID) {
-    ClientForm& form = *m_windowPtr->Form();
+    ClientForm& form = *m_windowPtr;
     form.ShowRecord(nID);
     Shoot(QStringLiteral("demo-historial.png"));
     const bool deleted =
-        form.Borrar() &&
+        Press(zlxCtlFichaBtn_Eliminar, zlxFileStat_ShowRecord) &&
         m_cn.RecCount(QStringLiteral("clientes"), QStringLiteral("ZolmarID=%1").arg(nID)) == 0;
     return Check(deleted && form.CurrentID() != nID, QStringLiteral("Eliminar el cliente nuevo"));
 }

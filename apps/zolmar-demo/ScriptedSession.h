@@ -32,6 +32,10 @@ private:
     bool Export();
     void Shoot(const QString& cFile);
     void Type(const QString& cCampo, const QString& cText);
+    // Clicks a record button of the toolbar; true when the form is then in nFileStatus.
+    bool Press(int nBtn, int nFileStatus);
+    // A key pressed and released on the control with the focus; false when none has it.
+    bool PressKey(int nKey, Qt::KeyboardModifiers modifiers);
     std::int32_t IdOfCode(const QString& cCodigo);
     bool Check(bool lOk, const QString& cWhat);
 

@@ -6,6 +6,7 @@
 #include "LockHolder.h"
 #include "MainWindow.h"
 #include "ScriptedSession.h"
+#include "frame/LibraryState.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -95,6 +96,8 @@ int main(int argc, char** argv) {
         return 1;
     }
     if (options.holdLock > 0) return HoldLock(cn, options.holdLock);
+    // The record toolbar writes the change log of every edit and deletion.
+    LibraryState::Instance().HabilitarRegistro_LogFichas(true);
     if (options.script.isEmpty()) {
         MainWindow window(cn, options.settings.server);
         window.resize(780, 680);
