@@ -42,14 +42,22 @@ bool ScriptedSession::Press(int nBtn, int nFileStatus) {
     return m_windowPtr->Ficha()->FileStatus() == nFileStatus;
 }
 
-bool ScriptedSession::PressKey(int nKey, Qt::KeyboardModifiers modifiers) {
+void ScriptedSession::SendKey(QEvent::Type type, int nKey, Qt::KeyboardModifiers modifiers) {
     QWidget* target = m_windowPtr->focusWidget();
-    if (!target) return false;
-    QKeyEvent press(QEvent::KeyPress, nKey, modifiers);
-    QKeyEvent release(QEvent::KeyRelease, nKey, modifiers);
-    QApplication::sendEvent(target, &press);
-    QApplication::sendEvent(target, &release);
-    return true;
+    QKeyEvent event(type, nKey, modifiers);
+    QApplication::sendEvent(target ? target : m_windowPtr->Ficha(), &event);
+}
+
+void ScriptedSession::PressKey(int nKey, Qt::KeyboardModifiers modifiers) {
+    SendKey(QEvent::KeyPress, nKey, modifiers);
+    SendKey(QEvent::KeyRelease, nKey, modifiers);
+}
+
+std::int32_t ScriptedSession::MoveInLastSearch(int nMove) {
+    SendKey(QEvent::KeyPress, Qt::Key_Shift, Qt::ShiftModifier);
+    m_windowPtr->Ficha()->MovementButton(nMove)->Click();
+    SendKey(QEvent::KeyRelease, Qt::Key_Shift, Qt::NoModifier);
+    return m_windowPtr->CurrentID();
 }
 
 std::int32_t ScriptedSession::IdOfCode(const QString& cCodigo) {
@@ -104,12 +112,18 @@ bool ScriptedSession::SearchAndEdit() {
                    form.CurrentID() == IdOfCode(QStringLiteral("C0002")),
                QStringLiteral("Buscar \"Núñez\" lleva al cliente C0002")))
         return false;
+    if (!Check(MoveInLastSearch(zlxCtlFichaMove_Next) == IdOfCode(QStringLiteral("C0004")) &&
+                   MoveInLastSearch(zlxCtlFichaMove_Previous) == IdOfCode(QStringLiteral("C0002")),
+               QStringLiteral("Mayús con las flechas recorre la búsqueda por nombre (C0004 y "
+                              "vuelta a C0002)")))
+        return false;
     if (!Check(Press(zlxCtlFichaBtn_Modificar, zlxFileStat_EditRecord),
                QStringLiteral("Modificar el cliente encontrado")))
         return false;
     Type(QStringLiteral("limite"), QStringLiteral("4000"));
     Type(QStringLiteral("notas"), QStringLiteral("Límite ampliado"));
-    return Check(PressKey(Qt::Key_Return, Qt::ControlModifier) && form.Ficha()->IsShowing() &&
+    PressKey(Qt::Key_Return, Qt::ControlModifier);
+    return Check(form.Ficha()->IsShowing() &&
                      m_cn.RecCount(QStringLiteral("clientes"),
                                    QStringLiteral("codigo='C0002' AND limite=4000")) == 1,
                  QStringLiteral("Ctrl+Intro guarda el nuevo límite"));

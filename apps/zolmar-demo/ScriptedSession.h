@@ -6,6 +6,7 @@
 #include "connection/cConexion.h"
 
 #include <QDir>
+#include <QEvent>
 #include <QStringList>
 
 namespace zlx::demo {
@@ -34,8 +35,12 @@ private:
     void Type(const QString& cCampo, const QString& cText);
     // Clicks a record button of the toolbar; true when the form is then in nFileStatus.
     bool Press(int nBtn, int nFileStatus);
-    // A key pressed and released on the control with the focus; false when none has it.
-    bool PressKey(int nKey, Qt::KeyboardModifiers modifiers);
+    // A key event for the control with the focus, or for the record toolbar when none has it.
+    void SendKey(QEvent::Type type, int nKey, Qt::KeyboardModifiers modifiers);
+    void PressKey(int nKey, Qt::KeyboardModifiers modifiers);
+    // A movement button clicked with Shift held (the walk through the last search); the
+    // client reached.
+    std::int32_t MoveInLastSearch(int nMove);
     std::int32_t IdOfCode(const QString& cCodigo);
     bool Check(bool lOk, const QString& cWhat);
 
