@@ -76,6 +76,10 @@ bool ScriptedSession::CreateClient(std::int32_t& nID) {
                        QStringLiteral("(Nuevo)"),
                QStringLiteral("Nuevo cliente")))
         return false;
+    const int before = m_messages->Count();
+    if (!Check(!form.Guardar() && form.Ficha()->IsNewRecord() && m_messages->Count() == before + 1,
+               QStringLiteral("Sin nombre no se guarda y la ficha sigue en alta")))
+        return false;
     Type(QStringLiteral("nombre"), QStringLiteral("Talleres Rivas, S.L."));
     Type(QStringLiteral("nif"), QStringLiteral("B91234567"));
     form.findChild<::btn*>(QStringLiteral("optTipo"))->setValue(2);
@@ -87,10 +91,19 @@ bool ScriptedSession::CreateClient(std::int32_t& nID) {
     Type(QStringLiteral("limite"), QStringLiteral("25000,5"));
     Type(QStringLiteral("notas"), QStringLiteral("Alta desde la demostración"));
     Shoot(QStringLiteral("demo-nuevo.png"));
-    if (!Check(form.Guardar(), QStringLiteral("Guardar el cliente nuevo"))) return false;
+    // Meanwhile another workstation saves a client with the code this form proposed.
+    m_cn.Execute(QStringLiteral("INSERT INTO clientes (codigo, nombre, nif, Activo) VALUES "
+                                "('C0007', 'Alta de otro puesto', '', 0)"),
+                 zlxExecuteReturn_Nothing);
+    const bool saved = form.Guardar();
+    m_cn.Execute(QStringLiteral("DELETE FROM clientes WHERE nombre='Alta de otro puesto'"),
+                 zlxExecuteReturn_Nothing);
+    if (!Check(saved, QStringLiteral("Guardar el cliente nuevo"))) return false;
     nID = form.CurrentID();
-    return Check(nID > 0 && IdOfCode(form.Control(QStringLiteral("codigo"))->Text()) == nID,
-                 QStringLiteral("El cliente nuevo está en la tabla (ZolmarID %1)").arg(nID));
+    return Check(nID > 0 && IdOfCode(QStringLiteral("C0008")) == nID,
+                 QStringLiteral("El cliente nuevo está en la tabla con el código siguiente "
+                                "libre, C0008 (ZolmarID %1)")
+                     .arg(nID));
 }
 
 bool ScriptedSession::EditClient(std::int32_t nID) {

@@ -79,6 +79,11 @@ TEST_P(DemoSession, ScriptedSessionLeavesItsChangesLogAndScreenshots) {
     ASSERT_EQ(RunSession(), 0) << m_output.toStdString();
     EXPECT_TRUE(m_output.contains("Capturas en: " + QDir(m_shots).absolutePath()))
         << m_output.toStdString();
+    // A new client without a name was refused by the form's check, the record left in new
+    // state.
+    EXPECT_TRUE(m_output.contains(
+        "mensaje \"No se puede guardar el cliente\": El nombre del cliente no puede quedar "
+        "vacío.\n[ok] Sin nombre no se guarda y la ficha sigue en alta"));
     // The lock conflict was shown to the user as the lock layer's question, and refused.
     EXPECT_TRUE(m_output.contains("mensaje \"No se ha conseguido el bloqueo.\": El puesto '"))
         << m_output.toStdString();
@@ -87,8 +92,9 @@ TEST_P(DemoSession, ScriptedSessionLeavesItsChangesLogAndScreenshots) {
     EXPECT_FALSE(m_output.contains("[FALLO]"));
     Open();
 
-    // The client created, edited and deleted is gone; the record toolbar logged its edit and
-    // its deletion (not its creation) as user 1 on station 1.
+    // The client created (with the next free code, C0007 having been taken by another
+    // workstation before the save), edited and deleted is gone; the record toolbar logged its
+    // edit and its deletion (not its creation) as user 1 on station 1.
     EXPECT_EQ(Value("SELECT COUNT(*) FROM clientes WHERE nombre LIKE 'Talleres%'").ToLong(), 0);
     EXPECT_EQ(Value("SELECT COUNT(*) FROM clientes").ToLong(), 6);
     const std::int32_t created =
@@ -99,7 +105,7 @@ TEST_P(DemoSession, ScriptedSessionLeavesItsChangesLogAndScreenshots) {
                         "Talleres Rivas Hermanos, S.L." + S + "*limite" + V + "25000,5" + V +
                         "30000" + S + "-notas" + V + "Alta desde la demostración",
                     "1|" + S + "-" + IdColumn() + V + QString::number(created) + S + "-codigo" + V +
-                        "C0007" + S + "-nombre" + V + "Talleres Rivas Hermanos, S.L." + S + "-nif" +
+                        "C0008" + S + "-nombre" + V + "Talleres Rivas Hermanos, S.L." + S + "-nif" +
                         V + "B91234567" + S + "-tipo" + V + "2" + S + "-municipio" + V + "41091" +
                         S + "-limite" + V + "30000"}));
     EXPECT_EQ(Value("SELECT COUNT(*) FROM LogFichas WHERE ID_Usuario=1 AND ID_Puesto=1 AND "
