@@ -7,7 +7,13 @@ root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/build.sh"
 build=${ZLX_BUILD_DIR:-$root/build}
 pgdir=$(mktemp -d /tmp/zlx-pg.XXXXXX)
-port=${ZLX_PG_PORT:-55432}
+# The first free port from 55432 on, unless ZLX_PG_PORT names one.
+port=${ZLX_PG_PORT:-}
+if [ -z "$port" ]; then
+    for candidate in $(seq 55432 55482); do
+        if ! (exec 3<>"/dev/tcp/127.0.0.1/$candidate") 2>/dev/null; then port=$candidate; break; fi
+    done
+fi
 trap '"$root/scripts/pg-cluster.sh" stop "$pgdir"' EXIT
 "$root/scripts/pg-cluster.sh" start "$pgdir" "$port"
 export ZLX_REQUIRE_PG=1
