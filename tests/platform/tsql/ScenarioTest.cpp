@@ -14,6 +14,14 @@ namespace {
 
 class ScenarioTest : public test::SessionFixture {
 protected:
+    // Only the database "escenario" is made and dropped: the session tests, which may run at
+    // the same time on the same PostgreSQL server, keep theirs.
+    void SetUp() override {
+        EngineTest::SetUp();
+        if (Stopped()) return;
+        m_session = Open(QStringLiteral("master"));
+    }
+
     QString EngineName() const {
         return Postgres() ? QStringLiteral("postgres") : QStringLiteral("sqlite");
     }
