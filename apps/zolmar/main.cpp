@@ -8,9 +8,11 @@
 #include "script/ScriptCommand.h"
 #include "zolmar.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <unistd.h>
 
 namespace {
@@ -26,7 +28,16 @@ int Usage() {
 } // namespace
 
 int main(int argc, char** argv) {
-    QCoreApplication app(argc, argv); // the connection's waits turn its event loop
+    const bool script = argc == 2 && std::strcmp(argv[1], "script") == 0;
+    // A script's forms need widgets: offscreen when there is no display to show them on.
+    if (script && qEnvironmentVariableIsEmpty("DISPLAY") &&
+        qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY") &&
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    // The connection's waits turn the application's event loop.
+    const std::unique_ptr<QCoreApplication> app =
+        script ? std::make_unique<QApplication>(argc, argv)
+               : std::make_unique<QCoreApplication>(argc, argv);
     QStringList args;
     for (int i = 2; i < argc; ++i)
         args << QString::fromLocal8Bit(argv[i]);

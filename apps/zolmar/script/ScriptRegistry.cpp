@@ -12,8 +12,13 @@ QHash<QString, ScriptClass>& Classes() {
 } // namespace
 
 const ScriptMember* ScriptClass::Find(const QString& member) const {
-    const auto found = members.constFind(member.toLower());
-    return found == members.constEnd() ? nullptr : &found.value();
+    const QString key = member.toLower();
+    const auto found = members.constFind(key);
+    if (found != members.constEnd()) return &found.value();
+    if (!otherMember) return nullptr;
+    auto made = otherMembers.find(key);
+    if (made == otherMembers.end()) made = otherMembers.emplace(key, otherMember(member)).first;
+    return &made->second;
 }
 
 const ScriptClass* FindScriptClass(const QString& name) {

@@ -38,6 +38,7 @@
 #include <functional>
 #include <memory>
 #include <type_traits>
+#include <unordered_map>
 
 namespace zlx {
 
@@ -56,6 +57,11 @@ struct ScriptClass {
     std::function<ObjectPtr()> create;    // empty: not creatable by name
     QHash<QString, ScriptMember> members; // by lower-case name
     QStringList memberNames;              // as registered, in order
+    // Makes a member for a name not in the table (a control's Qt properties); empty: none.
+    std::function<ScriptMember(const QString& name)> otherMember;
+
+    // The members otherMember made, by lower-case name (a node map: found members stay put).
+    mutable std::unordered_map<QString, ScriptMember> otherMembers;
 
     const ScriptMember* Find(const QString& member) const;
 };
@@ -107,6 +113,20 @@ public:
         };
     }
 
+    // Any other name is a property: get(T&, name) reads it, set(T&, name, value) writes it.
+    template <class Get, class Set> void OtherProperties(Get get, Set set) {
+        m_class.otherMember = [get, set](const QString& name) {
+            ScriptMember member{0, 0, true, {}, {}};
+            member.get = [get, name](Object& o, ScriptArgs&) {
+                return Variant(get(dynamic_cast<T&>(o), name));
+            };
+            member.set = [set, name](Object& o, ScriptArgs&, const Variant& v) {
+                set(dynamic_cast<T&>(o), name, v);
+            };
+            return member;
+        };
+    }
+
 private:
     ScriptMember& Add(const QString& name, int minArgs, int maxArgs, bool isProperty) {
         m_class.memberNames.append(name);
@@ -127,7 +147,7 @@ public:
         : ScriptRegistration(
               name, [] { return std::make_shared<T>(); }, members) {}
     ScriptRegistration(const QString& name, std::function<ObjectPtr()> create, Members members) {
-        ScriptClass scriptClass{name, std::move(create), {}, {}};
+        ScriptClass scriptClass{name, std::move(create), {}, {}, {}, {}};
         ScriptClassBuilder<T> builder(scriptClass);
         members(builder);
         RegisterScriptClass(std::move(scriptClass));

@@ -89,6 +89,9 @@ ScriptSession::Result ScriptSession::Invoke(const QString& target, const QJsonOb
     if (!write) {
         Result result(member.get(*object, args));
         result.out = args.OutValues();
+        // "as" names the object answered, as "new" names the one made.
+        if (line.contains(u"as") && result.value.IsObject() && result.value.ToObject())
+            m_objects.Name(Text(line, "as"), result.value.ToObject());
         return result;
     }
     if (!member.set)
