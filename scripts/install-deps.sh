@@ -4,7 +4,8 @@
 set -euo pipefail
 packages=(build-essential cmake ninja-build ccache pkg-config clang libclang-rt-14-dev
           qt6-base-dev libsqlite3-dev libpq-dev postgresql unixodbc-dev tdsodbc odbc-postgresql
-          libgtest-dev libbenchmark-dev python3 python3-pandas libshp-dev)
+          libgtest-dev libbenchmark-dev python3 python3-pandas libshp-dev shapelib gdal-bin
+          libzip-dev libfreexl-dev libxlsxwriter-dev mdbtools mdbtools-dev)
 missing=()
 for p in "${packages[@]}"; do
     dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "install ok installed" || missing+=("$p")
