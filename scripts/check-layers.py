@@ -21,7 +21,8 @@ import tempfile
 
 # Bottom-up. A folder may use its own layer and the layers listed before it.
 LAYERS = [
-    "platform/variant", "platform/dbfformat", "platform/engines", "platform/tsql",
+    "platform/variant", "platform/dbfformat", "platform/engines", "platform/dbfengine",
+    "platform/workbook", "platform/tsql",
     "platform/ado", "platform/companion", "platform/widgets",
     "frame", "connection", "table", "dbf", "schema", "cursor", "language", "binding",
     "form", "ui",
