@@ -2,7 +2,7 @@
 # include/zolmar/ in the source layout (`#include "connection/cConexion.h"` against
 # -I<prefix>/include/zolmar), the CMake package ZolmarDataComponents (imported target
 # Zolmar::zolmar), the pkg-config file zolmar.pc and, as the component "programs", the
-# `zolmar` program.
+# `zolmar` program and the `zolmar-demo` application.
 include(CMakePackageConfigHelpers)
 
 set(ZLX_CMAKE_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/ZolmarDataComponents)
@@ -12,9 +12,13 @@ install(TARGETS zolmar EXPORT ZolmarDataComponentsTargets
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/src/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/zolmar
         FILES_MATCHING PATTERN "*.h")
 
-# The program finds the library beside it in the prefix.
-set_target_properties(zolmar_cli PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
-install(TARGETS zolmar_cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)
+# The programs find the library beside them in the prefix.
+set(zlx_programs zolmar_cli)
+if(TARGET zolmar-demo)
+    list(APPEND zlx_programs zolmar-demo)
+endif()
+set_target_properties(${zlx_programs} PROPERTIES INSTALL_RPATH "$ORIGIN/../${CMAKE_INSTALL_LIBDIR}")
+install(TARGETS ${zlx_programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT programs)
 
 install(EXPORT ZolmarDataComponentsTargets NAMESPACE Zolmar::
         DESTINATION ${ZLX_CMAKE_PACKAGE_DIR})

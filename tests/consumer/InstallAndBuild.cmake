@@ -19,11 +19,14 @@ foreach(file IN ITEMS include/zolmar/connection/cConexion.h include/zolmar/platf
 endforeach()
 file(GLOB_RECURSE pc ${prefix}/zolmar.pc)
 file(GLOB program ${prefix}/bin/zolmar)
-if(NOT pc OR NOT program)
-    message(FATAL_ERROR "zolmar.pc or the zolmar program is missing from ${prefix}")
+file(GLOB demo ${prefix}/bin/zolmar-demo)
+if(NOT pc OR NOT program OR NOT demo)
+    message(FATAL_ERROR "zolmar.pc, the zolmar program or zolmar-demo is missing from ${prefix}")
 endif()
 get_filename_component(pc_dir ${pc} DIRECTORY)
 run(${program} --version)
+# The installed demo finds the installed library (its help needs no display and no database).
+run(${demo} --help)
 
 set(ENV{PKG_CONFIG_PATH} ${pc_dir})
 run(${CMAKE_COMMAND} -S ${SOURCE_DIR} -B ${WORK_DIR}/build -DCMAKE_PREFIX_PATH=${prefix}
