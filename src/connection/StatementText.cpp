@@ -1,6 +1,7 @@
 #include "connection/StatementText.h"
 
 #include "connection/SqlText.h"
+#include "platform/variant/DateLiteral.h"
 #include "platform/variant/NumberText.h"
 
 namespace zlx::StatementText {
@@ -10,19 +11,6 @@ namespace {
 QString Wrap(const QString& cSQL, const QString& tail) {
     const QString separator = cSQL.trimmed().endsWith(u';') ? QString() : QStringLiteral(" ;");
     return QStringLiteral("SET NOCOUNT ON ; ") + cSQL + separator + tail;
-}
-
-// The date as SQL Server reads it whatever its language: 'yyyymmdd hh:mm:ss'.
-QString ServerDateLiteral(Date d) {
-    int y, m, day, h, n, s;
-    SplitDate(d, y, m, day, h, n, s);
-    return QStringLiteral("'%1%2%3 %4:%5:%6'")
-        .arg(y, 4, 10, QChar(u'0'))
-        .arg(m, 2, 10, QChar(u'0'))
-        .arg(day, 2, 10, QChar(u'0'))
-        .arg(h, 2, 10, QChar(u'0'))
-        .arg(n, 2, 10, QChar(u'0'))
-        .arg(s, 2, 10, QChar(u'0'));
 }
 
 qsizetype LineEnd(const QString& text, qsizetype start) {

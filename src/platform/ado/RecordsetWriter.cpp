@@ -1,5 +1,7 @@
 #include "platform/ado/RecordsetWriter.h"
 
+#include "platform/variant/DateLiteral.h"
+
 #include <QStringList>
 
 namespace zlx::ado {
@@ -56,17 +58,8 @@ QString RecordsetWriter::Literal(const Variant& value) {
         return QStringLiteral("NULL");
     case vbBoolean:
         return value.ToBool() ? QStringLiteral("1") : QStringLiteral("0");
-    case vbDate: {
-        int y, mo, d, h, mi, s;
-        SplitDate(value.ToDate(), y, mo, d, h, mi, s);
-        return QStringLiteral("'%1%2%3 %4:%5:%6'")
-            .arg(y, 4, 10, QChar(u'0'))
-            .arg(mo, 2, 10, QChar(u'0'))
-            .arg(d, 2, 10, QChar(u'0'))
-            .arg(h, 2, 10, QChar(u'0'))
-            .arg(mi, 2, 10, QChar(u'0'))
-            .arg(s, 2, 10, QChar(u'0'));
-    }
+    case vbDate:
+        return ServerDateLiteral(value.ToDate());
     case vbString:
         return u'\'' + value.ToString().replace(u'\'', QStringLiteral("''")) + u'\'';
     default:
