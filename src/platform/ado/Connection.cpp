@@ -1,6 +1,7 @@
 #include "platform/ado/Connection.h"
 
 #include "platform/ado/AdoErrorTexts.h"
+#include "platform/dbfengine/FoxDriver.h"
 #include "platform/engines/OdbcDriver.h"
 #include "platform/engines/PostgresDriver.h"
 #include "platform/engines/SqliteDriver.h"
@@ -63,6 +64,8 @@ DriverPtr Connection::CreateDriver(const ado::ConnectionString& connection) {
     // translates it; a real SQL Server (ODBC) gets the statements unchanged, and so does an
     // engine opened with "SQL Dialect=Native" (its own SQL, for tools and tests).
     DriverPtr native = CreateNativeDriver(connection);
+    // A FoxPro folder takes FoxPro's own statements.
+    if (connection.Which() == ado::ConnectionString::Engine::DbfFolder) return native;
     if (connection.Value({"SQL Dialect"}).compare(u"Native", Qt::CaseInsensitive) == 0)
         return native;
     return tsql::OpenTsqlSession(std::move(native));
@@ -78,6 +81,9 @@ DriverPtr Connection::CreateNativeDriver(const ado::ConnectionString& connection
         return std::make_unique<OdbcDriver>();
     case ado::ConnectionString::Engine::Postgres:
         return std::make_unique<PostgresDriver>();
+    case ado::ConnectionString::Engine::DbfFolder:
+        return std::make_unique<dbfengine::FoxDriver>(
+            connection.Value({"Deleted"}).compare(u"No", Qt::CaseInsensitive) != 0);
     default:
         throw AdoError(adErrProviderNotFound,
                        QStringLiteral("Provider cannot be found. It may not be properly "

@@ -9,13 +9,14 @@
 
 namespace zlx {
 
-bool DbfFile::Open(const QString& path, bool truncate) {
+bool DbfFile::Open(const QString& path, bool truncate, bool shared) {
     Close();
     const QByteArray native = QFile::encodeName(path);
     const int fd = ::open(native.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0644);
     if (fd < 0) return false;
     // Truncating only after the lock is held keeps another holder's file intact.
-    if (::flock(fd, LOCK_EX | LOCK_NB) != 0 || (truncate && ::ftruncate(fd, 0) != 0)) {
+    if (::flock(fd, (shared ? LOCK_SH : LOCK_EX) | LOCK_NB) != 0 ||
+        (truncate && ::ftruncate(fd, 0) != 0)) {
         ::close(fd);
         return false;
     }

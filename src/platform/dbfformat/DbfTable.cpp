@@ -81,10 +81,10 @@ bool DbfTable::Create(const QString& path, const std::vector<DbfFieldDefinition>
     return written;
 }
 
-bool DbfTable::Open(const QString& path, int codePage, QString& refusal) {
+bool DbfTable::Open(const QString& path, int codePage, QString& refusal, bool shared) {
     Close();
     refusal.clear();
-    if (!m_file.Open(path, false)) return false;
+    if (!m_file.Open(path, false, shared)) return false;
     std::optional<DbfLayout> layout = DbfLayout::Read(m_file, refusal);
     const int pageNumber = codePage != 0
                                ? codePage
@@ -175,6 +175,12 @@ bool DbfTable::WriteRecord(std::uint32_t row, const char* record) {
 
 bool DbfTable::WriteHeader() {
     return m_file.WriteAt(0, m_layout.header.data(), DbfLayout::kHeaderSize) ==
+           DbfLayout::kHeaderSize;
+}
+
+bool DbfTable::ReadHeader() {
+    m_readAheadRows = 0;
+    return m_file.ReadAt(0, m_layout.header.data(), DbfLayout::kHeaderSize) ==
            DbfLayout::kHeaderSize;
 }
 

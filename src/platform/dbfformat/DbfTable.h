@@ -24,8 +24,8 @@ public:
     // Opens the table. `codePage` 0 reads text in the page the header names (Windows-1252
     // when it names none). False when it cannot be opened or read; `refusal` then says why
     // when the file is one that cannot be read right, and stays empty when it is missing,
-    // short or held by another.
-    bool Open(const QString& path, int codePage, QString& refusal);
+    // short or held by another. `shared` opens it beside other shared holders (see DbfFile).
+    bool Open(const QString& path, int codePage, QString& refusal, bool shared = false);
     void Close();
     bool IsOpen() const { return m_file.IsOpen(); }
 
@@ -46,6 +46,9 @@ public:
     void SetRecordCount(std::uint32_t count) { m_layout.SetRecordCount(count); }
     // The 32 header bytes back to the file (the record count).
     bool WriteHeader();
+    // The 32 header bytes again from the file, as another holder of a shared file left them.
+    bool ReadHeader();
+    int Handle() const { return m_file.Handle(); }
     // A new record: blanks, and zeros in the binary fields.
     void BlankRecord(char* record) const;
 
