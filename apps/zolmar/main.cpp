@@ -4,6 +4,7 @@
 #include "BatchRunner.h"
 #include "DbfCommand.h"
 #include "Demo.h"
+#include "MdbImportCommand.h"
 #include "SqlCommand.h"
 #include "script/ScriptCommand.h"
 #include "zolmar.h"
@@ -21,7 +22,8 @@ int Usage() {
     std::fprintf(
         stderr,
         "usage: zolmar --version | demo | batch < calls.jsonl | dbf dump FILE | dbf create FILE < "
-        "table.json | sql --provider N --server S --db NAME [TEXT] | script < lines.jsonl\n");
+        "table.json | sql --provider N --server S --db NAME [TEXT] | script < lines.jsonl | "
+        "mdb-import FILE\n");
     return 2;
 }
 
@@ -44,6 +46,8 @@ int main(int argc, char** argv) {
     if (argc >= 2 && std::strcmp(argv[1], "dbf") == 0) return zlx::RunDbfCommand(args);
     if (argc >= 2 && std::strcmp(argv[1], "sql") == 0)
         return zlx::RunSqlCommand(args, stdin, stdout);
+    if (argc >= 2 && std::strcmp(argv[1], "mdb-import") == 0)
+        return zlx::RunMdbImportCommand(args, stdout, stderr, isatty(STDERR_FILENO));
     if (argc != 2) return Usage();
     if (std::strcmp(argv[1], "--version") == 0) {
         std::printf("zolmar %s\n", zlx::LibraryVersion().toUtf8().constData());

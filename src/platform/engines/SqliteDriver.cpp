@@ -8,6 +8,7 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <sqlite3.h>
 #include <thread>
@@ -154,6 +155,20 @@ std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow) {
     return columns;
 }
 
+// An Access database (Access 97-2003 "Standard Jet DB", 2007 on "Standard ACE DB" at
+// offset 4) where a Jet Data Source keeps its SQLite file: refused with the way to convert
+// it, rather than SQLite's "file is not a database" at the first statement.
+void RefuseAccessFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return;
+    const QByteArray signature = file.read(19).mid(4);
+    if (signature != "Standard Jet DB" && signature != "Standard ACE DB") return;
+    ThrowConnectFailed(QStringLiteral("'%1' es un fichero de Access (Jet); conviértalo con: "
+                                      "zolmar mdb-import %1")
+                           .arg(path),
+                       kSource, SQLITE_NOTADB, "08001");
+}
+
 } // namespace
 
 SqliteDriver::SqliteDriver(Layout layout) : m_layout(layout) {}
@@ -171,6 +186,7 @@ void SqliteDriver::Connect(const ConnectParams& params) {
     m_target = params.target;
     m_readOnly = params.mode == adModeRead;
     if (m_layout == Layout::SingleFile) {
+        RefuseAccessFile(m_target);
         OpenFile(m_target, true);
         m_database = QFileInfo(m_target).completeBaseName();
         return;
