@@ -32,6 +32,9 @@ bool WriteField(const DbfTable& table, const QString& memoPath, const DbfField& 
         return DbfBinaryFields::Encode(field.type, value, record + field.offset, field.length);
     // Text that is no date does not go into a date field.
     if ((field.type == 'D' || field.type == 'T') && value.VarType() == vbString) return false;
+    // A number in a character field is its text, as a person writes it.
+    if (field.type == 'C' && value.IsNumber())
+        return table.SetValue(field, record, Variant(value.ToInvariantString()));
     if (!layout.IsMemo(field)) return table.SetValue(field, record, value);
     std::uint32_t block = 0;
     const QString text = value.IsNull() || value.IsEmpty() ? QString() : value.ToString();

@@ -4,7 +4,6 @@
 #include "platform/dbfformat/DbfNewTable.h"
 #include "platform/dbfformat/DbfRecordLock.h"
 
-#include <QFile>
 #include <algorithm>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -58,14 +57,10 @@ void FolderTable::Release() {
 }
 
 // A table rewritten by another connection (ALTER TABLE, PACK) is a new file under the same
-// name: an open descriptor of the old one would write where nobody reads.
+// name, and the old one, held open here, has no name left: writing to it would be lost.
 bool FolderTable::ReopenIfReplaced() {
-    struct stat onDisk {
-    }, held{};
-    if (::stat(QFile::encodeName(m_path).constData(), &onDisk) == 0 &&
-        ::fstat(m_table.Handle(), &held) == 0 && onDisk.st_ino == held.st_ino &&
-        onDisk.st_dev == held.st_dev)
-        return false;
+    struct stat held {};
+    if (::fstat(m_table.Handle(), &held) != 0 || held.st_nlink > 0) return false;
     Release();
     QString problem;
     return Open(problem);
@@ -118,9 +113,9 @@ std::uint32_t FolderTable::Append(const char* record) {
         const std::uint32_t row = m_table.RecordCount() + 1;
         const std::uint64_t position = Layout().RecordPosition(row);
         const std::size_t length = m_table.RecordLength();
-        if (!WriteAt(m_table.Handle(), position, record, length) ||
-            !WriteAt(m_table.Handle(), position + length, &kEndOfFile, 1))
-            return 0;
+        m_appended.assign(record, record + length);
+        m_appended.push_back(kEndOfFile);
+        if (!WriteAt(m_table.Handle(), position, m_appended.data(), m_appended.size())) return 0;
         m_table.SetRecordCount(row);
         if (!m_table.WriteHeader()) return 0;
         m_blockRows = 0;

@@ -49,6 +49,7 @@ private:
     QString m_path;
     DbfTable m_table;
     std::vector<char> m_block;
+    std::vector<char> m_appended; // the record an insert writes, and the end-of-file mark
     std::uint32_t m_blockFirst = 0;
     std::uint32_t m_blockRows = 0;
     std::uint32_t m_count = 0;

@@ -14,6 +14,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <algorithm>
+#include <sys/stat.h>
 
 namespace zlx::dbfengine {
 
@@ -31,6 +32,11 @@ QString Quoted(const QString& name) {
 
 QString SqlString(const QString& text) {
     return u'\'' + QString(text).replace(u'\'', QStringLiteral("''")) + u'\'';
+}
+
+quint64 InodeOf(const QString& path) {
+    struct stat status {};
+    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_ino : 0;
 }
 
 int FieldIndex(const std::vector<DbfFieldDefinition>& fields, const QString& name) {
@@ -94,20 +100,21 @@ void FoxDriver::RunSql(const QString& sql) {
 
 // The virtual tables follow the folder: a table for each .dbf there now, none for a file gone.
 void FoxDriver::SyncTables() {
-    std::map<QString, QString> found;
+    std::map<QString, std::pair<QString, quint64>> found;
     const QFileInfoList files = QDir(m_folder).entryInfoList(
         {QStringLiteral("*.dbf"), QStringLiteral("*.DBF")}, QDir::Files, QDir::Name);
     for (const QFileInfo& file : files)
-        found.emplace(file.completeBaseName().toLower(), file.absoluteFilePath());
+        found.emplace(file.completeBaseName().toLower(),
+                      std::make_pair(file.absoluteFilePath(), InodeOf(file.absoluteFilePath())));
     if (found == m_tables) return;
-    for (const auto& [name, path] : m_tables)
-        if (found.count(name) == 0 || found[name] != path)
+    for (const auto& [name, file] : m_tables)
+        if (found.count(name) == 0 || found[name] != file)
             RunSql(QStringLiteral("DROP TABLE IF EXISTS ") + Quoted(name));
-    for (const auto& [name, path] : found) {
-        if (m_tables.count(name) != 0 && m_tables[name] == path) continue;
+    for (const auto& [name, file] : found) {
+        if (m_tables.count(name) != 0 && m_tables[name] == file) continue;
         try {
             RunSql(QStringLiteral("CREATE VIRTUAL TABLE %1 USING dbf(%2)")
-                       .arg(Quoted(name), SqlString(path)));
+                       .arg(Quoted(name), SqlString(file.first)));
         } catch (const ado::AdoError&) {
             found.erase(name); // a file this reader cannot read is not a table
             if (found.empty()) break;
@@ -115,7 +122,7 @@ void FoxDriver::SyncTables() {
     }
     m_tables = found;
     QString rows;
-    for (const auto& [name, path] : m_tables)
+    for (const auto& [name, file] : m_tables)
         rows += QStringLiteral("INSERT INTO sysobjects VALUES (%1, 'U');").arg(SqlString(name));
     RunSql(QStringLiteral("DELETE FROM sysobjects;") + rows);
 }
@@ -123,7 +130,7 @@ void FoxDriver::SyncTables() {
 QString FoxDriver::TableFile(const QString& table) const {
     const auto it = m_tables.find(table.toLower());
     if (it == m_tables.end()) Fail(QStringLiteral("File '%1.dbf' does not exist.").arg(table));
-    return it->second;
+    return it->second.first;
 }
 
 void FoxDriver::Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
@@ -199,9 +206,6 @@ void FoxDriver::ChangeColumns(const FoxDdl& ddl) {
     for (const DbfFieldDefinition& field : rewrite.fields)
         rewrite.sources.push_back(FieldIndex(old, QString::fromLatin1(field.name)));
     rewrite.Run();
-    // The virtual table's columns are those of the old file: declare it again.
-    m_tables.erase(ddl.table.toLower());
-    RunSql(QStringLiteral("DROP TABLE IF EXISTS ") + Quoted(ddl.table.toLower()));
 }
 
 void FoxDriver::Pack(const QString& table) {

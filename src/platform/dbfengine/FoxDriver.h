@@ -69,8 +69,9 @@ private:
     QString m_folder;
     std::unique_ptr<ado::SqliteDriver> m_sqlite;
     std::unique_ptr<DbfModule> m_module;
-    std::map<QString, QString> m_tables; // lower-case name -> file
-    QString m_pending;                   // the batch StartExecute was given
+    // Lower-case name -> the file and its inode (a rewritten table is a new file).
+    std::map<QString, std::pair<QString, quint64>> m_tables;
+    QString m_pending; // the batch StartExecute was given
 };
 
 } // namespace zlx::dbfengine
