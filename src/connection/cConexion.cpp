@@ -28,6 +28,12 @@ const QString kStartupSettings = QStringLiteral(
 constexpr int kReopenAttempts = 3;
 constexpr int kFirstReopenPauseMs = 250;
 
+// The Excel string names no workbook: the file given to Init is added as its Data Source.
+QString WorkbookSource(const QString& file) {
+    return QStringLiteral(";Data Source=\"") + QString(file).replace(u'"', QStringLiteral("\"\"")) +
+           u'"';
+}
+
 void PauseWithEventLoop(int milliseconds) {
     QElapsedTimer timer;
     timer.start();
@@ -166,8 +172,11 @@ bool cConexion::Init(int nProveedor, const QString& cFileName, const QString& cS
             m_cn->Open(connectionString, m_user, m_password, ado::adConnectUnspecified);
         else if (m_provider == zlxDataProvider_MSDE)
             OpenServerConnections(connectionString, nModo);
-        else if (m_provider == zlxDataProvider_FOX || m_provider == zlxDataProvider_EXCEL)
+        else if (m_provider == zlxDataProvider_FOX)
             m_cn->Open(connectionString, {}, {}, ado::adConnectUnspecified);
+        else if (m_provider == zlxDataProvider_EXCEL)
+            m_cn->Open(connectionString + WorkbookSource(m_database), {}, {},
+                       ado::adConnectUnspecified);
         return true;
     } catch (const ado::AdoError& error) {
         Failure failure{error.Number(), error.Description()};

@@ -6,6 +6,7 @@
 #include "platform/engines/PostgresDriver.h"
 #include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/TsqlSession.h"
+#include "platform/workbook/WorkbookDriver.h"
 
 namespace zlx::ado {
 
@@ -84,6 +85,8 @@ DriverPtr Connection::CreateNativeDriver(const ado::ConnectionString& connection
     case ado::ConnectionString::Engine::DbfFolder:
         return std::make_unique<dbfengine::FoxDriver>(
             connection.Value({"Deleted"}).compare(u"No", Qt::CaseInsensitive) != 0);
+    case ado::ConnectionString::Engine::Workbook:
+        return std::make_unique<workbook::WorkbookDriver>();
     default:
         throw AdoError(adErrProviderNotFound,
                        QStringLiteral("Provider cannot be found. It may not be properly "

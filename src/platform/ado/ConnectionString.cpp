@@ -154,6 +154,7 @@ ConnectParams ConnectionString::Params(const QString& user, const QString& passw
         break;
     }
     case Engine::SqliteFile:
+    case Engine::Workbook:
         params.target = server;
         break;
     case Engine::DbfFolder:

@@ -1,0 +1,38 @@
+#pragma once
+// An open workbook file: its sheets as tables, and the writing back of changed cells. An
+// .xlsx is read and written; an .xls is read only.
+
+#include "platform/workbook/Sheet.h"
+#include "platform/workbook/SheetTable.h"
+#include "platform/workbook/XlsxReader.h"
+
+#include <QString>
+#include <deque>
+#include <memory>
+
+namespace zlx::workbook {
+
+class Workbook {
+public:
+    // Throws WorkbookError when the file is missing or is not a workbook.
+    static std::unique_ptr<Workbook> Open(const QString& path);
+
+    const QString& Path() const { return m_path; }
+    bool ReadOnly() const { return m_readOnly; }
+    std::deque<SheetTable>& Tables() { return m_tables; }
+
+    // Writes every changed sheet into the file. Throws WorkbookError; the file is then as
+    // it was before.
+    void Save();
+
+private:
+    Workbook(const QString& path, std::vector<Sheet> sheets, bool readOnly);
+
+    QString m_path;
+    bool m_readOnly;
+    XlsxContents m_xlsx; // the .xlsx parts the sheets are read with (its sheets moved out)
+    std::deque<Sheet> m_sheets;
+    std::deque<SheetTable> m_tables;
+};
+
+} // namespace zlx::workbook

@@ -1,0 +1,52 @@
+#include "platform/workbook/WorkbookDriver.h"
+
+#include "platform/engines/DriverErrors.h"
+#include "platform/workbook/Workbook.h"
+#include "platform/workbook/WorkbookError.h"
+#include "platform/workbook/WorkbookModule.h"
+
+#include <QFileInfo>
+#include <sqlite3.h>
+
+namespace zlx::workbook {
+
+namespace {
+
+const QString kSource = QStringLiteral("Microsoft JET Database Engine");
+
+} // namespace
+
+WorkbookDriver::WorkbookDriver() : m_engine(ado::SqliteDriver::Layout::SingleFile) {}
+
+WorkbookDriver::~WorkbookDriver() {
+    Disconnect();
+}
+
+void WorkbookDriver::Connect(const ado::ConnectParams& params) {
+    Disconnect();
+    try {
+        m_workbook = Workbook::Open(params.target);
+    } catch (const WorkbookError& error) {
+        ado::ThrowConnectFailed(error.Message(), kSource, 0, QStringLiteral("08001"));
+    }
+    ado::ConnectParams memory = params;
+    memory.target = QStringLiteral(":memory:");
+    memory.mode =
+        ado::adModeUnknown; // the tables are made in it; the workbook says what is read-only
+    m_engine.Connect(memory);
+    auto* db = static_cast<sqlite3*>(m_engine.NativeHandle());
+    if (WorkbookModule::Install(db, *m_workbook) != SQLITE_OK) {
+        const QString message = QString::fromUtf8(sqlite3_errmsg(db));
+        Disconnect();
+        ado::ThrowConnectFailed(message, kSource, 0, QStringLiteral("08001"));
+    }
+    m_database = QFileInfo(params.target).completeBaseName();
+}
+
+// The SQLite connection goes first: its tables point into the workbook.
+void WorkbookDriver::Disconnect() {
+    m_engine.Disconnect();
+    m_workbook.reset();
+}
+
+} // namespace zlx::workbook
