@@ -54,8 +54,6 @@ inline const QString kHeaderWriteFailed =
 inline const QString kHeaderWriteTitle =
     QStringLiteral("Error actualizando el número de registros");
 
-inline const QString kFoxProUnavailable = QStringLiteral(
-    "El proveedor de datos de Visual FoxPro no está disponible: abra el fichero en modo RAW.");
 inline const QString kOpenTitle = DbfTexts::kOpenTitle;
 inline QString UnavailableCodePage(std::int32_t number) {
     return QStringLiteral("La página de códigos ") + QString::number(number) +

@@ -90,15 +90,12 @@ bool cDBF::OpenODBC(const QString& cRutaFicheroDBF) {
     CloseDBF();
     auto connection = std::make_shared<cConexion>();
     QString errors;
-    if (connection->Init(zlxDataProvider_FOX, cRutaFicheroDBF, {}, {}, {}, 16, true, &errors, 60)) {
-        m_cnFox = std::move(connection);
-        m_path = cRutaFicheroDBF;
-        return true;
-    }
-    Report(DbfMessages::kFoxProUnavailable + QStringLiteral(" (") + cRutaFicheroDBF +
-               QStringLiteral(")"),
-           DbfMessages::kOpenTitle);
-    return false;
+    // The connection reports its own failure.
+    if (!connection->Init(zlxDataProvider_FOX, cRutaFicheroDBF, {}, {}, {}, 16, false, &errors, 60))
+        return false;
+    m_cnFox = std::move(connection);
+    m_path = cRutaFicheroDBF;
+    return true;
 }
 
 void cDBF::CloseDBF() {

@@ -87,15 +87,6 @@ TEST_F(cDBFErrors, RecordAndFieldErrorsKeepTheState) {
     EXPECT_EQ(dbf.Field("name").ToString(), QStringLiteral("uno  "));
 }
 
-TEST_F(cDBFErrors, OdbcModeIsReportedAsUnavailable) {
-    EXPECT_FALSE(dbf.OpenODBC(path));
-    QString title;
-    EXPECT_TRUE(dbf.GetLastErrorMsg(&title).startsWith(
-        QStringLiteral("El proveedor de datos de Visual FoxPro no está disponible")));
-    EXPECT_EQ(title, QStringLiteral("Error abriendo el fichero DBF"));
-    EXPECT_EQ(dbf.Execute("SELECT 1", 1, std::int32_t(7)).ToLong(), 7);
-}
-
 TEST_F(cDBFErrors, ShownErrorsGoToTheMessageBoxAndAreNotStored) {
     ASSERT_TRUE(dbf.EndCreateDBF());
     RecordingMsgPresenter presenter;

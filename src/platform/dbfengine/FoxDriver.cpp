@@ -64,8 +64,10 @@ bool FoxDriver::IsConnected() const {
 
 void FoxDriver::Connect(const ado::ConnectParams& params) {
     Disconnect();
+    // A table's file names its folder, whether the file is there yet or not.
     QFileInfo target(params.target);
-    if (target.isFile()) target = QFileInfo(target.absolutePath());
+    if (target.isFile() || target.suffix().compare(u"dbf", Qt::CaseInsensitive) == 0)
+        target = QFileInfo(target.absolutePath());
     if (!target.isDir())
         ado::ThrowConnectFailed(QStringLiteral("Invalid path or file name: ") + params.target,
                                 kSource, 0, "08001");
