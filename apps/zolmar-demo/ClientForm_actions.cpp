@@ -15,13 +15,6 @@ namespace zlx::demo {
 
 namespace {
 
-// The modifier mask of the library's key handlers: 1 Shift, 2 Ctrl, 4 Alt.
-std::int16_t ModifierMask(Qt::KeyboardModifiers modifiers) {
-    return static_cast<std::int16_t>((modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) |
-                                     (modifiers.testFlag(Qt::ControlModifier) ? 2 : 0) |
-                                     (modifiers.testFlag(Qt::AltModifier) ? 4 : 0));
-}
-
 Variant Texts(std::initializer_list<const char*> texts) {
     std::vector<Variant> items;
     for (const char* text : texts)
@@ -145,7 +138,7 @@ bool ClientForm::eventFilter(QObject* watched, QEvent* event) {
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);
     auto keyCode = static_cast<std::int16_t>(cKeyboard::VirtualKeyOf(key->key()));
-    std::int16_t shift = ModifierMask(key->modifiers());
+    std::int16_t shift = cKeyboard::ShiftMaskOf(key->modifiers());
     if (press)
         ActOnKeyStatus(m_ctl->Def_KeyDown(keyCode, shift));
     else

@@ -1,12 +1,14 @@
 // zolmar-demo: a small client-management application on the library. With a display it
 // opens the client form; without one (or with --script) it runs a scripted editing session
-// offscreen and writes its screenshots to a folder.
+// offscreen and writes its screenshots to a folder. With --json it reads the lines of
+// `zolmar script`, its client form being the object ClientesDemo.
 
 #include "DemoDatabase.h"
 #include "LockHolder.h"
 #include "MainWindow.h"
 #include "ScriptedSession.h"
 #include "frame/LibraryState.h"
+#include "script/ScriptCommand.h"
 
 #include <QApplication>
 #include <QCommandLineParser>
@@ -29,6 +31,7 @@ struct Options {
     DemoDatabaseSettings settings;
     QString script;
     std::int32_t holdLock = 0;
+    bool json = false;
 };
 
 Options ReadOptions(const QApplication& app) {
@@ -51,7 +54,11 @@ Options ReadOptions(const QApplication& app) {
     const QCommandLineOption hold(QStringLiteral("hold-lock"),
                                   QStringLiteral("Bloquea el cliente hasta cerrar la entrada."),
                                   QStringLiteral("id"));
-    parser.addOptions({data, server, database, script, hold});
+    const QCommandLineOption json(
+        QStringLiteral("json"),
+        QStringLiteral("Órdenes de zolmar script por la entrada estándar, con la ficha de "
+                       "clientes como objeto ClientesDemo."));
+    parser.addOptions({data, server, database, script, hold, json});
     parser.process(app);
     Options options;
     options.data = parser.isSet(data)
@@ -63,6 +70,7 @@ Options ReadOptions(const QApplication& app) {
                                                    : QStringLiteral("sqlite:") + options.data +
                                                          QStringLiteral("/servidor");
     options.holdLock = parser.value(hold).toInt();
+    options.json = parser.isSet(json);
     if (parser.isSet(script))
         options.script = parser.value(script);
     else if (!HasDisplay())
@@ -84,6 +92,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("zolmar-demo"));
     const Options options = ReadOptions(app);
+    if (options.json) return RunScriptCommand();
     if (options.settings.server.startsWith(QStringLiteral("sqlite:")))
         QDir().mkpath(options.settings.server.mid(7));
     // Without a user nobody could answer a dialog: messages go to the console.

@@ -4,18 +4,6 @@
 
 #include <QKeyEvent>
 
-namespace {
-
-std::int16_t ShiftMask(Qt::KeyboardModifiers modifiers) {
-    std::int16_t mask = 0;
-    if (modifiers.testFlag(Qt::ShiftModifier)) mask |= 1;
-    if (modifiers.testFlag(Qt::ControlModifier)) mask |= 2;
-    if (modifiers.testFlag(Qt::AltModifier)) mask |= 4;
-    return mask;
-}
-
-} // namespace
-
 CtlFicha::CtlFicha(QWidget* parent) : QWidget(parent), CtlFichaParts(this), CtlFichaLogic(view) {
     setObjectName(QStringLiteral("CtlFicha"));
     setFocusPolicy(Qt::StrongFocus);
@@ -30,7 +18,7 @@ CtlFicha::~CtlFicha() = default;
 
 void CtlFicha::keyPressEvent(QKeyEvent* event) {
     std::int16_t keyCode = static_cast<std::int16_t>(zlx::cKeyboard::VirtualKeyOf(event->key()));
-    std::int16_t shift = ShiftMask(event->modifiers());
+    std::int16_t shift = zlx::cKeyboard::ShiftMaskOf(event->modifiers());
     ControlKeyDown(keyCode, shift);
     if (keyCode == 0)
         event->accept();
@@ -40,7 +28,7 @@ void CtlFicha::keyPressEvent(QKeyEvent* event) {
 
 void CtlFicha::keyReleaseEvent(QKeyEvent* event) {
     std::int16_t keyCode = static_cast<std::int16_t>(zlx::cKeyboard::VirtualKeyOf(event->key()));
-    std::int16_t shift = ShiftMask(event->modifiers());
+    std::int16_t shift = zlx::cKeyboard::ShiftMaskOf(event->modifiers());
     ControlKeyUp(keyCode, shift);
     QWidget::keyReleaseEvent(event);
 }

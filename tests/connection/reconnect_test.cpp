@@ -26,8 +26,7 @@ protected:
     }
     // Ends every session of this process on the server, as a failing network would.
     void KillMySessions() const {
-        auto admin = std::make_shared<ado::Connection>();
-        admin->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + Server());
+        const ado::ConnectionPtr admin = NativeSession();
         long affected = 0;
         const QString me = QSysInfo::machineHostName() + ':' + QString::number(getpid());
         admin->Execute("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE "

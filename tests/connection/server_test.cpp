@@ -253,12 +253,6 @@ protected:
         Run("CREATE TABLE t (ZolmarID INT NOT NULL IDENTITY(1,1), n INT)");
     }
     void TearDown() override { DropDatabaseFromNewSession(); }
-    // A session of the server in its own dialect, outside the library.
-    ado::ConnectionPtr NativeSession() const {
-        auto session = std::make_shared<ado::Connection>();
-        session->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + Server());
-        return session;
-    }
 };
 
 TEST_P(PostgresConexion, BrokenLinkIsReconnectedAndTheStatementRunAgain) {

@@ -2,8 +2,7 @@
 // command per line of its input on "clientes": "update <id>" renames the record and stamps
 // its modification time, "delete <id>" deletes it. Answers "ok" (or "error") after each.
 
-#include "connection/cConexion.h"
-#include "platform/companion/RecordingMsgPresenter.h"
+#include "support/PeerWorkstation.h"
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -12,13 +11,9 @@
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
-    if (argc != 3) return 2;
-    zlx::RecordingMsgPresenter messages;
-    zlx::ScopedMsgPresenter scope(messages);
-    zlx::cConexion cn;
-    if (!cn.Init(zlx::zlxDataProvider_MSDE, QString::fromLocal8Bit(argv[2]),
-                 QString::fromLocal8Bit(argv[1])))
-        return 1;
+    zlx::test::PeerWorkstation station;
+    if (!station.Open(argc, argv)) return 1;
+    zlx::cConexion& cn = *station.cn;
     std::printf("ready\n");
     std::fflush(stdout);
     std::string command;

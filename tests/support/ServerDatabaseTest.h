@@ -42,6 +42,13 @@ protected:
         cleanup.Execute("DROP DATABASE " + m_database, 0, Variant(0), true);
     }
 
+    // A session of the server in its own dialect, outside the library.
+    ado::ConnectionPtr NativeSession() const {
+        auto session = std::make_shared<ado::Connection>();
+        session->Open("Provider=SQLOLEDB.1;SQL Dialect=Native;Server=" + Server());
+        return session;
+    }
+
     void Run(const QString& sql) {
         m_cn->Execute(sql);
         ASSERT_EQ(m_cn->GetLastError(), 0) << sql.toStdString();

@@ -13,8 +13,14 @@ ScriptFicha::ScriptFicha(ScriptForm& form) : m_form(&form), m_ctl(new CtlFicha(&
     m_ctl->SetEvents(&m_events);
 }
 
+ScriptFicha::ScriptFicha(QWidget& form, CtlFicha& toolbar, I_CtlFichaEvents& formHandlers)
+    : m_form(&form), m_ctl(&toolbar), m_formHandlers(&formHandlers) {
+    m_events.ForwardTo(m_formHandlers);
+    m_ctl->SetEvents(&m_events);
+}
+
 ScriptFicha::~ScriptFicha() {
-    if (m_ctl) m_ctl->SetEvents(nullptr);
+    if (m_ctl) m_ctl->SetEvents(m_formHandlers);
 }
 
 CtlFicha& ScriptFicha::Ctl() const {

@@ -18,6 +18,9 @@ class ScriptFicha : public QObject, public Object {
 
 public:
     explicit ScriptFicha(ScriptForm& form);
+    // The toolbar of an application's own form: the script sees its events first, then the
+    // form's handlers get them as before.
+    ScriptFicha(QWidget& form, CtlFicha& toolbar, I_CtlFichaEvents& formHandlers);
     ~ScriptFicha() override;
 
     QString TypeName() const override { return QStringLiteral("CtlFicha"); }
@@ -55,6 +58,7 @@ private:
 
     QPointer<QWidget> m_form;
     QPointer<CtlFicha> m_ctl;
+    I_CtlFichaEvents* m_formHandlers = nullptr;
     ScriptFichaEvents m_events{*this};
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 // Hands the record toolbar's events to the script's toolbar object, which raises each one as
-// its signal of the same name.
+// its signal of the same name, and then to the form's own handlers when the form has them.
 
 #include "form/I_CtlFichaEvents.h"
 
@@ -11,6 +11,7 @@ class ScriptFicha;
 class ScriptFichaEvents : public I_CtlFichaEvents {
 public:
     explicit ScriptFichaEvents(ScriptFicha& target) : m_target(target) {}
+    void ForwardTo(I_CtlFichaEvents* next) { m_next = next; }
 
     void AfterMove(int nButton) override;
     void BeforeMove(int& nButton) override;
@@ -35,6 +36,7 @@ public:
 
 private:
     ScriptFicha& m_target;
+    I_CtlFichaEvents* m_next = nullptr;
 };
 
 } // namespace zlx

@@ -74,4 +74,12 @@ bool cKeyboard::AreKeysDown(std::initializer_list<int> keys) const {
     return true;
 }
 
+std::int16_t cKeyboard::ShiftMaskOf(Qt::KeyboardModifiers modifiers) {
+    std::int16_t mask = 0;
+    if (modifiers.testFlag(Qt::ShiftModifier)) mask |= 1;
+    if (modifiers.testFlag(Qt::ControlModifier)) mask |= 2;
+    if (modifiers.testFlag(Qt::AltModifier)) mask |= 4;
+    return mask;
+}
+
 } // namespace zlx

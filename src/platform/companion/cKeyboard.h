@@ -4,6 +4,7 @@
 
 #include "platform/variant/Variant.h"
 
+#include <QtCore/qnamespace.h>
 #include <initializer_list>
 
 namespace zlx {
@@ -23,6 +24,8 @@ public:
 
     // The virtual-key code of a Qt key (0 when it has none).
     static int VirtualKeyOf(int qtKey);
+    // The modifier mask of the key handlers: 1 Shift, 2 Ctrl, 4 Alt.
+    static std::int16_t ShiftMaskOf(Qt::KeyboardModifiers modifiers);
 };
 
 using cKeyboardPtr = std::shared_ptr<cKeyboard>;

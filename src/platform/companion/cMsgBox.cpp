@@ -12,6 +12,13 @@ void cMsgBox::SetButtonCaptions(const QString& cYes, const QString& cNo, const Q
     m_captions = {cYes, cNo, cCancel, cRetry, cContinue};
 }
 
+MsgRequest cMsgBox::Request(const QString& text, const QString& title) {
+    MsgRequest request;
+    request.text = text;
+    request.title = title;
+    return request;
+}
+
 std::int32_t cMsgBox::Present(MsgRequest request) const {
     request.icon = m_icon;
     request.fontName = m_fontName;
@@ -21,27 +28,21 @@ std::int32_t cMsgBox::Present(MsgRequest request) const {
 }
 
 std::int32_t cMsgBox::ShowMessage(const QString& cText, std::int32_t nTipo, const QString& cTitle) {
-    MsgRequest request;
-    request.text = cText;
+    MsgRequest request = Request(cText, cTitle);
     request.buttons = nTipo;
-    request.title = cTitle;
     return Present(std::move(request));
 }
 
 std::int32_t cMsgBox::ShowTimedMessage(const QString& cText, const QString& cTitle,
                                        int nMilliseconds) {
-    MsgRequest request;
-    request.text = cText;
-    request.title = cTitle;
+    MsgRequest request = Request(cText, cTitle);
     request.timeoutMs = nMilliseconds;
     return Present(std::move(request));
 }
 
 std::int32_t cMsgBox::ShowConfirmation(const QString& cText, const QString& cCheckText,
                                        const QString& cTitle) {
-    MsgRequest request;
-    request.text = cText;
-    request.title = cTitle;
+    MsgRequest request = Request(cText, cTitle);
     request.checkText = cCheckText;
     return Present(std::move(request));
 }

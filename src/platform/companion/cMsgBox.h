@@ -30,6 +30,7 @@ public:
                                   const QString& cTitle = QString());
 
 private:
+    static MsgRequest Request(const QString& text, const QString& title);
     std::int32_t Present(MsgRequest request) const;
     std::int32_t m_icon = MsgIconInformation;
     QString m_fontName;
