@@ -108,6 +108,17 @@ TEST_F(MdbImport, TheJetProviderRefusesAnAccessFileNamingTheImportUntilItIsConve
     EXPECT_EQ(FileBytes(m_file), m_original); // looked at, never touched
     m_messages.Clear();
 
+    // Access 2007's files are refused in the same words.
+    const QString accdb = m_dir.filePath(QStringLiteral("nuevo.accdb"));
+    QFile file(accdb);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(QByteArray("\0\1\0\0Standard ACE DB\0", 20) + QByteArray(4076, '\0'));
+    file.close();
+    EXPECT_FALSE(refused.Init(zlxDataProvider_JET40, accdb));
+    ASSERT_EQ(m_messages.Messages().size(), 1u);
+    EXPECT_TRUE(m_messages.Last().text.contains("conviértalo con: zolmar mdb-import " + accdb));
+    m_messages.Clear();
+
     ASSERT_EQ(Import(m_file).exitCode, 0);
     cConexion cn;
     ASSERT_TRUE(cn.Init(zlxDataProvider_JET40, m_file));
