@@ -6,6 +6,7 @@
 #include "platform/workbook/XlsxSheetParser.h"
 #include "platform/workbook/ZipPackage.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 #include <map>
@@ -29,7 +30,7 @@ Format FormatOf(const QString& path) {
 } // namespace
 
 Workbook::Workbook(const QString& path, std::vector<Sheet> sheets, bool readOnly)
-    : m_path(path), m_readOnly(readOnly) {
+    : m_path(path), m_stamp(FileStamp()), m_readOnly(readOnly) {
     for (Sheet& sheet : sheets)
         m_tables.emplace_back(m_sheets.emplace_back(std::move(sheet)));
 }
@@ -54,6 +55,11 @@ std::unique_ptr<Workbook> Workbook::Open(const QString& path) {
     throw WorkbookError(QStringLiteral("External table is not in the expected format."));
 }
 
+QString Workbook::FileStamp() const {
+    const QFileInfo file(m_path);
+    return file.lastModified().toString(Qt::ISODateWithMs) + u'/' + QString::number(file.size());
+}
+
 void Workbook::Save() {
     std::map<QString, QByteArray> parts;
     std::map<Sheet*, QString> texts;
@@ -63,7 +69,11 @@ void Workbook::Save() {
         parts[sheet.layout.part] = texts[&sheet].toUtf8();
     }
     if (parts.empty()) return;
+    if (FileStamp() != m_stamp)
+        throw WorkbookError(QStringLiteral("The workbook was changed by another program after it "
+                                           "was opened. Open it again to change it."));
     ZipPackage::ReplaceParts(m_path, parts);
+    m_stamp = FileStamp();
     // The rewritten parts are what the next change is written into.
     const XlsxSheetParser parser(m_xlsx.sharedStrings, m_xlsx.styles, m_xlsx.dateOffset);
     for (auto& [sheet, text] : texts) {

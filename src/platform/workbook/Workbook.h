@@ -21,14 +21,18 @@ public:
     bool ReadOnly() const { return m_readOnly; }
     std::deque<SheetTable>& Tables() { return m_tables; }
 
-    // Writes every changed sheet into the file. Throws WorkbookError; the file is then as
-    // it was before.
+    // Writes every changed sheet into the file. Throws WorkbookError, leaving the file as it
+    // was, also when another program saved the file after this one read or wrote it: writing
+    // the sheets read before would undo that program's changes.
     void Save();
 
 private:
     Workbook(const QString& path, std::vector<Sheet> sheets, bool readOnly);
+    // What tells that the file changed: its time of change and size.
+    QString FileStamp() const;
 
     QString m_path;
+    QString m_stamp;
     bool m_readOnly;
     XlsxContents m_xlsx; // the .xlsx parts the sheets are read with (its sheets moved out)
     std::deque<Sheet> m_sheets;

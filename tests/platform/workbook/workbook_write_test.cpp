@@ -79,6 +79,25 @@ TEST_F(WorkbookWrite, TransactionsWriteOnCommitOnly) {
               QStringList({"C1|2", "C9|NULL"}));
 }
 
+// A connection that read the workbook before another one saved it would write back the old
+// sheet over the other's change: it is refused until the workbook is opened again.
+TEST_F(WorkbookWrite, AChangeOverAnotherConnectionsSaveIsRefused) {
+    auto first = std::move(m_cn);
+    Open(m_path);
+    ado::DiscardingSink discard;
+    first->ExecuteInto("UPDATE [Clientes$] SET Nombre = 'Ana María' WHERE Codigo = 'C1'", discard);
+    const QByteArray saved = Bytes(m_path);
+    EXPECT_EQ(ErrorOf("UPDATE [Clientes$] SET Importe = 5 WHERE Codigo = 'C2'"),
+              "The workbook was changed by another program after it was opened. Open it again "
+              "to change it.");
+    EXPECT_EQ(Bytes(m_path), saved);
+
+    Open(m_path);
+    Run("UPDATE [Clientes$] SET Importe = 5 WHERE Codigo = 'C2'");
+    EXPECT_EQ(Query("SELECT Nombre, Importe FROM [Clientes$] WHERE Codigo IN ('C1', 'C2')").rows,
+              QStringList({"Ana María|150.5", "Bernardo|5"}));
+}
+
 TEST_F(WorkbookWrite, DeleteIsRefusedAndTheWorkbookKept) {
     const QByteArray before = Bytes(m_path);
     EXPECT_EQ(ErrorOf("DELETE FROM [Clientes$] WHERE Codigo = 'C1'"),
