@@ -7,6 +7,10 @@
 namespace zlx::workbook {
 
 struct CellReference {
+    // The largest sheet a workbook holds: XFD1048576.
+    static constexpr int kLastColumn = 16384;
+    static constexpr int kLastRow = 1048576;
+
     int row = 0;
     int column = 0;
 

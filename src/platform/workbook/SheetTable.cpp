@@ -38,6 +38,7 @@ void SheetTable::FindRange() {
     }
     m_headerRow = header;
     m_rowCount = lastRow - header;
+    last = std::min(last, first + kMaxColumns - 1);
     QSet<QString> taken;
     for (int column = first; column <= last; ++column) {
         const CellValue* title = Cell(header, column);

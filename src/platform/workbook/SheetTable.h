@@ -21,6 +21,8 @@ class SheetTable {
 public:
     // How many records the column types are guessed from (Jet read as many by default).
     static constexpr int kGuessedRows = 8;
+    // Columns past this many from the first are not part of the table, as with Jet.
+    static constexpr int kMaxColumns = 255;
 
     explicit SheetTable(Sheet& sheet);
 

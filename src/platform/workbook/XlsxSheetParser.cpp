@@ -117,9 +117,11 @@ void XlsxSheetParser::Parse(Sheet& sheet) const {
             } else if (xml.name() == u"sheetData") {
                 layout.sheetData = {scanner.TokenStart(), -1};
                 layout.prefix = xml.prefix().isEmpty() ? QString() : xml.prefix().toString() + u':';
-            } else if (xml.name() == u"row") {
+            } else if (xml.name() == u"row" && !row && layout.sheetData.Found() &&
+                       layout.sheetData.end < 0) {
                 const int number = attributes.value(QLatin1String("r")).toInt();
-                rowNumber = number > 0 ? number : rowNumber + 1;
+                rowNumber =
+                    number > 0 && number <= CellReference::kLastRow ? number : rowNumber + 1;
                 columnNumber = 0;
                 row = &layout.rows[rowNumber];
                 row->element = {scanner.TokenStart(), -1};
