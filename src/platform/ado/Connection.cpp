@@ -8,6 +8,8 @@
 #include "platform/tsql/TsqlSession.h"
 #include "platform/workbook/WorkbookDriver.h"
 
+#include <QAbstractEventDispatcher>
+
 namespace zlx::ado {
 
 namespace {
@@ -159,7 +161,9 @@ void Connection::Open(const QString& connectionString, const QString& user, cons
         } catch (const AdoError& error) {
             m_connectError = std::make_unique<AdoError>(error);
         }
-        m_connectTimer.start();
+        // Without an event loop in this thread (a program with no QCoreApplication), State()
+        // polls instead.
+        if (QAbstractEventDispatcher::instance()) m_connectTimer.start();
     });
 }
 
