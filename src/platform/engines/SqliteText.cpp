@@ -1,5 +1,7 @@
 #include "platform/engines/SqliteText.h"
 
+#include "platform/engines/SqliteArithmetic.h"
+#include "platform/engines/SqliteDates.h"
 #include "platform/engines/TextOrder.h"
 
 #include <QString>
@@ -195,6 +197,8 @@ void Install(sqlite3* db) {
     for (const auto& f : functions)
         sqlite3_create_function(db, f.name, f.arguments, flags, nullptr, f.function, nullptr,
                                 nullptr);
+    SqliteDates::Install(db);
+    SqliteArithmetic::Install(db);
 }
 
 } // namespace zlx::ado::SqliteText

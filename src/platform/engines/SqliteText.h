@@ -9,7 +9,8 @@ struct sqlite3;
 namespace zlx::ado::SqliteText {
 
 // Replaces the connection's NOCASE collation and its like(), upper(), lower() and replace()
-// functions, and adds charindex().
+// functions, and adds charindex(), the date functions of SqliteDates and the checked divisor
+// of SqliteArithmetic.
 void Install(sqlite3* db);
 
 // The collation: < 0, 0, > 0 as UTF-8 text a sorts before, with or after b.

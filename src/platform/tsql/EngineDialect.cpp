@@ -5,6 +5,8 @@
 #include "platform/tsql/SqliteDialect.h"
 #include "platform/variant/ZlxAssert.h"
 
+#include <QRegularExpression>
+
 namespace zlx::tsql {
 
 std::unique_ptr<EngineDialect> EngineDialect::For(const ado::Driver& driver, EngineAccess* access) {
@@ -36,6 +38,20 @@ const FunctionSpelling* EngineDialect::FindFunction(const QString& name) const {
     return nullptr;
 }
 
+QString EngineDialect::Cast(const QString& value, const QString& type, bool textLiteral) const {
+    static const QStringList integers = {QStringLiteral("INT"), QStringLiteral("INTEGER"),
+                                         QStringLiteral("BIGINT"), QStringLiteral("SMALLINT"),
+                                         QStringLiteral("TINYINT")};
+    const QString engineType = CastType(type);
+    if (engineType.isEmpty()) return {};
+    if (!textLiteral && integers.contains(type)) return TruncatingCast(value, engineType);
+    return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
+}
+
+QString EngineDialect::TruncatingCast(const QString& value, const QString& engineType) const {
+    return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
+}
+
 QString EngineDialect::IndexSchemaOf(const QString& tsqlTable) const {
     if (!SchemaOnIndexName()) return QString();
     const QString name = Access().EngineObjectName(tsqlTable);
@@ -48,6 +64,19 @@ ado::AdoError EngineDialect::MapError(const ado::AdoError& error) const {
     for (const ado::ErrorRecord& record : error.Records())
         records.push_back(MapRecord(record));
     return ado::AdoError(error.Number(), error.Description(), std::move(records));
+}
+
+QString RangeCheck(const QString& column, std::int32_t native, const QString& condition) {
+    QString name = column;
+    name.remove(u'"');
+    return QStringLiteral("CONSTRAINT \"zlx_%1_%2\" CHECK (%3)").arg(native).arg(name, condition);
+}
+
+std::int32_t RangeCheckNumber(const QString& engineMessage) {
+    static const QRegularExpression check(QStringLiteral("check constraint.*zlx_(\\d+)_"),
+                                          QRegularExpression::CaseInsensitiveOption);
+    const auto match = check.match(engineMessage);
+    return match.hasMatch() ? match.captured(1).toInt() : 0;
 }
 
 QString SqlString(const QString& value) {

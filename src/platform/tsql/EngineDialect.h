@@ -6,6 +6,7 @@
 // TsqlSession ask their dialect and hold no engine branches; a new engine is a new subclass.
 
 #include "platform/engines/AdoError.h"
+#include "platform/engines/SqlServerDates.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/variant/Variant.h"
 
@@ -50,8 +51,8 @@ struct IdentitySpelling {
     std::optional<std::int64_t> start; // the session sets the counter after CREATE TABLE
 };
 
-// DATEPART's units, named as T-SQL's long forms.
-enum class DateUnit { Year, Month, Day, Hour, Minute, Second };
+using ado::DateOrder;
+using ado::DateUnit;
 
 class EngineDialect {
 public:
@@ -66,13 +67,42 @@ public:
     virtual QString QuoteName(const QString& name) const;
     // The engine's spelling of a function call, nullptr when it stays as written.
     const FunctionSpelling* FindFunction(const QString& name) const;
-    virtual QString DatePart(DateUnit unit, const QString& value) const = 0;
+    // The date functions; `value` is a date expression or a date literal of DateLiteral,
+    // `dateFirst` SET DATEFIRST.
+    virtual QString DatePart(DateUnit unit, const QString& value, int dateFirst) const = 0;
+    virtual QString DateName(DateUnit unit, const QString& value, int dateFirst,
+                             bool spanish) const = 0;
+    virtual QString DateAdd(DateUnit unit, const QString& count, const QString& value) const = 0;
+    virtual QString DateDiff(DateUnit unit, const QString& from, const QString& to) const = 0;
+    // value + days (days may be negative or a fraction).
+    virtual QString DatePlusDays(const QString& value, const QString& days) const = 0;
+    // EOMONTH(value, months): the last day of the month `months` after value's.
+    virtual QString EndOfMonth(const QString& value, const QString& months) const = 0;
+    // CONVERT(VARCHAR, value, style), for a style that StyleFormat knows.
+    virtual QString DateText(const QString& value, int style) const = 0;
+    // A text read as a date in `order`; ISDATE of a text (empty: not supported).
+    virtual QString TextToDate(const QString& text, DateOrder order) const = 0;
+    virtual QString IsDate(const QString& text, DateOrder order) const = 0;
+    // A date literal written 'yyyy-mm-dd hh:mm:ss[.mmm]' as a date value.
+    virtual QString DateLiteral(const QString& isoLiteral) const = 0;
     // CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME): x's date at midnight.
     virtual QString DateOnly(const QString& value) const = 0;
     // The engine's type for CAST(x AS type), type in upper case; empty: not supported.
     virtual QString CastType(const QString& type) const = 0;
+    // CAST(value AS type), type in upper case, truncating to an integer type as SQL Server does
+    // (`textLiteral`: value is a text literal, which must hold an integer); empty: not supported.
+    QString Cast(const QString& value, const QString& type, bool textLiteral) const;
     // The engine's type for a column declared `type` in CREATE/ALTER TABLE; empty: as written.
     virtual QString ColumnType(const QString&) const { return {}; }
+    // What follows a column of T-SQL type `type` (upper case, with its length) so that the
+    // engine holds its values to SQL Server's limits: a named check whose name, zlx_<n>_...,
+    // carries SQL Server's error number. Empty: the engine's type holds them itself.
+    virtual QString ColumnCheck(const QString& column, const QString& type) const {
+        (void)column, (void)type;
+        return {};
+    }
+    // Whether a column added by ALTER TABLE ... ADD may carry its ColumnCheck.
+    virtual bool ChecksAddedColumns() const { return true; }
     // Whether the engine's spelling of column type `type` keeps the length written after it.
     virtual bool KeepsTypeLength(const QString&) const { return true; }
     // A binary literal (T-SQL 0x00FF10) of `hexDigits`, an even number of lower-case digits.
@@ -99,6 +129,14 @@ public:
     // descending, as on SQL Server; empty: the engine orders them so already.
     virtual QString NullsOrder(bool descending) const {
         (void)descending;
+        return {};
+    }
+    // CAST(value AS engineType), an integer type: the fraction dropped, not rounded.
+    virtual QString TruncatingCast(const QString& value, const QString& engineType) const;
+    // The divisor of "/" and "%" checked for zero, for an engine whose division by zero is no
+    // error; empty (for any divisor): the engine fails itself.
+    virtual QString CheckedDivisor(const QString& divisor) const {
+        (void)divisor;
         return {};
     }
     // Whether DEFAULT may stand for a value in VALUES and SET lists.
@@ -129,6 +167,10 @@ public:
     }
     // SQL counting the text columns named `column` (a quoted string) in the database.
     virtual QString TextColumnCount(const QString& column) const = 0;
+    // SQL counting the date columns named `column` (a quoted string) in the database.
+    virtual QString DateColumnCount(const QString& column) const = 0;
+    // SQL counting the integer columns named `column` (a quoted string) in the database.
+    virtual QString IntegerColumnCount(const QString& column) const = 0;
     // SQL counting the columns named `column` that accept NULL (1 when no table has one), for
     // dialects with NullsOrder.
     virtual QString NullableColumnCount(const QString& column) const {
@@ -186,6 +228,11 @@ private:
 
 // A string literal of `value`.
 QString SqlString(const QString& value);
+// A column check named zlx_<native>_<column>, so that its failure is reported as SQL Server's
+// error `native`.
+QString RangeCheck(const QString& column, std::int32_t native, const QString& condition);
+// The SQL Server error a failed check of RangeCheck's stands for; 0 for any other failure.
+std::int32_t RangeCheckNumber(const QString& engineMessage);
 // `pattern` with %1, %2... replaced by the arguments, in one pass.
 QString FillPattern(const char* pattern, const QStringList& arguments);
 

@@ -75,14 +75,6 @@ QString PostgresDialect::QuoteName(const QString& name) const {
     return EngineDialect::QuoteName(name.toLower());
 }
 
-QString PostgresDialect::DatePart(DateUnit unit, const QString& value) const {
-    static const std::map<DateUnit, const char*> fields = {
-        {DateUnit::Year, "YEAR"}, {DateUnit::Month, "MONTH"},   {DateUnit::Day, "DAY"},
-        {DateUnit::Hour, "HOUR"}, {DateUnit::Minute, "MINUTE"}, {DateUnit::Second, "SECOND"}};
-    return QStringLiteral("CAST(FLOOR(EXTRACT(%1 FROM %2)) AS INTEGER)")
-        .arg(QLatin1StringView(fields.at(unit)), value);
-}
-
 QString PostgresDialect::DateOnly(const QString& value) const {
     return QStringLiteral("date_trunc('day', %1)").arg(value);
 }
@@ -93,6 +85,18 @@ QString PostgresDialect::CastType(const QString& type) const {
                text->length + u')';
     if (type.startsWith(u"DECIMAL") || type.startsWith(u"NUMERIC")) return type.toLower();
     return LookUpType(kCastTypes, type);
+}
+
+// PostgreSQL rounds a fraction cast to an integer; SQL Server drops it.
+QString PostgresDialect::TruncatingCast(const QString& value, const QString& engineType) const {
+    return QStringLiteral("CAST(trunc(CAST(%1 AS numeric)) AS %2)").arg(value, engineType);
+}
+
+// TINYINT is a smallint held to 0-255.
+QString PostgresDialect::ColumnCheck(const QString& column, const QString& type) const {
+    if (type != u"TINYINT") return {};
+    return RangeCheck(column, ado::kNativeTypeOverflow,
+                      column + QStringLiteral(" BETWEEN 0 AND 255"));
 }
 
 QString PostgresDialect::ColumnType(const QString& type) const {
@@ -201,6 +205,16 @@ QString CountColumnsNamed(const QString& column, const char* what) {
 QString PostgresDialect::TextColumnCount(const QString& column) const {
     return CountColumnsNamed(column, "count(*) FILTER (WHERE data_type IN ('character varying', "
                                      "'character', 'text'))");
+}
+
+QString PostgresDialect::DateColumnCount(const QString& column) const {
+    return CountColumnsNamed(column, "count(*) FILTER (WHERE data_type LIKE 'timestamp%' OR "
+                                     "data_type = 'date')");
+}
+
+QString PostgresDialect::IntegerColumnCount(const QString& column) const {
+    return CountColumnsNamed(column, "count(*) FILTER (WHERE data_type IN ('integer', "
+                                     "'smallint', 'bigint'))");
 }
 
 // A name no table has (an alias of the select list, say) counts as a column that may be NULL.

@@ -11,9 +11,21 @@ public:
     explicit PostgresDialect(EngineAccess* access = nullptr) : EngineDialect(access) {}
 
     QString QuoteName(const QString& name) const override;
-    QString DatePart(DateUnit unit, const QString& value) const override;
+    QString DatePart(DateUnit unit, const QString& value, int dateFirst) const override;
+    QString DateName(DateUnit unit, const QString& value, int dateFirst,
+                     bool spanish) const override;
+    QString DateAdd(DateUnit unit, const QString& count, const QString& value) const override;
+    QString DateDiff(DateUnit unit, const QString& from, const QString& to) const override;
+    QString DatePlusDays(const QString& value, const QString& days) const override;
+    QString EndOfMonth(const QString& value, const QString& months) const override;
+    QString DateText(const QString& value, int style) const override;
+    QString TextToDate(const QString& text, DateOrder order) const override;
+    QString IsDate(const QString& text, DateOrder order) const override;
+    QString DateLiteral(const QString& isoLiteral) const override;
+    QString TruncatingCast(const QString& value, const QString& engineType) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
+    QString ColumnCheck(const QString& column, const QString& type) const override;
     QString ColumnType(const QString& type) const override;
     bool KeepsTypeLength(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
@@ -28,6 +40,8 @@ public:
     QStringList CatalogStatements(const QString& applicationName) override;
     QString DatabaseAlias(const QString& database) override;
     QString TextColumnCount(const QString& column) const override;
+    QString DateColumnCount(const QString& column) const override;
+    QString IntegerColumnCount(const QString& column) const override;
     QString NullableColumnCount(const QString& column) const override;
     void CreateDatabase(const QString& database) override;
     void DropDatabase(const QString& database) override;

@@ -61,14 +61,6 @@ std::span<const FunctionSpelling> SqliteDialect::Functions() const {
     return kFunctions;
 }
 
-QString SqliteDialect::DatePart(DateUnit unit, const QString& value) const {
-    static const std::map<DateUnit, const char*> formats = {
-        {DateUnit::Year, "%Y"}, {DateUnit::Month, "%m"},  {DateUnit::Day, "%d"},
-        {DateUnit::Hour, "%H"}, {DateUnit::Minute, "%M"}, {DateUnit::Second, "%S"}};
-    return QStringLiteral("CAST(strftime('%1', %2) AS INTEGER)")
-        .arg(QLatin1StringView(formats.at(unit)), value);
-}
-
 QString SqliteDialect::DateOnly(const QString& value) const {
     return QStringLiteral("datetime(date(%1))").arg(value);
 }
@@ -78,6 +70,23 @@ QString SqliteDialect::CastType(const QString& type) const {
     if (type.startsWith(u"DECIMAL") || type.startsWith(u"NUMERIC"))
         return QStringLiteral("NUMERIC");
     return LookUpType(kCastTypes, type);
+}
+
+// SQLite stores any text in any column: a text's length and an integer's range are checked.
+QString SqliteDialect::ColumnCheck(const QString& column, const QString& type) const {
+    if (const auto text = SizedTextType(type))
+        return RangeCheck(column, ado::kNativeTruncation,
+                          QStringLiteral("length(rtrim(%1)) <= %2").arg(column, text->length));
+    if (type == u"TINYINT")
+        return RangeCheck(column, ado::kNativeTypeOverflow,
+                          column + QStringLiteral(" BETWEEN 0 AND 255"));
+    if (type == u"SMALLINT")
+        return RangeCheck(column, ado::kNativeTypeOverflow,
+                          column + QStringLiteral(" BETWEEN -32768 AND 32767"));
+    if (type == u"INT" || type == u"INTEGER")
+        return RangeCheck(column, ado::kNativeArithmeticOverflow,
+                          column + QStringLiteral(" BETWEEN -2147483648 AND 2147483647"));
+    return {};
 }
 
 // Text columns compare without regard to case: the driver makes NOCASE fold every letter.
@@ -102,12 +111,26 @@ IdentitySpelling SqliteDialect::Identity(std::int64_t seed, std::int64_t step) c
     return spelling;
 }
 
+// SQLite divides by zero into NULL.
+QString SqliteDialect::CheckedDivisor(const QString& divisor) const {
+    return QStringLiteral("zlx_divisor(%1)").arg(divisor);
+}
+
 QString SqliteDialect::Autoincrement() const {
     return QStringLiteral("INTEGER");
 }
 
 ado::SqliteServerFolder SqliteDialect::Folder() const {
     return ado::SqliteServerFolder(Access().ConnectTarget());
+}
+
+bool SqliteDialect::IsServerFolder() const {
+    // Only a folder found is kept: a folder made after the first question is still seen.
+    const QString target = Access().ConnectTarget();
+    if (m_serverFolder && target == m_folderTarget) return true;
+    m_folderTarget = target;
+    m_serverFolder = Folder().IsFolder();
+    return m_serverFolder;
 }
 
 QStringList SqliteDialect::CatalogStatements(const QString&) {
@@ -233,11 +256,26 @@ QString SqliteDialect::ColumnDefault(const QString& table, const QString& column
     return QString();
 }
 
-QString SqliteDialect::TextColumnCount(const QString& column) const {
+// SQL counting the columns named `column` of the database whose declared type matches
+// `typeCondition` (over upper(p.type)).
+QString SqliteDialect::ColumnCount(const QString& column, const char* typeCondition) {
     return QStringLiteral("SELECT count(*) FROM main.sqlite_master m, pragma_table_info(m.name) "
                           "p WHERE m.type IN ('table', 'view') AND p.name = %1 COLLATE NOCASE "
-                          "AND (upper(p.type) LIKE '%CHAR%' OR upper(p.type) LIKE '%TEXT%')")
-        .arg(column);
+                          "AND (%2)")
+        .arg(column, QLatin1StringView(typeCondition));
+}
+
+QString SqliteDialect::TextColumnCount(const QString& column) const {
+    return ColumnCount(column, "upper(p.type) LIKE '%CHAR%' OR upper(p.type) LIKE '%TEXT%'");
+}
+
+QString SqliteDialect::DateColumnCount(const QString& column) const {
+    return ColumnCount(column, "upper(p.type) LIKE '%DATE%'");
+}
+
+QString SqliteDialect::IntegerColumnCount(const QString& column) const {
+    return ColumnCount(column, "upper(p.type) IN ('INT', 'INTEGER', 'SMALLINT', 'TINYINT', "
+                               "'BIGINT')");
 }
 
 void SqliteDialect::CreateDatabase(const QString& database) {
@@ -307,9 +345,20 @@ bool SqliteDialect::RunDefinition(const Tokens& statement) {
         return true;
     }
     if (statement.size() > 6 && statement[3].IsWord(u"ALTER") && statement[4].IsWord(u"COLUMN")) {
+        // The type is its word and the length in parentheses that may follow it.
+        size_t typeEnd = 7;
+        if (typeEnd < statement.size() && statement[typeEnd].IsSymbol(u"(")) {
+            while (typeEnd < statement.size() && !statement[typeEnd].IsSymbol(u")"))
+                ++typeEnd;
+            typeEnd = std::min(typeEnd + 1, statement.size());
+        }
+        const QString type = TokensToSql(Tokens(statement.begin() + 6, statement.begin() + typeEnd))
+                                 .simplified()
+                                 .toUpper();
         Rebuilder(access.EngineObjectName(statement[2].text))
             .ChangeType(statement[5].text,
-                        TokensToSql(Tokens(statement.begin() + 6, statement.end())).trimmed());
+                        TokensToSql(Tokens(statement.begin() + 6, statement.end())).trimmed(),
+                        ColumnCheck(statement[5].text, type));
         return true;
     }
     if (statement.size() == 6 && statement[3].IsWord(u"DROP") &&

@@ -14,9 +14,24 @@ class SqliteDialect : public EngineDialect {
 public:
     explicit SqliteDialect(EngineAccess* access = nullptr) : EngineDialect(access) {}
 
-    QString DatePart(DateUnit unit, const QString& value) const override;
+    QString DatePart(DateUnit unit, const QString& value, int dateFirst) const override;
+    QString DateName(DateUnit unit, const QString& value, int dateFirst,
+                     bool spanish) const override;
+    QString DateAdd(DateUnit unit, const QString& count, const QString& value) const override;
+    QString DateDiff(DateUnit unit, const QString& from, const QString& to) const override;
+    QString DatePlusDays(const QString& value, const QString& days) const override;
+    QString EndOfMonth(const QString& value, const QString& months) const override;
+    QString DateText(const QString& value, int style) const override;
+    QString TextToDate(const QString& text, DateOrder order) const override;
+    QString IsDate(const QString& text, DateOrder order) const override;
+    QString DateLiteral(const QString& isoLiteral) const override;
+    QString CheckedDivisor(const QString& divisor) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
+    QString ColumnCheck(const QString& column, const QString& type) const override;
+    // SQLite checks an added column's constraint on the rows there with a query whose
+    // (empty) rowset the statement then reports.
+    bool ChecksAddedColumns() const override { return false; }
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString TextResultCollation() const override;
     QString CaseInsensitiveCollation() const override;
@@ -29,12 +44,14 @@ public:
     QStringList CatalogStatements(const QString& applicationName) override;
     void RefreshCatalog(const QString& batch) override;
     void DatabaseChanged() override { m_attached.clear(); } // a reopen drops every attachment
-    bool JetDates() const override { return !Folder().IsFolder(); }
+    bool JetDates() const override { return !IsServerFolder(); }
     QString DatabaseAlias(const QString& database) override;
-    bool KeepsLocksApart() const override { return Folder().IsFolder(); }
+    bool KeepsLocksApart() const override { return IsServerFolder(); }
     QString LocksSchema(const QString& database) override;
     QString ColumnDefault(const QString& table, const QString& column) override;
     QString TextColumnCount(const QString& column) const override;
+    QString DateColumnCount(const QString& column) const override;
+    QString IntegerColumnCount(const QString& column) const override;
     bool RefusalKeepsTransaction() const override { return true; }
     void CreateDatabase(const QString& database) override;
     void DropDatabase(const QString& database) override;
@@ -53,6 +70,7 @@ protected:
     std::span<const FunctionSpelling> Functions() const override;
 
 private:
+    static QString ColumnCount(const QString& column, const char* typeCondition);
     ado::SqliteServerFolder Folder() const;
     void RequireDatabaseFile(const QString& database) const;
     void Attach(const QString& file, const QString& alias);
@@ -60,6 +78,11 @@ private:
     SqliteTableRebuild Rebuilder(const QString& table);
 
     QStringList m_attached; // aliases of the attached files
+    // Whether the connection's target is a server folder; every translation asks, so the
+    // file system is asked again only while the answer is no.
+    bool IsServerFolder() const;
+    mutable QString m_folderTarget;
+    mutable bool m_serverFolder = false;
 };
 
 } // namespace zlx::tsql

@@ -53,6 +53,19 @@ void RemoveDefault(Tokens& definition) {
     }
 }
 
+// Takes off the checks named zlx_<number>_... that held the old type's limits.
+void RemoveLimitChecks(Tokens& definition) {
+    for (size_t i = 0; i + 3 < definition.size();) {
+        if (!definition[i].IsWord(u"CONSTRAINT") || !definition[i + 1].text.startsWith(u"zlx_") ||
+            !definition[i + 2].IsWord(u"CHECK")) {
+            ++i;
+            continue;
+        }
+        definition.erase(definition.begin() + i,
+                         definition.begin() + DefaultValueEnd(definition, i + 3));
+    }
+}
+
 Tokens WithLeadingBlank(Tokens tokens) {
     if (!tokens.empty()) tokens.front().leading = QStringLiteral(" ");
     return tokens;
@@ -63,7 +76,8 @@ Tokens WithLeadingBlank(Tokens tokens) {
 SqliteTableRebuild::SqliteTableRebuild(Runner run, QString schema, QString table)
     : m_run(std::move(run)), m_schema(std::move(schema)), m_table(std::move(table)) {}
 
-void SqliteTableRebuild::ChangeType(const QString& column, const QString& type) {
+void SqliteTableRebuild::ChangeType(const QString& column, const QString& type,
+                                    const QString& check) {
     Rebuild(column, [&](Tokens& definition) {
         size_t end = 1;
         while (end < definition.size() && !IsConstraintStart(definition[end]))
@@ -77,6 +91,11 @@ void SqliteTableRebuild::ChangeType(const QString& column, const QString& type) 
             typeTokens.insert(typeTokens.end(), collation.begin(), collation.end());
         }
         definition.insert(definition.begin() + 1, typeTokens.begin(), typeTokens.end());
+        RemoveLimitChecks(definition);
+        if (!check.isEmpty()) {
+            const Tokens clause = WithLeadingBlank(Tokenize(check));
+            definition.insert(definition.end(), clause.begin(), clause.end());
+        }
     });
 }
 

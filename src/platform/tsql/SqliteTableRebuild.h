@@ -15,7 +15,8 @@ public:
 
     SqliteTableRebuild(Runner run, QString schema, QString table);
 
-    void ChangeType(const QString& column, const QString& type);
+    // `check` replaces the column's checks of EngineDialect::ColumnCheck (none when empty).
+    void ChangeType(const QString& column, const QString& type, const QString& check);
     // An empty value removes the column's default.
     void ChangeDefault(const QString& column, const QString& value);
 

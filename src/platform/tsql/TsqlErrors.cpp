@@ -1,6 +1,7 @@
 #include "platform/tsql/TsqlErrors.h"
 
 #include "platform/engines/AdoConstants.h"
+#include "platform/tsql/EngineDialect.h"
 
 #include <QStringList>
 
@@ -47,6 +48,9 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"Cannot add a NOT NULL column", ado::kNativeNotNullColumnAdded},
     {"values were supplied", ado::kNativeMoreValuesThanColumns},
     {"values for", ado::kNativeMoreValuesThanColumns},
+    {"Conversion failed when converting date", ado::kNativeDateConversion},
+    {"Divide by zero error encountered", ado::kNativeDivideByZero},
+    {"datetime data type resulted in an out-of-range", ado::kNativeDateOutOfRange},
 };
 
 bool StartsWithWords(const Tokens& statement, std::initializer_list<QStringView> words) {
@@ -76,6 +80,7 @@ std::int32_t ConversionNumber(const QString& text) {
 std::int32_t ContextNumber(const ado::ErrorRecord& record, const Tokens& statement) {
     const QString& state = record.sqlState;
     const QString& text = record.description;
+    if (const std::int32_t checked = RangeCheckNumber(text)) return checked;
     const bool drops = StartsWithWords(statement, {u"DROP"});
     // A column that exists (SQLite's "duplicate column name", PostgreSQL's 42701) is 2705.
     if (state == u"42P07" || (text.contains(u"already exists") && state != u"42701")) {

@@ -116,6 +116,7 @@ void TsqlSession::UseDatabase(const QString& database) {
     m_dialect->DatabaseChanged();
     m_identityColumns.clear();
     m_textColumns.clear();
+    m_typedColumns.clear();
     m_nullableColumns.clear();
     Prepare();
 }
@@ -133,6 +134,8 @@ TranslationContext TsqlSession::Context() {
     TranslationContext context;
     context.dialect = m_dialect.get();
     context.dayMonthYear = m_dateFormat == u"dmy";
+    context.dateFirst = m_dateFirst;
+    context.spanishNames = SpanishNames();
     context.jetDates = m_dialect->JetDates();
     context.globalValue = [this](const QString& name) { return GlobalValue(name); };
     context.databaseAlias = [this](const QString& database) {
@@ -146,9 +149,22 @@ TranslationContext TsqlSession::Context() {
         return m_dialect->ColumnDefault(table, column);
     };
     context.isTextColumn = [this](const QString& column) { return IsTextColumn(column); };
+    context.isDateColumn = [this](const QString& column) {
+        return CountsColumn(m_typedColumns, QStringLiteral("date:") + column,
+                            m_dialect->DateColumnCount(SqlString(column)));
+    };
+    context.isIntegerColumn = [this](const QString& column) {
+        return CountsColumn(m_typedColumns, QStringLiteral("integer:") + column,
+                            m_dialect->IntegerColumnCount(SqlString(column)));
+    };
     if (!m_dialect->NullsOrder(false).isEmpty())
         context.mayBeNull = [this](const QString& column) { return MayBeNull(column); };
     return context;
+}
+
+bool TsqlSession::SpanishNames() const {
+    return m_language.startsWith(u"Espa", Qt::CaseInsensitive) ||
+           m_language.compare(u"Spanish", Qt::CaseInsensitive) == 0;
 }
 
 // Whether some table or view of the current database has a text column of that name.
@@ -279,6 +295,8 @@ TranslationContext TsqlSession::CheckingContext() {
     TranslationContext context;
     context.dialect = m_dialect.get();
     context.dayMonthYear = m_dateFormat == u"dmy";
+    context.dateFirst = m_dateFirst;
+    context.spanishNames = SpanishNames();
     context.jetDates = m_dialect->JetDates();
     context.globalValue = [this](const QString& name) { return GlobalValue(name); };
     return context;
@@ -295,6 +313,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
         if (statement.front().IsWord(word)) {
             m_identityColumns.clear();
             m_textColumns.clear();
+            m_typedColumns.clear();
             m_nullableColumns.clear();
         }
     }

@@ -69,6 +69,7 @@ private:
     TranslationContext Context();
     QString GlobalValue(const QString& name) const;
     void Prepare();
+    bool SpanishNames() const; // SET LANGUAGE names months and days in Spanish
     bool IsTextColumn(const QString& column);
     bool MayBeNull(const QString& column);
     // Whether `countSql` counts some column named `column`, remembered in `known`.
@@ -112,6 +113,7 @@ private:
     std::atomic<bool> m_cancelled{false};
     QHash<QString, QString> m_identityColumns; // table -> identity column ("" for none)
     QHash<QString, bool> m_textColumns;        // column name -> some table holds text in it
+    QHash<QString, bool> m_typedColumns;       // "date:c", "integer:c" -> some column c is so
     QHash<QString, bool> m_nullableColumns;    // column name -> some table lets it be NULL
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;

@@ -1,6 +1,7 @@
 #include "platform/tsql/TsqlTranslator.h"
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlDateFunctions.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/variant/ZlxAssert.h"
@@ -93,6 +94,7 @@ private:
     void PrepareDefinitions() {
         if (!IsDdl()) return;
         for (size_t i = 0; i < m_t.size(); ++i) {
+            AddColumnCheck(i);
             if (IsTextColumnType(i)) {
                 CollateWithoutCase(i);
             } else if (m_t[i].IsWord(u"DEFAULT") && At(i + 1) &&
@@ -101,6 +103,14 @@ private:
                 m_t[i + 1].kind = TokenKind::String;
                 m_t[i + 1].text = m_context.jetDates ? QStringLiteral("1899-12-30 00:00:00")
                                                      : QStringLiteral("1900-01-01 00:00:00");
+            } else if (m_t[i].IsWord(u"DEFAULT") && WordAt(i + 1, u"GETDATE") &&
+                       SymbolAt(i + 2, u"(")) {
+                // A call as a column's default goes in parentheses, which SQLite requires.
+                m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(Close(i + 2)) + 1,
+                           Raw(QStringLiteral(")")));
+                m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                           Raw(QStringLiteral("("), m_t[i + 1].leading));
+                m_t[i + 2].leading.clear();
             } else if (m_t[i].IsWord(u"IDENTITY") && SymbolAt(i + 1, u"(")) {
                 const size_t close = Close(i + 1);
                 const QString arguments =
@@ -126,6 +136,30 @@ private:
                 if (m_dialect.MarksAutoincrementKey()) MarkAutoincrementKey(i);
             }
         }
+    }
+
+    // A column type the engine does not hold to SQL Server's limits (a text's length, an
+    // integer's range) gets the engine's check after it. Not on ALTER COLUMN, nor on an identity.
+    void AddColumnCheck(size_t type) {
+        if (WordAt(3, u"ALTER") || type == 0 || m_t[type].kind != TokenKind::Word) return;
+        if (WordAt(0, u"ALTER") && !m_dialect.ChecksAddedColumns()) return;
+        const Token& column = m_t[type - 1];
+        if ((column.kind != TokenKind::Word && column.kind != TokenKind::QuotedName) ||
+            column.IsWord(u"AS") || column.IsWord(u"TABLE") || column.IsWord(u"COLUMN"))
+            return;
+        size_t end = type + 1;
+        if (SymbolAt(end, u"(")) end = Close(end) + 1;
+        const auto [first, last] = ColumnDefinitionAround(type);
+        for (size_t j = first; j < last; ++j)
+            if (m_t[j].IsWord(u"IDENTITY")) return;
+        const QString typeText =
+            TokensToSql(Tokens(m_t.begin() + type, m_t.begin() + end)).simplified().toUpper();
+        const QString check = m_dialect.ColumnCheck(
+            column.kind == TokenKind::QuotedName ? m_dialect.QuoteName(column.text) : column.text,
+            typeText);
+        if (!check.isEmpty())
+            m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end),
+                       Raw(check, QStringLiteral(" ")));
     }
 
     // Whether the column definition that `i` is part of has a date type.
@@ -343,6 +377,10 @@ private:
         case TokenKind::Word:
             return EmitName(i, end, out, limits);
         case TokenKind::String: {
+            if (const Token* number = NumberOperandBeside(i)) {
+                out += t.leading + TextAsNumber(t.text, *number);
+                return i + 1;
+            }
             const QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
             out += t.leading + QuoteString(!iso.isEmpty()           ? iso
                                            : DropsTrailingBlanks(i) ? WithoutTrailingBlanks(t.text)
@@ -364,6 +402,8 @@ private:
                 out += t.leading + QStringLiteral("||");
                 return i + 1;
             }
+            if ((t.IsSymbol(u"/") || t.IsSymbol(u"%")) && !m_dialect.CheckedDivisor({}).isEmpty())
+                return EmitCheckedDivisor(i, out);
             out += t.leading + t.text;
             return i + 1;
         case TokenKind::Number:
@@ -449,7 +489,57 @@ private:
 
     // A "+" joins text when a neighbour is a string literal, a text function's result or a
     // text column.
+    // The number that the text literal at `i` is an operand with (in '10' + 5, 5 * '2'), if
+    // any: the text then takes the number's type, as data-type precedence says.
+    const Token* NumberOperandBeside(size_t i) const {
+        static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs, u"/"_qs, u"%"_qs};
+        const auto isNumber = [](const Token* token) {
+            return token && token->kind == TokenKind::Number && !IsBinaryLiteral(*token);
+        };
+        const auto isOperator = [&](size_t k) {
+            return At(k) && At(k)->kind == TokenKind::Symbol && operators.contains(At(k)->text);
+        };
+        if (i >= 2 && isOperator(i - 1) && isNumber(At(i - 2))) return At(i - 2);
+        if (isOperator(i + 1) && isNumber(At(i + 2))) return At(i + 2);
+        return nullptr;
+    }
+
+    bool IsTextWithNumber(size_t i) const {
+        return At(i) && At(i)->kind == TokenKind::String && NumberOperandBeside(i);
+    }
+
+    // A text literal as a number of the type of `number`; SQL Server's error when it is none.
+    static QString TextAsNumber(const QString& text, const Token& number) {
+        static const QRegularExpression integer(QStringLiteral(R"(^\s*[+-]?\d+\s*$)"));
+        static const QRegularExpression decimal(
+            QStringLiteral(R"(^\s*[+-]?(\d+\.?\d*|\.\d+)\s*$)"));
+        const bool integral = !number.text.contains(u'.') && !number.text.contains(u'e') &&
+                              !number.text.contains(u'E');
+        if (integral && !integer.match(text).hasMatch())
+            ThrowStatementError(QStringLiteral("Conversion failed when converting the varchar "
+                                               "value '%1' to data type int.")
+                                    .arg(text),
+                                ado::kNativeValueConversion, QStringLiteral("22018"));
+        if (!integral && !decimal.match(text).hasMatch())
+            ThrowStatementError(QStringLiteral("Error converting data type varchar to numeric."),
+                                ado::kNativeNumericConversion, QStringLiteral("22018"));
+        return text.trimmed();
+    }
+
+    // a / b and a % b: the divisor checked for zero by the engine's function.
+    size_t EmitCheckedDivisor(size_t i, QString& out) {
+        const size_t end = PrimaryEnd(i + 1);
+        if (end == i + 1) {
+            out += m_t[i].leading + m_t[i].text;
+            return i + 1;
+        }
+        out += m_t[i].leading + m_t[i].text + m_t[i + 1].leading +
+               m_dialect.CheckedDivisor(Range(i + 1, end).trimmed());
+        return end;
+    }
+
     bool IsConcatenation(size_t plus) const {
+        if ((plus > 0 && IsTextWithNumber(plus - 1)) || IsTextWithNumber(plus + 1)) return false;
         const Token* next = At(plus + 1);
         if (next &&
             (next->kind == TokenKind::String || IsTextFunction(*next) || IsTextCast(plus + 1)))
@@ -553,6 +643,10 @@ private:
 
     size_t EmitName(size_t i, size_t end, QString& out, std::multimap<size_t, QString>& limits) {
         const Token& t = m_t[i];
+        if (i != m_plainOperand) {
+            const size_t next = EmitDateArithmetic(i, out);
+            if (next != i) return next;
+        }
         const bool call = SymbolAt(i + 1, u"(");
         if (t.kind == TokenKind::Word) {
             if (t.IsWord(u"SELECT") && WordAt(i + 1, u"TOP")) return EmitTop(i, end, out, limits);
@@ -707,6 +801,11 @@ private:
         return m_dialect.NullsOrder(descending);
     }
 
+    bool IsIntegerColumn(size_t first, size_t end) const {
+        const Token* column = NamedColumn(first, end);
+        return column && m_context.isIntegerColumn && m_context.isIntegerColumn(column->text);
+    }
+
     // The column that [first, end) names (c, t.c, [c]); nullptr for any other expression.
     const Token* NamedColumn(size_t first, size_t end) const {
         for (size_t i = first; i < end; i += 2) {
@@ -838,8 +937,15 @@ private:
             out += lead + QStringLiteral("0");
             return close + 1;
         }
-        if (t.IsWord(u"DATEPART") && commas.size() == 1) {
-            out += lead + DatePart(m_t[open + 1].text, arg(1));
+        if (t.IsWord(u"AVG") && IsIntegerColumn(open + 1, close)) {
+            // The average of integers is an integer, its fraction dropped.
+            out += lead + m_dialect.TruncatingCast(
+                              QStringLiteral("AVG(%1)").arg(Range(open + 1, close).trimmed()),
+                              m_dialect.CastType(QStringLiteral("BIGINT")));
+            return close + 1;
+        }
+        if (DateFunctionWriter::Handles(t.text)) {
+            out += lead + DateWriter().Call(t.text, CallArguments(open, close, commas));
             return close + 1;
         }
         if (t.IsWord(u"CAST")) return EmitCast(i, close, out);
@@ -850,18 +956,63 @@ private:
         return i;
     }
 
-    QString DatePart(const QString& unit, const QString& value) const {
-        static const std::map<QString, DateUnit> units = {
-            {QStringLiteral("hh"), DateUnit::Hour},   {QStringLiteral("hour"), DateUnit::Hour},
-            {QStringLiteral("mi"), DateUnit::Minute}, {QStringLiteral("minute"), DateUnit::Minute},
-            {QStringLiteral("ss"), DateUnit::Second}, {QStringLiteral("second"), DateUnit::Second},
-            {QStringLiteral("dd"), DateUnit::Day},    {QStringLiteral("day"), DateUnit::Day},
-            {QStringLiteral("mm"), DateUnit::Month},  {QStringLiteral("month"), DateUnit::Month},
-            {QStringLiteral("yyyy"), DateUnit::Year}, {QStringLiteral("year"), DateUnit::Year},
-        };
-        const auto found = units.find(unit.toLower());
-        if (found == units.end()) ThrowUnsupported(QStringLiteral("DATEPART(") + unit + u')');
-        return m_dialect.DatePart(found->second, value);
+    DateFunctionWriter DateWriter() const {
+        DateSettings settings;
+        settings.order = m_context.dayMonthYear ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;
+        settings.dateFirst = m_context.dateFirst;
+        settings.spanish = m_context.spanishNames;
+        return DateFunctionWriter(m_dialect, settings);
+    }
+
+    CallArgument ArgumentOf(size_t from, size_t to) {
+        const bool text = to == from + 1 && m_t[from].kind == TokenKind::String;
+        return CallArgument{Range(from, to), text, text ? m_t[from].text : QString()};
+    }
+
+    // The arguments of the call whose parentheses are at `open` and `close`.
+    std::vector<CallArgument> CallArguments(size_t open, size_t close,
+                                            const std::vector<size_t>& commas) {
+        std::vector<CallArgument> arguments;
+        if (close == open + 1) return arguments;
+        for (const auto& [from, to] : Items(open, close, commas))
+            arguments.push_back(ArgumentOf(from, to));
+        return arguments;
+    }
+
+    // value + n and value - n, value a date: n days later or earlier. Answers `i` when the
+    // operand at `i` is no date with a number added.
+    size_t EmitDateArithmetic(size_t i, QString& out) {
+        const size_t end = PrimaryEnd(i);
+        const bool plus = SymbolAt(end, u"+");
+        if (end == i || !(plus || SymbolAt(end, u"-"))) return i;
+        const Token* days = At(end + 1);
+        if (!days || days->kind != TokenKind::Number || IsBinaryLiteral(*days) ||
+            SymbolAt(end + 2, u"*") || SymbolAt(end + 2, u"/") || SymbolAt(end + 2, u"%") ||
+            !IsDateOperand(i, end))
+            return i;
+        m_plainOperand = i;
+        const QString value = Range(i, end).trimmed();
+        m_plainOperand = kNone;
+        out += m_t[i].leading +
+               m_dialect.DatePlusDays(value, (plus ? QString() : QStringLiteral("-")) + days->text);
+        return end + 2;
+    }
+
+    // Whether [i, end) is a date: a CAST or CONVERT to a date type, GETDATE(), DATEADD(...) or
+    // a date column.
+    bool IsDateOperand(size_t i, size_t end) const {
+        const Token& t = m_t[i];
+        if (SymbolAt(i + 1, u"(") && t.kind == TokenKind::Word) {
+            if (t.IsWord(u"GETDATE") || t.IsWord(u"DATEADD")) return true;
+            if (t.IsWord(u"CONVERT"))
+                return At(i + 2) && DateFunctionWriter::IsDateType(At(i + 2)->text);
+            if (!t.IsWord(u"CAST")) return false;
+            const size_t close = Close(i + 1);
+            return WordAt(close - 2, u"AS") && DateFunctionWriter::IsDateType(m_t[close - 1].text);
+        }
+        const Token& column = m_t[end - 1];
+        return (column.kind == TokenKind::Word || column.kind == TokenKind::QuotedName) &&
+               m_context.isDateColumn && m_context.isDateColumn(column.text);
     }
 
     // CAST(x AS type); CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME) is the date of x at midnight.
@@ -891,16 +1042,18 @@ private:
                 return close + 1;
             }
         }
-        const QString value = Range(cast + 2, as).trimmed();
-        out +=
-            lead + QStringLiteral("CAST(") + value + QStringLiteral(" AS ") + CastType(type) + u')';
+        if (as == cast + 3 && m_t[cast + 2].kind == TokenKind::String) {
+            if (const QString date = DateWriter().CastLiteral(ArgumentOf(cast + 2, as), type);
+                !date.isEmpty()) {
+                out += lead + date;
+                return close + 1;
+            }
+        }
+        const bool textLiteral = as == cast + 3 && m_t[cast + 2].kind == TokenKind::String;
+        const QString sql = m_dialect.Cast(Range(cast + 2, as).trimmed(), type, textLiteral);
+        if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CAST AS ") + type);
+        out += lead + sql;
         return close + 1;
-    }
-
-    QString CastType(const QString& type) const {
-        const QString engineType = m_dialect.CastType(type);
-        if (engineType.isEmpty()) ThrowUnsupported(QStringLiteral("CAST AS ") + type);
-        return engineType;
     }
 
     const TranslationContext& m_context;
@@ -909,6 +1062,8 @@ private:
     QStringList m_exclusive;
     std::optional<std::int64_t> m_identityStart;
     QStringList m_databases;
+    static constexpr size_t kNone = static_cast<size_t>(-1);
+    size_t m_plainOperand = kNone; // the operand EmitDateArithmetic is writing
 };
 
 bool ValidDateTime(int y, int m, int d, int hh, int mi, int ss) {

@@ -19,6 +19,8 @@ class EngineDialect;
 struct TranslationContext {
     const EngineDialect* dialect = nullptr; // the engine's spellings; required
     bool dayMonthYear = true;               // SET DATEFORMAT dmy
+    int dateFirst = 7;                      // SET DATEFIRST
+    bool spanishNames = false;              // SET LANGUAGE names months and days in Spanish
     // A Jet database file: the date numbered 0 is 1899-12-30 (SQL Server's is 1900-01-01).
     bool jetDates = false;
     // The literal that stands for a @@ variable ("@@IDENTITY" -> "12"); empty: unsupported.
@@ -34,6 +36,11 @@ struct TranslationContext {
     // Whether a column of that name in the current database holds text, so that "+" next to
     // it joins texts. Unset: no column does.
     std::function<bool(const QString& column)> isTextColumn;
+    // Whether a column of that name in the current database holds dates, so that "+ n" next
+    // to it adds days. Unset: no column does.
+    std::function<bool(const QString& column)> isDateColumn;
+    // Whether a column of that name holds integers, so that its AVG is an integer too.
+    std::function<bool(const QString& column)> isIntegerColumn;
     // Whether some column of that name in the current database accepts NULL, so that ordering
     // by it must place the NULLs. Unset: every column may.
     std::function<bool(const QString& column)> mayBeNull;

@@ -115,7 +115,7 @@ TEST(TsqlTranslator, DateLiteralsAreNormalisedOnlyWhenValid) {
 
 TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
     for (const char* sql :
-         {"SELECT TOP 10 PERCENT * FROM t", "SELECT @local", "SELECT DATEPART(week, f) FROM t",
+         {"SELECT TOP 10 PERCENT * FROM t", "SELECT @local", "SELECT DATEPART(fortnight, f) FROM t",
           "CREATE TABLE t (id INT IDENTITY(5,2))", "SELECT @@SPID"}) {
         const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
         try {

@@ -5,6 +5,6 @@ ALTER TABLE diccionario ADD tipo TINYINT
 -- SQLite
 ALTER TABLE diccionario ADD tipo TINYINT
 -- PostgreSQL
-ALTER TABLE diccionario ADD tipo smallint
+ALTER TABLE diccionario ADD tipo smallint CONSTRAINT "zlx_220_tipo" CHECK (tipo BETWEEN 0 AND 255)
 -- result
 error 2705

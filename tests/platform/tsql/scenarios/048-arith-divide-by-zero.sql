@@ -1,5 +1,4 @@
 -- Dividing an integer by zero is error 8134.
--- gap sqlite: SELECT 1 / 0 answers row NULL, not error 8134
 -- run
 SELECT 1 / 0
 -- expect

@@ -1,5 +1,4 @@
 -- Dividing a decimal by zero is error 8134.
--- gap sqlite: SELECT 1.5 / 0 answers row NULL, not error 8134
 -- run
 SELECT 1.5 / 0
 -- expect

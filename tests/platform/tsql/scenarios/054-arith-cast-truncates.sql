@@ -1,6 +1,4 @@
 -- CAST of a decimal to INT truncates toward zero.
--- gap sqlite: SELECT CAST(10.5 AS INT), CAST(-10.5 AS INT), CONVERT(INT... answers error 207, not row 10|-10|9
--- gap postgres: SELECT CAST(10.5 AS INT), CAST(-10.5 AS INT), CONVERT(INT... answers error 207, not row 10|-10|9
 -- run
 SELECT CAST(10.5 AS INT), CAST(-10.5 AS INT), CONVERT(INT, 9.99)
 -- expect

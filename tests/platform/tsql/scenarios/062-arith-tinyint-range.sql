@@ -1,6 +1,4 @@
 -- A TINYINT column refuses values outside 0-255 (error 220).
--- gap sqlite: INSERT INTO t VALUES (256) answers count 1, not error 220
--- gap postgres: INSERT INTO t VALUES (256) answers count 1, not error 220
 -- run
 CREATE TABLE t (n TINYINT)
 -- run

@@ -1,5 +1,4 @@
 -- A text longer than its VARCHAR(n) column is error 8152 on UPDATE.
--- gap sqlite: UPDATE t SET s = s + 'def' answers count 1, not error 8152
 -- run
 CREATE TABLE t (s VARCHAR(5))
 -- run

@@ -1,5 +1,4 @@
 -- A text longer than its NVARCHAR(n) column is error 8152.
--- gap sqlite: INSERT INTO t VALUES (N'ñandú') answers count 1, not error 8152
 -- run
 CREATE TABLE t (s NVARCHAR(3))
 -- run

@@ -1,5 +1,4 @@
 -- An impossible date is error 242.
--- gap sqlite: SELECT CAST('31/02/2024' AS DATETIME) answers row 31/02/2024, not error 242
 -- run
 SELECT CAST('31/02/2024' AS DATETIME)
 -- expect

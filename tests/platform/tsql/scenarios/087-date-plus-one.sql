@@ -1,6 +1,4 @@
 -- A DATETIME plus 1 is the next day.
--- gap sqlite: SELECT CAST('20240315' AS DATETIME) + 1, CAST('20240315 1... answers row 2025|2023, not row 2024-03-16 00:00:00|2024-03-14 10:00:00
--- gap postgres: SELECT CAST('20240315' AS DATETIME) + 1, CAST('20240315 1... answers error, not row 2024-03-16 00:00:00|2024-03-14 10:00:00
 -- run
 SELECT CAST('20240315' AS DATETIME) + 1, CAST('20240315 10:00' AS DATETIME) - 1
 -- expect

@@ -1,6 +1,4 @@
 -- DATEADD by days.
--- gap sqlite: SELECT DATEADD(day, 30, '20240115'), DATEADD(dd, -1, '202... answers error 207, not row 2024-02-14 00:00:00|2024-02-29 00:00:00
--- gap postgres: SELECT DATEADD(day, 30, '20240115'), DATEADD(dd, -1, '202... answers error 207, not row 2024-02-14 00:00:00|2024-02-29 00:00:00
 -- run
 SELECT DATEADD(day, 30, '20240115'), DATEADD(dd, -1, '20240301')
 -- expect

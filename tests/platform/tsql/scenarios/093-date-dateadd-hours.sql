@@ -1,6 +1,4 @@
 -- DATEADD by hours and minutes.
--- gap sqlite: SELECT DATEADD(hh, 25, '20240315'), DATEADD(mi, 90, '2024... answers error 207, not row 2024-03-16 01:00:00|2024-03-15 01:30:00
--- gap postgres: SELECT DATEADD(hh, 25, '20240315'), DATEADD(mi, 90, '2024... answers error 207, not row 2024-03-16 01:00:00|2024-03-15 01:30:00
 -- run
 SELECT DATEADD(hh, 25, '20240315'), DATEADD(mi, 90, '20240315')
 -- expect

@@ -1,6 +1,4 @@
 -- EOMONTH gives the month's last day.
--- gap sqlite: SELECT DAY(EOMONTH('20240210')), DAY(EOMONTH('20230201'))... answers error 195, not row 29|28|29
--- gap postgres: SELECT DAY(EOMONTH('20240210')), DAY(EOMONTH('20230201'))... answers error 195, not row 29|28|29
 -- run
 SELECT DAY(EOMONTH('20240210')), DAY(EOMONTH('20230201')), DAY(EOMONTH('20240115', 1))
 -- expect

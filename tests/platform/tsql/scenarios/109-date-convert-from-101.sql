@@ -1,6 +1,4 @@
 -- CONVERT of a text with style 101 reads mm/dd/yyyy whatever the date format.
--- gap sqlite: SELECT CONVERT(DATETIME, '03/15/2024', 101) answers error 207, not row 2024-03-15 00:00:00
--- gap postgres: SELECT CONVERT(DATETIME, '03/15/2024', 101) answers error 207, not row 2024-03-15 00:00:00
 -- run
 SELECT CONVERT(DATETIME, '03/15/2024', 101)
 -- expect

@@ -1,6 +1,4 @@
 -- CONVERT of a text with style 112 reads yyyymmdd.
--- gap sqlite: SELECT CONVERT(DATETIME, '20240315', 112) answers error 207, not row 2024-03-15 00:00:00
--- gap postgres: SELECT CONVERT(DATETIME, '20240315', 112) answers error 207, not row 2024-03-15 00:00:00
 -- run
 SELECT CONVERT(DATETIME, '20240315', 112)
 -- expect

@@ -1,6 +1,4 @@
 -- ISDATE answers 1 for a date and 0 for an impossible one.
--- gap sqlite: SELECT ISDATE('28/02/2024'), ISDATE('31/02/2024'), ISDATE... answers error 195, not row 1|0|0
--- gap postgres: SELECT ISDATE('28/02/2024'), ISDATE('31/02/2024'), ISDATE... answers error 195, not row 1|0|0
 -- run
 SELECT ISDATE('28/02/2024'), ISDATE('31/02/2024'), ISDATE('hola')
 -- expect

@@ -1,6 +1,4 @@
 -- Dates sort by time, not as texts.
--- gap sqlite: SELECT CONVERT(VARCHAR(10), d, 103) FROM t ORDER BY d answers error 195, not row 10/12/2023 / row 02/01/2024 / row 01/02/2024
--- gap postgres: SELECT CONVERT(VARCHAR(10), d, 103) FROM t ORDER BY d answers error 102, not row 10/12/2023 / row 02/01/2024 / row 01/02/2024
 -- run
 CREATE TABLE t (d DATETIME)
 -- run

@@ -1,0 +1,68 @@
+#pragma once
+// SQL Server's rules for DATETIME values, for the engines that lack them: how a text becomes a
+// date (under DATEFORMAT or a CONVERT style), how a date is written in a style, and what
+// DATEPART, DATENAME, DATEADD and DATEDIFF answer for each unit.
+
+#include <QDateTime>
+#include <QString>
+#include <optional>
+
+namespace zlx::ado {
+
+enum class DateUnit {
+    Year,
+    Quarter,
+    Month,
+    DayOfYear,
+    Day,
+    Week,
+    Weekday,
+    Hour,
+    Minute,
+    Second,
+    Millisecond
+};
+
+// A unit written as DATEPART takes it: its name or any abbreviation (yy, yyyy, q, qq, mm, m,
+// dy, y, dd, d, wk, ww, dw, w, hh, mi, n, ss, s, ms), in any case.
+std::optional<DateUnit> DateUnitNamed(const QString& name);
+// The unit's long name ("day"), as the engine functions take it.
+QString DateUnitName(DateUnit unit);
+
+// The order of day, month and year in a text date: SET DATEFORMAT, or a CONVERT style's.
+enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
+// "dmy", "mdy", "ymd", as SET DATEFORMAT names them; an unknown name is mdy.
+QString DateOrderName(DateOrder order);
+DateOrder DateOrderNamed(const QString& name);
+
+// A text read as a DATETIME: the value (UTC, no time zone), or the SQL Server error that the
+// conversion raises (241: not a date; 242: a date out of range).
+struct DateReading {
+    QDateTime value;
+    int error = 0;
+};
+
+DateReading ReadDate(const QString& text, DateOrder order);
+// The order a CONVERT style reads; nullopt for a style that has no date order.
+std::optional<DateOrder> StyleOrder(int style);
+// The message of a failed reading, as SQL Server words it.
+QString DateErrorText(int error);
+
+// 'yyyy-mm-dd hh:mm:ss', with '.mmm' when the milliseconds are not zero.
+QString IsoDateText(const QDateTime& value);
+// The Qt format of a CONVERT style (103: "dd/MM/yyyy"); empty for an unknown style.
+QString StyleFormat(int style);
+
+// DATEPART: `dateFirst` is SET DATEFIRST (1 Monday ... 7 Sunday).
+qint64 DatePartOf(DateUnit unit, const QDateTime& value, int dateFirst);
+// DATENAME: month and weekday names in Spanish or English, other units as numbers.
+QString DateNameOf(DateUnit unit, const QDateTime& value, int dateFirst, bool spanish);
+QDateTime DateAdd(DateUnit unit, qint64 count, const QDateTime& value);
+// DATEDIFF counts the unit's boundaries crossed between `from` and `to`.
+qint64 DateDiff(DateUnit unit, const QDateTime& from, const QDateTime& to);
+
+// The Spanish or English name of a month (1-12) or of a weekday (1 Monday ... 7 Sunday).
+QString MonthName(int month, bool spanish);
+QString WeekdayName(int isoWeekday, bool spanish);
+
+} // namespace zlx::ado

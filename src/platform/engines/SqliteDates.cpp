@@ -1,0 +1,149 @@
+#include "platform/engines/SqliteDates.h"
+
+#include "platform/engines/SqlServerDates.h"
+
+#include <cmath>
+#include <sqlite3.h>
+
+namespace zlx::ado::SqliteDates {
+namespace {
+
+constexpr double kMsecsPerDay = 86400000.0;
+
+QString Text(sqlite3_value* value) {
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)),
+                             sqlite3_value_bytes(value));
+}
+
+void ResultText(sqlite3_context* context, const QString& text) {
+    const QByteArray bytes = text.toUtf8();
+    sqlite3_result_text(context, bytes.constData(), static_cast<int>(bytes.size()),
+                        SQLITE_TRANSIENT);
+}
+
+// A date argument: an ISO text as stored, or a number of days since 1899-12-30 (an OLE date).
+// Answers nothing, with the context's result set, when the argument is NULL or no date.
+std::optional<QDateTime> DateArgument(sqlite3_context* context, sqlite3_value* value) {
+    const int type = sqlite3_value_type(value);
+    if (type == SQLITE_NULL) {
+        sqlite3_result_null(context);
+        return std::nullopt;
+    }
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) {
+        const QDateTime base(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC);
+        return base.addMSecs(std::llround(sqlite3_value_double(value) * kMsecsPerDay));
+    }
+    const DateReading reading = ReadDate(Text(value), DateOrder::YearMonthDay);
+    if (reading.error) {
+        sqlite3_result_error(context, DateErrorText(reading.error).toUtf8().constData(), -1);
+        return std::nullopt;
+    }
+    return reading.value;
+}
+
+std::optional<DateUnit> UnitArgument(sqlite3_context* context, sqlite3_value* value) {
+    const auto unit = DateUnitNamed(Text(value));
+    if (!unit)
+        sqlite3_result_error(context, "Invalid parameter 1 specified for a date function.", -1);
+    return unit;
+}
+
+void DateAddFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto unit = UnitArgument(context, values[0]);
+    if (!unit) return;
+    if (sqlite3_value_type(values[1]) == SQLITE_NULL) return sqlite3_result_null(context);
+    if (const auto date = DateArgument(context, values[2]))
+        ResultText(context, IsoDateText(DateAdd(*unit, sqlite3_value_int64(values[1]), *date)));
+}
+
+void DateDiffFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto unit = UnitArgument(context, values[0]);
+    if (!unit) return;
+    const auto from = DateArgument(context, values[1]);
+    if (!from) return;
+    if (const auto to = DateArgument(context, values[2]))
+        sqlite3_result_int64(context, DateDiff(*unit, *from, *to));
+}
+
+void DatePartFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto unit = UnitArgument(context, values[0]);
+    if (!unit) return;
+    if (const auto date = DateArgument(context, values[1]))
+        sqlite3_result_int64(context, DatePartOf(*unit, *date, sqlite3_value_int(values[2])));
+}
+
+void DateNameFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto unit = UnitArgument(context, values[0]);
+    if (!unit) return;
+    if (const auto date = DateArgument(context, values[1]))
+        ResultText(context, DateNameOf(*unit, *date, sqlite3_value_int(values[2]),
+                                       sqlite3_value_int(values[3]) != 0));
+}
+
+void DateStyleFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const QString format = StyleFormat(sqlite3_value_int(values[1]));
+    if (format.isEmpty()) {
+        sqlite3_result_error(
+            context, "Invalid style number when converting from datetime to a character string.",
+            -1);
+        return;
+    }
+    if (const auto date = DateArgument(context, values[0]))
+        ResultText(context, date->toString(format));
+}
+
+void ToDateFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) != SQLITE_TEXT) {
+        if (const auto date = DateArgument(context, values[0]))
+            ResultText(context, IsoDateText(*date));
+        return;
+    }
+    const DateReading reading = ReadDate(Text(values[0]), DateOrderNamed(Text(values[1])));
+    if (reading.error)
+        sqlite3_result_error(context, DateErrorText(reading.error).toUtf8().constData(), -1);
+    else
+        ResultText(context, IsoDateText(reading.value));
+}
+
+void IsDateFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const bool date = sqlite3_value_type(values[0]) == SQLITE_TEXT &&
+                      ReadDate(Text(values[0]), DateOrderNamed(Text(values[1]))).error == 0;
+    sqlite3_result_int(context, date ? 1 : 0);
+}
+
+void EndOfMonthFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto date = DateArgument(context, values[0]);
+    if (!date) return;
+    const QDate month = date->date().addMonths(sqlite3_value_int(values[1]));
+    ResultText(context, QDate(month.year(), month.month(), month.daysInMonth())
+                            .toString(QStringLiteral("yyyy-MM-dd")));
+}
+
+// d + n: n days, a fraction of a day as a time.
+void DatePlusFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[1]) == SQLITE_NULL) return sqlite3_result_null(context);
+    if (const auto date = DateArgument(context, values[0]))
+        ResultText(context, IsoDateText(date->addMSecs(
+                                std::llround(sqlite3_value_double(values[1]) * kMsecsPerDay))));
+}
+
+} // namespace
+
+void Install(sqlite3* db) {
+    const struct {
+        const char* name;
+        int arguments;
+        void (*function)(sqlite3_context*, int, sqlite3_value**);
+    } functions[] = {
+        {"zlx_dateadd", 3, &DateAddFunction},     {"zlx_datediff", 3, &DateDiffFunction},
+        {"zlx_datepart", 3, &DatePartFunction},   {"zlx_datename", 4, &DateNameFunction},
+        {"zlx_datestyle", 2, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
+        {"zlx_isdate", 2, &IsDateFunction},       {"zlx_eomonth", 2, &EndOfMonthFunction},
+        {"zlx_dateplus", 2, &DatePlusFunction},
+    };
+    for (const auto& f : functions)
+        sqlite3_create_function(db, f.name, f.arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                                nullptr, f.function, nullptr, nullptr);
+}
+
+} // namespace zlx::ado::SqliteDates

@@ -1,0 +1,15 @@
+#pragma once
+// SQL Server's date functions on the embedded engine, which keeps DATETIME values as ISO texts:
+// zlx_dateadd(unit, n, d), zlx_datediff(unit, a, b), zlx_datepart(unit, d, datefirst),
+// zlx_datename(unit, d, datefirst, spanish), zlx_datestyle(d, style), zlx_todate(text, order),
+// zlx_isdate(text, order), zlx_eomonth(d, months) and zlx_dateplus(d, days). A unit is a long
+// name ("day"); an order is 'dmy', 'mdy' or 'ymd'. A text that is no date fails as SQL Server
+// fails (its message names error 241 or 242).
+
+struct sqlite3;
+
+namespace zlx::ado::SqliteDates {
+
+void Install(sqlite3* db);
+
+} // namespace zlx::ado::SqliteDates

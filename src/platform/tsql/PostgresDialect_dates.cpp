@@ -1,0 +1,204 @@
+// PostgresDialect: the date functions, written with EXTRACT, intervals and to_char over
+// timestamp(3) values.
+#include "platform/tsql/PostgresDialect.h"
+
+#include <QStringList>
+
+namespace zlx::tsql {
+namespace {
+
+QString Extract(const char* field, const QString& value) {
+    return QStringLiteral("CAST(FLOOR(EXTRACT(%1 FROM %2)) AS INTEGER)")
+        .arg(QLatin1StringView(field), value);
+}
+
+// EXTRACT's field for the units it reads directly.
+const char* ExtractField(DateUnit unit) {
+    switch (unit) {
+    case DateUnit::Year:
+        return "YEAR";
+    case DateUnit::Quarter:
+        return "QUARTER";
+    case DateUnit::Month:
+        return "MONTH";
+    case DateUnit::DayOfYear:
+        return "DOY";
+    case DateUnit::Day:
+        return "DAY";
+    case DateUnit::Hour:
+        return "HOUR";
+    case DateUnit::Minute:
+        return "MINUTE";
+    case DateUnit::Second:
+        return "SECOND";
+    default:
+        return nullptr;
+    }
+}
+
+// The weekday of `value` counted from SET DATEFIRST's day (1) on.
+QString Weekday(const QString& value, int dateFirst) {
+    return QStringLiteral("((%1 + %2) % 7 + 1)").arg(Extract("ISODOW", value)).arg(7 - dateFirst);
+}
+
+QString Interval(DateUnit unit) {
+    switch (unit) {
+    case DateUnit::Year:
+        return QStringLiteral("interval '1 year'");
+    case DateUnit::Quarter:
+        return QStringLiteral("interval '3 months'");
+    case DateUnit::Month:
+        return QStringLiteral("interval '1 month'");
+    case DateUnit::Week:
+        return QStringLiteral("interval '7 days'");
+    case DateUnit::Hour:
+        return QStringLiteral("interval '1 hour'");
+    case DateUnit::Minute:
+        return QStringLiteral("interval '1 minute'");
+    case DateUnit::Second:
+        return QStringLiteral("interval '1 second'");
+    case DateUnit::Millisecond:
+        return QStringLiteral("interval '1 millisecond'");
+    default:
+        return QStringLiteral("interval '1 day'");
+    }
+}
+
+// A month counted from year 0, for DATEDIFF (quarters: `perYear` 4, months: 12).
+QString PeriodNumber(const QString& value, int perYear, const char* field) {
+    return QStringLiteral("(EXTRACT(YEAR FROM %1) * %2 + EXTRACT(%3 FROM %1))")
+        .arg(value)
+        .arg(perYear)
+        .arg(QLatin1StringView(field));
+}
+
+// The number of whole units of `truncation` since the epoch, for DATEDIFF of times.
+QString TimeNumber(const QString& value, const char* truncation, int seconds) {
+    return QStringLiteral("FLOOR(EXTRACT(EPOCH FROM date_trunc('%1', %2)) / %3)")
+        .arg(QLatin1StringView(truncation), value)
+        .arg(seconds);
+}
+
+// A Qt date format as to_char's template.
+QString CharTemplate(const QString& qtFormat) {
+    static const std::pair<const char*, const char*> fields[] = {
+        {"yyyy", "YYYY"}, {"yy", "YY"}, {"MM", "MM"}, {"dd", "DD"},
+        {"HH", "HH24"},   {"mm", "MI"}, {"ss", "SS"}, {"zzz", "MS"}};
+    QString out;
+    for (qsizetype i = 0; i < qtFormat.size();) {
+        bool matched = false;
+        for (const auto& [qt, pg] : fields) {
+            const QLatin1StringView field(qt);
+            if (QStringView(qtFormat).mid(i).startsWith(field)) {
+                out += QLatin1StringView(pg);
+                i += field.size();
+                matched = true;
+                break;
+            }
+        }
+        if (!matched) out += qtFormat[i++];
+    }
+    return out;
+}
+
+QString NameArray(bool spanish, bool months) {
+    QStringList names;
+    for (int k = 1; k <= (months ? 12 : 7); ++k)
+        names << SqlString(months ? ado::MonthName(k, spanish) : ado::WeekdayName(k, spanish));
+    return QStringLiteral("(ARRAY[%1])").arg(names.join(u", "));
+}
+
+} // namespace
+
+QString PostgresDialect::DatePart(DateUnit unit, const QString& value, int dateFirst) const {
+    if (const char* field = ExtractField(unit)) return Extract(field, value);
+    if (unit == DateUnit::Weekday) return Weekday(value, dateFirst);
+    if (unit == DateUnit::Millisecond)
+        return QStringLiteral("(%1 % 1000)").arg(Extract("MILLISECONDS", value));
+    // Week 1 holds 1 January; a week starts on SET DATEFIRST's day.
+    return QStringLiteral("((%1 - 1 + %2 - 1) / 7 + 1)")
+        .arg(Extract("DOY", value),
+             Weekday(QStringLiteral("date_trunc('year', %1)").arg(value), dateFirst));
+}
+
+QString PostgresDialect::DateName(DateUnit unit, const QString& value, int dateFirst,
+                                  bool spanish) const {
+    if (unit == DateUnit::Month)
+        return NameArray(spanish, true) + u'[' + Extract("MONTH", value) + u']';
+    if (unit == DateUnit::Weekday)
+        return NameArray(spanish, false) + u'[' + Extract("ISODOW", value) + u']';
+    return QStringLiteral("CAST(%1 AS varchar)").arg(DatePart(unit, value, dateFirst));
+}
+
+QString PostgresDialect::DateAdd(DateUnit unit, const QString& count, const QString& value) const {
+    return QStringLiteral("CAST((%1) + CAST(%2 AS integer) * %3 AS timestamp(3))")
+        .arg(value, count, Interval(unit));
+}
+
+QString PostgresDialect::DateDiff(DateUnit unit, const QString& from, const QString& to) const {
+    switch (unit) {
+    case DateUnit::Year:
+        return QStringLiteral("(%1 - %2)").arg(Extract("YEAR", to), Extract("YEAR", from));
+    case DateUnit::Quarter:
+    case DateUnit::Month: {
+        const int perYear = unit == DateUnit::Month ? 12 : 4;
+        const char* field = unit == DateUnit::Month ? "MONTH" : "QUARTER";
+        return QStringLiteral("CAST(%1 - %2 AS INTEGER)")
+            .arg(PeriodNumber(to, perYear, field), PeriodNumber(from, perYear, field));
+    }
+    case DateUnit::Week:
+        // Weeks are counted from Sunday to Sunday whatever SET DATEFIRST says.
+        return QStringLiteral("(((CAST(%1 AS date) - %2) - (CAST(%3 AS date) - %4)) / 7)")
+            .arg(to, Extract("DOW", to), from, Extract("DOW", from));
+    case DateUnit::Hour:
+    case DateUnit::Minute:
+    case DateUnit::Second: {
+        const char* truncation = unit == DateUnit::Hour     ? "hour"
+                                 : unit == DateUnit::Minute ? "minute"
+                                                            : "second";
+        const int seconds = unit == DateUnit::Hour ? 3600 : unit == DateUnit::Minute ? 60 : 1;
+        return QStringLiteral("CAST(%1 - %2 AS INTEGER)")
+            .arg(TimeNumber(to, truncation, seconds), TimeNumber(from, truncation, seconds));
+    }
+    case DateUnit::Millisecond:
+        return QStringLiteral("CAST(FLOOR(EXTRACT(EPOCH FROM %1) * 1000) - FLOOR(EXTRACT(EPOCH "
+                              "FROM %2) * 1000) AS INTEGER)")
+            .arg(to, from);
+    default:
+        return QStringLiteral("(CAST(%1 AS date) - CAST(%2 AS date))").arg(to, from);
+    }
+}
+
+QString PostgresDialect::DatePlusDays(const QString& value, const QString& days) const {
+    return QStringLiteral("CAST((%1) + (%2) * interval '1 day' AS timestamp(3))").arg(value, days);
+}
+
+QString PostgresDialect::EndOfMonth(const QString& value, const QString& months) const {
+    return QStringLiteral("CAST(date_trunc('month', %1) + (CAST(%2 AS integer) + 1) * interval "
+                          "'1 month' - interval '1 day' AS date)")
+        .arg(value, months);
+}
+
+QString PostgresDialect::DateText(const QString& value, int style) const {
+    return QStringLiteral("to_char(%1, %2)")
+        .arg(value, SqlString(CharTemplate(ado::StyleFormat(style))));
+}
+
+QString PostgresDialect::TextToDate(const QString& text, DateOrder order) const {
+    const char* pattern = order == DateOrder::DayMonthYear   ? "DD/MM/YYYY HH24:MI:SS.MS"
+                          : order == DateOrder::MonthDayYear ? "MM/DD/YYYY HH24:MI:SS.MS"
+                                                             : "YYYY/MM/DD HH24:MI:SS.MS";
+    return QStringLiteral("CAST(to_timestamp(%1, '%2') AS timestamp(3))")
+        .arg(text, QLatin1StringView(pattern));
+}
+
+// ISDATE of a text the engine holds would need a conversion that does not fail.
+QString PostgresDialect::IsDate(const QString&, DateOrder) const {
+    return {};
+}
+
+QString PostgresDialect::DateLiteral(const QString& isoLiteral) const {
+    return QStringLiteral("CAST(%1 AS timestamp(3))").arg(isoLiteral);
+}
+
+} // namespace zlx::tsql

@@ -1,0 +1,146 @@
+#include "platform/tsql/TsqlDateFunctions.h"
+
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TypeNames.h"
+
+namespace zlx::tsql {
+namespace {
+
+const QStringList& DateFunctions() {
+    static const QStringList names = {QStringLiteral("DATEPART"), QStringLiteral("DATENAME"),
+                                      QStringLiteral("DATEADD"),  QStringLiteral("DATEDIFF"),
+                                      QStringLiteral("YEAR"),     QStringLiteral("MONTH"),
+                                      QStringLiteral("DAY"),      QStringLiteral("EOMONTH"),
+                                      QStringLiteral("ISDATE"),   QStringLiteral("CONVERT")};
+    return names;
+}
+
+// The arguments a function takes: [fewest, most].
+std::pair<size_t, size_t> ArgumentCounts(const QString& function) {
+    if (function == u"DATEADD" || function == u"DATEDIFF") return {3, 3};
+    if (function == u"DATEPART" || function == u"DATENAME") return {2, 2};
+    if (function == u"EOMONTH") return {1, 2};
+    if (function == u"CONVERT") return {2, 3};
+    return {1, 1};
+}
+
+// A literal's value read as a date, or SQL Server's conversion error.
+QString ReadLiteral(const QString& text, DateOrder order) {
+    const ado::DateReading reading = ado::ReadDate(text, order);
+    if (reading.error)
+        ThrowStatementError(ado::DateErrorText(reading.error), reading.error,
+                            QStringLiteral("22007"));
+    return ado::IsoDateText(reading.value);
+}
+
+int StyleNumber(const CallArgument& style) {
+    bool number = false;
+    const int value = style.sql.trimmed().toInt(&number);
+    if (!number) ThrowUnsupported(QStringLiteral("CONVERT con estilo ") + style.sql.trimmed());
+    return value;
+}
+
+} // namespace
+
+DateFunctionWriter::DateFunctionWriter(const EngineDialect& dialect, DateSettings settings)
+    : m_dialect(dialect), m_settings(settings) {}
+
+bool DateFunctionWriter::Handles(const QString& function) {
+    return DateFunctions().contains(function, Qt::CaseInsensitive);
+}
+
+bool DateFunctionWriter::IsDateType(const QString& type) {
+    const QString upper = type.trimmed().toUpper();
+    return upper == u"DATETIME" || upper == u"SMALLDATETIME" || upper == u"DATE";
+}
+
+QString DateFunctionWriter::Call(const QString& name,
+                                 const std::vector<CallArgument>& arguments) const {
+    const QString function = name.toUpper();
+    const auto [fewest, most] = ArgumentCounts(function);
+    if (arguments.size() < fewest || arguments.size() > most)
+        ThrowStatementError(
+            QStringLiteral("The %1 function requires %2 argument(s).").arg(name).arg(fewest), 174);
+    if (function == u"CONVERT") return Convert(arguments);
+    if (function == u"ISDATE") return IsDate(arguments[0]);
+    if (function == u"EOMONTH")
+        return m_dialect.EndOfMonth(DateValue(arguments[0]), arguments.size() == 2
+                                                                 ? arguments[1].sql.trimmed()
+                                                                 : QStringLiteral("0"));
+    if (function == u"YEAR" || function == u"MONTH" || function == u"DAY") {
+        const DateUnit unit = function == u"YEAR"    ? DateUnit::Year
+                              : function == u"MONTH" ? DateUnit::Month
+                                                     : DateUnit::Day;
+        return m_dialect.DatePart(unit, DateValue(arguments[0]), m_settings.dateFirst);
+    }
+    const DateUnit unit = Unit(function, arguments[0]);
+    if (function == u"DATEPART")
+        return m_dialect.DatePart(unit, DateValue(arguments[1]), m_settings.dateFirst);
+    if (function == u"DATENAME")
+        return m_dialect.DateName(unit, DateValue(arguments[1]), m_settings.dateFirst,
+                                  m_settings.spanish);
+    if (function == u"DATEADD")
+        return m_dialect.DateAdd(unit, arguments[1].sql.trimmed(), DateValue(arguments[2]));
+    return m_dialect.DateDiff(unit, DateValue(arguments[1]), DateValue(arguments[2]));
+}
+
+QString DateFunctionWriter::CastLiteral(const CallArgument& value, const QString& type) const {
+    if (!value.isText || !IsDateType(type)) return {};
+    return DateValue(value);
+}
+
+QString DateFunctionWriter::DateValue(const CallArgument& value) const {
+    return DateValue(value, m_settings.order);
+}
+
+QString DateFunctionWriter::DateValue(const CallArgument& value, DateOrder order) const {
+    if (!value.isText) return value.sql.trimmed();
+    return m_dialect.DateLiteral(SqlString(ReadLiteral(value.text, order)));
+}
+
+DateUnit DateFunctionWriter::Unit(const QString& function, const CallArgument& unit) const {
+    const QString name = unit.sql.trimmed();
+    const auto found = unit.isText ? std::nullopt : ado::DateUnitNamed(name);
+    if (!found) ThrowUnsupported(function + u'(' + name + u')');
+    return *found;
+}
+
+// CONVERT(type, value[, style]): a style reads or writes dates; without one it is a CAST.
+QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) const {
+    const QString type = arguments[0].sql.simplified().toUpper();
+    const CallArgument& value = arguments[1];
+    if (arguments.size() == 3) {
+        const int style = StyleNumber(arguments[2]);
+        if (IsDateType(type)) {
+            const auto order = ado::StyleOrder(style);
+            if (!order) ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
+            return value.isText ? DateValue(value, *order)
+                                : m_dialect.TextToDate(value.sql.trimmed(), *order);
+        }
+        if (SizedTextType(type)) return ConvertToText(type, value, style);
+    }
+    if (const QString literal = CastLiteral(value, type); !literal.isEmpty()) return literal;
+    const QString sql = m_dialect.Cast(value.sql.trimmed(), type, value.isText);
+    if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CONVERT a ") + type);
+    return sql;
+}
+
+// CONVERT(VARCHAR(n), date, style): the date written in the style, cut to n characters.
+QString DateFunctionWriter::ConvertToText(const QString& type, const CallArgument& value,
+                                          int style) const {
+    if (ado::StyleFormat(style).isEmpty())
+        ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
+    return QStringLiteral("substr(%1, 1, %2)")
+        .arg(m_dialect.DateText(DateValue(value), style), SizedTextType(type)->length);
+}
+
+QString DateFunctionWriter::IsDate(const CallArgument& value) const {
+    if (value.isText)
+        return ado::ReadDate(value.text, m_settings.order).error ? QStringLiteral("0")
+                                                                 : QStringLiteral("1");
+    const QString sql = m_dialect.IsDate(value.sql.trimmed(), m_settings.order);
+    if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("ISDATE de una expresión"));
+    return sql;
+}
+
+} // namespace zlx::tsql

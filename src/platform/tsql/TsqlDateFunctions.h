@@ -1,0 +1,49 @@
+#pragma once
+// The date functions of T-SQL (DATEPART, DATENAME, DATEADD, DATEDIFF, YEAR, MONTH, DAY, EOMONTH,
+// ISDATE), CONVERT with its styles and date arithmetic, written for an engine by its dialect.
+// A text literal where a date is due is read here as SQL Server reads it (SET DATEFORMAT or the
+// CONVERT style), so that an impossible date fails with SQL Server's error before it runs.
+
+#include "platform/tsql/EngineDialect.h"
+
+#include <vector>
+
+namespace zlx::tsql {
+
+// One argument of a call, translated.
+struct CallArgument {
+    QString sql;
+    bool isText = false; // a single text literal, whose value is `text`
+    QString text;
+};
+
+struct DateSettings {
+    DateOrder order = DateOrder::MonthDayYear; // SET DATEFORMAT
+    int dateFirst = 7;                         // SET DATEFIRST
+    bool spanish = false;                      // SET LANGUAGE names months and days in Spanish
+};
+
+class DateFunctionWriter {
+public:
+    DateFunctionWriter(const EngineDialect& dialect, DateSettings settings);
+
+    static bool Handles(const QString& function);
+    // The engine's SQL for function(arguments); throws 0x80040E14 for what it cannot write.
+    QString Call(const QString& function, const std::vector<CallArgument>& arguments) const;
+    // CAST(value AS type) for a date type: a text literal read as a date; empty otherwise.
+    QString CastLiteral(const CallArgument& value, const QString& type) const;
+    static bool IsDateType(const QString& type);
+
+private:
+    QString DateValue(const CallArgument& value) const;
+    QString DateValue(const CallArgument& value, DateOrder order) const;
+    DateUnit Unit(const QString& function, const CallArgument& unit) const;
+    QString Convert(const std::vector<CallArgument>& arguments) const;
+    QString ConvertToText(const QString& type, const CallArgument& value, int style) const;
+    QString IsDate(const CallArgument& value) const;
+
+    const EngineDialect& m_dialect;
+    DateSettings m_settings;
+};
+
+} // namespace zlx::tsql

@@ -1,0 +1,95 @@
+// SQL Server's date rules as the engines get them: reading texts under a date order, the units
+// of DATEPART, DATEADD and DATEDIFF, and the CONVERT styles.
+#include "platform/engines/SqlServerDates.h"
+#include "platform/engines/SqlServerErrors.h"
+
+#include <gtest/gtest.h>
+
+using namespace zlx::ado;
+
+namespace {
+
+QString Read(const char* text, DateOrder order = DateOrder::DayMonthYear) {
+    const DateReading reading = ReadDate(QString::fromUtf8(text), order);
+    return reading.error ? QStringLiteral("error %1").arg(reading.error)
+                         : IsoDateText(reading.value);
+}
+
+QDateTime At(const char* iso) {
+    return ReadDate(QString::fromLatin1(iso), DateOrder::YearMonthDay).value;
+}
+
+} // namespace
+
+TEST(SqlServerDates, TextsReadInTheSessionOrderOrFailWithTheirNumber) {
+    EXPECT_EQ(Read("15/03/2024"), u"2024-03-15 00:00:00");
+    EXPECT_EQ(Read("03/15/2024", DateOrder::MonthDayYear), u"2024-03-15 00:00:00");
+    EXPECT_EQ(Read("15.03.24 7:05 PM"), u"2024-03-15 19:05:00");
+    EXPECT_EQ(Read("1-2-99"), u"1999-02-01 00:00:00"); // two-digit years from 50 on are 19xx
+    EXPECT_EQ(Read(" 20240315 13:45:30.25 "), u"2024-03-15 13:45:30.250");
+    // A year written first reads year, day, month under dmy; ISO with its T never does.
+    EXPECT_EQ(Read("2024-15-03"), u"2024-03-15 00:00:00");
+    EXPECT_EQ(Read("2024-03-15T10:00:00"), u"2024-03-15 10:00:00");
+    EXPECT_EQ(Read("2024-03-15", DateOrder::MonthDayYear), u"2024-03-15 00:00:00");
+    EXPECT_EQ(Read("10:30"), u"1900-01-01 10:30:00");
+    // Out of range (242) is a date written right whose values do not exist.
+    EXPECT_EQ(Read("03/15/2024"), u"error 242");
+    EXPECT_EQ(Read("29/02/2023"), u"error 242");
+    EXPECT_EQ(Read("01/01/1752"), u"error 242");
+    // Anything else is no date at all (241).
+    EXPECT_EQ(Read("hola"), u"error 241");
+    EXPECT_EQ(Read("15/03/2024 25:00"), u"error 241");
+    EXPECT_EQ(Read("15/03"), u"error 241");
+    EXPECT_EQ(DateErrorText(kNativeDateOutOfRange).contains(u"out-of-range"), true);
+}
+
+TEST(SqlServerDates, UnitsTakeEveryAbbreviation) {
+    for (const char* name : {"yy", "YYYY", "year"})
+        EXPECT_EQ(DateUnitNamed(QString::fromLatin1(name)), DateUnit::Year) << name;
+    for (const char* name : {"dw", "w", "weekday"})
+        EXPECT_EQ(DateUnitNamed(QString::fromLatin1(name)), DateUnit::Weekday) << name;
+    for (const char* name : {"y", "dy", "dayofyear"})
+        EXPECT_EQ(DateUnitNamed(QString::fromLatin1(name)), DateUnit::DayOfYear) << name;
+    EXPECT_EQ(DateUnitNamed(QStringLiteral("n")), DateUnit::Minute);
+    EXPECT_EQ(DateUnitNamed(QStringLiteral("s")), DateUnit::Second);
+    EXPECT_FALSE(DateUnitNamed(QStringLiteral("fortnight")));
+}
+
+TEST(SqlServerDates, WeeksAndWeekdaysFollowDateFirst) {
+    const QDateTime sunday = At("2024-03-24"), monday = At("2024-03-25");
+    EXPECT_EQ(DatePartOf(DateUnit::Weekday, sunday, 1), 7);
+    EXPECT_EQ(DatePartOf(DateUnit::Weekday, monday, 1), 1);
+    EXPECT_EQ(DatePartOf(DateUnit::Weekday, sunday, 7), 1);
+    // 2023 began on a Sunday: with Monday first, 2 January opens week 2.
+    EXPECT_EQ(DatePartOf(DateUnit::Week, At("2023-01-01"), 1), 1);
+    EXPECT_EQ(DatePartOf(DateUnit::Week, At("2023-01-02"), 1), 2);
+    EXPECT_EQ(DatePartOf(DateUnit::Week, At("2023-01-02"), 7), 1);
+    EXPECT_EQ(DateNameOf(DateUnit::Weekday, At("2024-03-20"), 1, true), u"miércoles");
+    EXPECT_EQ(DateNameOf(DateUnit::Month, At("2024-03-20"), 1, false), u"March");
+    EXPECT_EQ(DateNameOf(DateUnit::Year, At("2024-03-20"), 1, true), u"2024");
+}
+
+TEST(SqlServerDates, AddClampsMonthEndsAndDiffCountsBoundaries) {
+    EXPECT_EQ(IsoDateText(DateAdd(DateUnit::Month, 1, At("2024-01-31"))), u"2024-02-29 00:00:00");
+    EXPECT_EQ(IsoDateText(DateAdd(DateUnit::Quarter, -1, At("2024-05-31"))),
+              u"2024-02-29 00:00:00");
+    EXPECT_EQ(IsoDateText(DateAdd(DateUnit::Millisecond, 1500, At("2024-01-31 23:59:59"))),
+              u"2024-02-01 00:00:00.500");
+    // Week boundaries are Sundays whatever DATEFIRST says.
+    EXPECT_EQ(DateDiff(DateUnit::Week, At("2024-03-23"), At("2024-03-24")), 1);
+    EXPECT_EQ(DateDiff(DateUnit::Week, At("2024-03-24"), At("2024-03-30")), 0);
+    // One second across an hour is one hour; before 1970 too.
+    EXPECT_EQ(DateDiff(DateUnit::Hour, At("1960-05-01 09:59:59"), At("1960-05-01 10:00:00")), 1);
+    EXPECT_EQ(DateDiff(DateUnit::Minute, At("2024-03-15 08:00:59"), At("2024-03-15 08:00:01")), 0);
+    EXPECT_EQ(DateDiff(DateUnit::Quarter, At("2023-12-31"), At("2024-01-01")), 1);
+}
+
+TEST(SqlServerDates, StylesWriteAndReadTheirOrder) {
+    EXPECT_EQ(At("2024-03-05 13:45:30.007").toString(StyleFormat(121)), u"2024-03-05 13:45:30.007");
+    EXPECT_EQ(At("2024-03-05").toString(StyleFormat(3)), u"05/03/24");
+    EXPECT_TRUE(StyleFormat(130).isEmpty());
+    EXPECT_EQ(StyleOrder(103), DateOrder::DayMonthYear);
+    EXPECT_EQ(StyleOrder(1), DateOrder::MonthDayYear);
+    EXPECT_EQ(StyleOrder(112), DateOrder::YearMonthDay);
+    EXPECT_FALSE(StyleOrder(108));
+}
