@@ -69,7 +69,7 @@ void Workbook::Save() {
         parts[sheet.layout.part] = texts[&sheet].toUtf8();
     }
     if (parts.empty()) return;
-    if (FileStamp() != m_stamp)
+    if (ChangedOnDisk())
         throw WorkbookError(QStringLiteral("The workbook was changed by another program after it "
                                            "was opened. Open it again to change it."));
     ZipPackage::ReplaceParts(m_path, parts);

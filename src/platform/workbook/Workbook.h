@@ -19,6 +19,8 @@ public:
 
     const QString& Path() const { return m_path; }
     bool ReadOnly() const { return m_readOnly; }
+    // Another program saved the file after this workbook read or wrote it.
+    bool ChangedOnDisk() const { return FileStamp() != m_stamp; }
     std::deque<SheetTable>& Tables() { return m_tables; }
 
     // Writes every changed sheet into the file. Throws WorkbookError, leaving the file as it

@@ -35,12 +35,45 @@ void WorkbookDriver::Connect(const ado::ConnectParams& params) {
         ado::adModeUnknown; // the tables are made in it; the workbook says what is read-only
     m_engine.Connect(memory);
     auto* db = static_cast<sqlite3*>(m_engine.NativeHandle());
-    if (WorkbookModule::Install(db, *m_workbook) != SQLITE_OK) {
+    if (WorkbookModule::Register(db, m_workbook) != SQLITE_OK ||
+        WorkbookModule::CreateTables(db, *m_workbook) != SQLITE_OK) {
         const QString message = QString::fromUtf8(sqlite3_errmsg(db));
         Disconnect();
         ado::ThrowConnectFailed(message, kSource, 0, QStringLiteral("08001"));
     }
     m_database = QFileInfo(params.target).completeBaseName();
+}
+
+void WorkbookDriver::Fail(const QString& message) {
+    ado::ThrowCommandFailed(message, kSource, 0, QStringLiteral("42000"));
+}
+
+// The tables are made again over the workbook as it is now: its sheets, columns and records
+// may all have changed.
+void WorkbookDriver::ReadAgainIfChanged() {
+    auto* db = static_cast<sqlite3*>(m_engine.NativeHandle());
+    if (!m_workbook || !sqlite3_get_autocommit(db) || !m_workbook->ChangedOnDisk()) return;
+    std::unique_ptr<Workbook> current;
+    try {
+        current = Workbook::Open(m_workbook->Path());
+    } catch (const WorkbookError& error) {
+        Fail(error.Message());
+    }
+    if (WorkbookModule::DropTables(db, *m_workbook) != SQLITE_OK)
+        Fail(QString::fromUtf8(sqlite3_errmsg(db)));
+    m_workbook = std::move(current);
+    if (WorkbookModule::CreateTables(db, *m_workbook) != SQLITE_OK)
+        Fail(QString::fromUtf8(sqlite3_errmsg(db)));
+}
+
+void WorkbookDriver::Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
+    ReadAgainIfChanged();
+    m_engine.Execute(batch, sink, timeoutSeconds);
+}
+
+void WorkbookDriver::StartExecute(const QString& batch) {
+    ReadAgainIfChanged();
+    m_engine.StartExecute(batch);
 }
 
 // The SQLite connection goes first: its tables point into the workbook.

@@ -27,10 +27,10 @@ public:
     void Disconnect() override;
     bool IsConnected() const override { return m_engine.IsConnected(); }
 
-    void Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) override {
-        m_engine.Execute(batch, sink, timeoutSeconds);
-    }
-    void StartExecute(const QString& batch) override { m_engine.StartExecute(batch); }
+    // A statement outside a transaction reads the workbook again when another program saved
+    // it since.
+    void Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) override;
+    void StartExecute(const QString& batch) override;
     bool PollExecute(ado::ResultSink& sink) override { return m_engine.PollExecute(sink); }
     void Cancel() override { m_engine.Cancel(); }
 
@@ -45,6 +45,9 @@ public:
     QString EngineName() const override { return QStringLiteral("Excel"); }
 
 private:
+    [[noreturn]] void Fail(const QString& message);
+    void ReadAgainIfChanged();
+
     ado::SqliteDriver m_engine;
     std::unique_ptr<Workbook> m_workbook;
     QString m_database;

@@ -56,7 +56,7 @@ QString DeclaredType(const TableColumn& column) {
 
 int Connect(sqlite3* db, void* aux, int argc, const char* const* argv, sqlite3_vtab** out,
             char** error) {
-    auto* workbook = static_cast<Workbook*>(aux);
+    Workbook* workbook = static_cast<std::unique_ptr<Workbook>*>(aux)->get();
     const int index = argc > 3 ? QByteArray(argv[3]).toInt() : -1;
     if (index < 0 || index >= static_cast<int>(workbook->Tables().size())) {
         *error = sqlite3_mprintf("no such sheet");
@@ -241,15 +241,29 @@ sqlite3_module MakeModule() {
 
 } // namespace
 
-int WorkbookModule::Install(sqlite3* db, Workbook& workbook) {
+int WorkbookModule::Register(sqlite3* db, std::unique_ptr<Workbook>& current) {
     static const sqlite3_module module = MakeModule();
-    int code = sqlite3_create_module(db, kModuleName, &module, &workbook);
+    return sqlite3_create_module(db, kModuleName, &module, &current);
+}
+
+int WorkbookModule::CreateTables(sqlite3* db, Workbook& workbook) {
+    int code = SQLITE_OK;
     for (std::size_t i = 0; code == SQLITE_OK && i < workbook.Tables().size(); ++i) {
-        const QString name = workbook.Tables()[i].Name() + u'$';
-        const QByteArray sql = QStringLiteral("CREATE VIRTUAL TABLE %1 USING %2(%3)")
-                                   .arg(Quoted(name), QString::fromUtf8(kModuleName))
-                                   .arg(i)
-                                   .toUtf8();
+        const QByteArray sql =
+            QStringLiteral("CREATE VIRTUAL TABLE %1 USING %2(%3)")
+                .arg(Quoted(workbook.Tables()[i].Name() + u'$'), QString::fromUtf8(kModuleName))
+                .arg(i)
+                .toUtf8();
+        code = sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr);
+    }
+    return code;
+}
+
+int WorkbookModule::DropTables(sqlite3* db, Workbook& workbook) {
+    int code = SQLITE_OK;
+    for (std::size_t i = 0; code == SQLITE_OK && i < workbook.Tables().size(); ++i) {
+        const QByteArray sql =
+            (QStringLiteral("DROP TABLE ") + Quoted(workbook.Tables()[i].Name() + u'$')).toUtf8();
         code = sqlite3_exec(db, sql.constData(), nullptr, nullptr, nullptr);
     }
     return code;

@@ -79,23 +79,31 @@ TEST_F(WorkbookWrite, TransactionsWriteOnCommitOnly) {
               QStringList({"C1|2", "C9|NULL"}));
 }
 
-// A connection that read the workbook before another one saved it would write back the old
-// sheet over the other's change: it is refused until the workbook is opened again.
-TEST_F(WorkbookWrite, AChangeOverAnotherConnectionsSaveIsRefused) {
-    auto first = std::move(m_cn);
+// A connection reads the workbook again when another one saved it since its last statement;
+// inside a transaction it cannot, and its commit is refused rather than writing back the sheet
+// it read over the other's change.
+TEST_F(WorkbookWrite, ChangesSavedByAnotherConnectionAreSeenAndNotOverwritten) {
+    auto other = std::move(m_cn);
     Open(m_path);
     ado::DiscardingSink discard;
-    first->ExecuteInto("UPDATE [Clientes$] SET Nombre = 'Ana María' WHERE Codigo = 'C1'", discard);
-    const QByteArray saved = Bytes(m_path);
-    EXPECT_EQ(ErrorOf("UPDATE [Clientes$] SET Importe = 5 WHERE Codigo = 'C2'"),
-              "The workbook was changed by another program after it was opened. Open it again "
-              "to change it.");
-    EXPECT_EQ(Bytes(m_path), saved);
+    other->ExecuteInto("UPDATE [Clientes$] SET Nombre = 'Ana María' WHERE Codigo = 'C1'", discard);
+    EXPECT_EQ(Query("SELECT Nombre FROM [Clientes$] WHERE Codigo = 'C1'").rows,
+              QStringList({"Ana María"}));
 
-    Open(m_path);
+    m_cn->BeginTrans();
     Run("UPDATE [Clientes$] SET Importe = 5 WHERE Codigo = 'C2'");
-    EXPECT_EQ(Query("SELECT Nombre, Importe FROM [Clientes$] WHERE Codigo IN ('C1', 'C2')").rows,
-              QStringList({"Ana María|150.5", "Bernardo|5"}));
+    other->ExecuteInto("UPDATE [Clientes$] SET Importe = 6 WHERE Codigo = 'C3'", discard);
+    const QByteArray saved = Bytes(m_path);
+    try {
+        m_cn->CommitTrans();
+        ADD_FAILURE() << "the commit over the other connection's save was taken";
+    } catch (const ado::AdoError& error) {
+        EXPECT_EQ(error.Description(), "The workbook was changed by another program after it "
+                                       "was opened. Open it again to change it.");
+    }
+    EXPECT_EQ(Bytes(m_path), saved);
+    EXPECT_EQ(Query("SELECT Nombre, Importe FROM [Clientes$] ORDER BY Codigo").rows,
+              QStringList({"Ana María|150.5", "Bernardo|80", "Carmen|6"}));
 }
 
 TEST_F(WorkbookWrite, DeleteIsRefusedAndTheWorkbookKept) {
