@@ -54,11 +54,14 @@ QString Unquoted(const char* argument) {
     return text;
 }
 
+// The library's tables carry their key in ZolmarID: declared as the key, a recordset of the
+// table can write its changes back by it.
 QString Schema(const DbfLayout& layout, const std::vector<QString>& names) {
     QStringList columns;
     for (std::size_t i = 0; i < layout.fields.size(); ++i)
         columns << u'"' + names[i] + QStringLiteral("\" ") +
-                       DeclaredTypeOf(layout, layout.fields[i]);
+                       DeclaredTypeOf(layout, layout.fields[i]) +
+                       (names[i] == u"zolmarid" ? QStringLiteral(" PRIMARY KEY") : QString());
     return QStringLiteral("CREATE TABLE x(") + columns.join(QStringLiteral(", ")) + u')';
 }
 

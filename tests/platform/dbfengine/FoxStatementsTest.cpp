@@ -56,6 +56,8 @@ TEST_F(FoxStatementsTest, ColumnsCarryTheirTypesAndTable) {
     EXPECT_EQ(rowset.columns[2].numericScale, 2);
     EXPECT_EQ(rowset.columns[0].baseTable, "clientes");
     EXPECT_EQ(rowset.columns[0].baseColumn, "zolmarid");
+    EXPECT_TRUE(rowset.columns[0].keyColumn);
+    EXPECT_FALSE(rowset.columns[1].keyColumn);
 }
 
 TEST_F(FoxStatementsTest, FiltersSortsAndTopTakeFoxProConstants) {
