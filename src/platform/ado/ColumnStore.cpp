@@ -2,6 +2,8 @@
 
 #include "platform/ado/AdoErrorTexts.h"
 
+#include <algorithm>
+#include <bit>
 #include <limits>
 
 namespace zlx::ado {
@@ -24,6 +26,8 @@ bool IsTextType(DataTypeEnum type) {
     }
 }
 
+constexpr std::uint8_t kWideDecimal = 0xFF;
+
 std::int64_t CheckedRange(std::int64_t v, std::int64_t low, std::int64_t high) {
     if (v < low || v > high) throw VariantError(vbErrOverflow, QStringLiteral("Overflow"));
     return v;
@@ -31,11 +35,13 @@ std::int64_t CheckedRange(std::int64_t v, std::int64_t low, std::int64_t high) {
 
 } // namespace
 
-ColumnStore::ColumnStore(DataTypeEnum type, std::int32_t definedSize, bool isLong)
+ColumnStore::ColumnStore(DataTypeEnum type, std::int32_t definedSize, bool isLong,
+                         TextColumn::Layout texts)
     : m_type(type), m_kind(KindOf(type)),
       m_maxChars(isLong || type == adLongVarChar || type == adLongVarWChar || type == adGUID
                      ? 0
-                     : definedSize) {}
+                     : definedSize),
+      m_texts(texts) {}
 
 ColumnStore::Kind ColumnStore::KindOf(DataTypeEnum type) {
     switch (type) {
@@ -68,7 +74,6 @@ ColumnStore::Kind ColumnStore::KindOf(DataTypeEnum type) {
 }
 
 void ColumnStore::Reserve(std::size_t rows) {
-    m_null.reserve(rows);
     switch (m_kind) {
     case Kind::Integer:
     case Kind::Currency:
@@ -78,11 +83,12 @@ void ColumnStore::Reserve(std::size_t rows) {
         m_reals.reserve(rows);
         break;
     case Kind::Decimal:
+        m_ints.reserve(rows);
         m_reals.reserve(rows);
-        m_decimals.reserve(rows);
+        m_scales.reserve(rows);
         break;
     case Kind::Text:
-        m_texts.reserve(rows);
+        m_texts.Reserve(rows);
         break;
     case Kind::Other:
         m_others.reserve(rows);
@@ -90,8 +96,7 @@ void ColumnStore::Reserve(std::size_t rows) {
     }
 }
 
-void ColumnStore::AppendNull() {
-    m_null.push_back(1);
+void ColumnStore::AppendDefault() {
     switch (m_kind) {
     case Kind::Integer:
     case Kind::Currency:
@@ -101,30 +106,67 @@ void ColumnStore::AppendNull() {
         m_reals.push_back(0.0);
         break;
     case Kind::Decimal:
+        m_ints.push_back(0);
         m_reals.push_back(0.0);
-        m_decimals.emplace_back();
+        m_scales.push_back(0);
         break;
     case Kind::Text:
-        m_texts.emplace_back();
+        m_texts.Append(QString());
         break;
     case Kind::Other:
         m_others.emplace_back();
         break;
     }
+    if (!m_null.empty()) m_null.push_back(0);
+    ++m_size;
+}
+
+void ColumnStore::AppendNull() {
+    AppendDefault();
+    SetNull(m_size - 1, true);
+}
+
+void ColumnStore::Append(const Variant& value) {
+    // A text that fits goes straight in: the common case of a fetched text column.
+    if (const QString* text = value.Get<QString>();
+        text && m_kind == Kind::Text && (m_maxChars == 0 || text->size() <= m_maxChars)) {
+        m_texts.Append(*text);
+        if (!m_null.empty()) m_null.push_back(0);
+        ++m_size;
+        return;
+    }
+    AppendDefault();
+    try {
+        Set(m_size - 1, value);
+    } catch (...) {
+        SetNull(m_size - 1, true);
+        throw;
+    }
 }
 
 void ColumnStore::Clear() {
+    m_size = 0;
     m_null.clear();
     m_ints.clear();
     m_reals.clear();
-    m_decimals.clear();
-    m_texts.clear();
+    m_scales.clear();
+    m_wideDecimals.clear();
+    m_texts.Clear();
     m_others.clear();
+}
+
+void ColumnStore::SetNull(std::size_t row, bool null) {
+    if (null && m_null.empty()) m_null.assign(m_size, 0);
+    if (!m_null.empty()) m_null[row] = null ? 1 : 0;
+}
+
+bool ColumnStore::HasNoNulls() const {
+    return std::none_of(m_null.begin(), m_null.end(), [](std::uint8_t n) { return n != 0; });
 }
 
 void ColumnStore::Set(std::size_t row, const Variant& value) {
     if (value.IsNull() || value.IsEmpty()) {
-        m_null[row] = 1;
+        SetNull(row, true);
         return;
     }
     try {
@@ -132,7 +174,7 @@ void ColumnStore::Set(std::size_t row, const Variant& value) {
     } catch (const VariantError& e) {
         RaiseAdoError(adErrDataConversion, e.Description());
     }
-    m_null[row] = 0;
+    SetNull(row, false);
 }
 
 void ColumnStore::StoreConverted(std::size_t row, const Variant& value) {
@@ -177,16 +219,15 @@ void ColumnStore::StoreConverted(std::size_t row, const Variant& value) {
             m_reals[row] = value.ToDate().value;
         return;
     case Kind::Text: {
-        QString text = value.ToString();
+        const QString text = value.ToString();
         if (m_maxChars > 0 && text.size() > m_maxChars) {
             RaiseAdoError(adHrMultipleStep, QStringLiteral("The text is longer than the field."));
         }
-        m_texts[row] = std::move(text);
+        m_texts.Set(row, text);
         return;
     }
     case Kind::Decimal:
-        m_decimals[row] = value.ToDecimal();
-        m_reals[row] = m_decimals[row].ToDouble();
+        StoreDecimal(row, value.ToDecimal());
         return;
     case Kind::Other:
         m_others[row] = value;
@@ -194,8 +235,40 @@ void ColumnStore::StoreConverted(std::size_t row, const Variant& value) {
     }
 }
 
+// Decimals whose mantissa fits 63 bits (nearly all) are kept as that signed mantissa and
+// their scale; a negative zero keeps its sign among the wide ones.
+void ColumnStore::StoreDecimal(std::size_t row, const Decimal& value) {
+    const bool narrow =
+        value.hi == 0 &&
+        value.lo <= static_cast<std::uint64_t>(std::numeric_limits<std::int64_t>::max()) &&
+        !(value.lo == 0 && value.negative);
+    if (narrow) {
+        const auto mantissa = static_cast<std::int64_t>(value.lo);
+        m_ints[row] = value.negative ? -mantissa : mantissa;
+        m_scales[row] = value.scale;
+    } else if (m_scales[row] == kWideDecimal) {
+        m_wideDecimals[static_cast<std::size_t>(m_ints[row])] = value;
+    } else {
+        m_ints[row] = static_cast<std::int64_t>(m_wideDecimals.size());
+        m_scales[row] = kWideDecimal;
+        m_wideDecimals.push_back(value);
+    }
+    m_reals[row] = value.ToDouble();
+}
+
+Decimal ColumnStore::DecimalAt(std::size_t row) const {
+    if (m_scales[row] == kWideDecimal) return m_wideDecimals[static_cast<std::size_t>(m_ints[row])];
+    const std::int64_t mantissa = m_ints[row];
+    Decimal value;
+    value.lo = mantissa < 0 ? 0 - static_cast<std::uint64_t>(mantissa)
+                            : static_cast<std::uint64_t>(mantissa);
+    value.scale = m_scales[row];
+    value.negative = mantissa < 0;
+    return value;
+}
+
 Variant ColumnStore::Get(std::size_t row) const {
-    if (m_null[row]) return Variant::Null();
+    if (IsNull(row)) return Variant::Null();
     switch (m_kind) {
     case Kind::Integer: {
         const std::int64_t v = m_ints[row];
@@ -221,9 +294,9 @@ Variant ColumnStore::Get(std::size_t row) const {
         if (m_type == adDouble) return Variant(m_reals[row]);
         return Variant(Date{m_reals[row]});
     case Kind::Decimal:
-        return Variant(m_decimals[row]);
+        return Variant(DecimalAt(row));
     case Kind::Text:
-        return Variant(m_texts[row]);
+        return Variant(m_texts.Get(row));
     case Kind::Other:
         return m_others[row];
     }
@@ -235,14 +308,14 @@ bool ColumnStore::CurrencyAt(std::size_t row, Currency& value) const {
                         (m_kind == Kind::Integer && m_type != adBoolean) ||
                         (m_kind == Kind::Real && (m_type == adSingle || m_type == adDouble));
     if (!number) return false;
-    if (m_null[row])
+    if (IsNull(row))
         throw VariantError(vbErrInvalidUseOfNull, QStringLiteral("Invalid use of Null"));
     switch (m_kind) {
     case Kind::Currency:
         value = Currency{m_ints[row]};
         break;
     case Kind::Decimal:
-        value = Currency::FromDecimal(m_decimals[row]);
+        value = Currency::FromDecimal(DecimalAt(row));
         break;
     case Kind::Integer:
         value = Variant::FromInt64(m_ints[row]).ToCurrency();
@@ -250,6 +323,52 @@ bool ColumnStore::CurrencyAt(std::size_t row, Currency& value) const {
     default:
         value = Get(row).ToCurrency();
     }
+    return true;
+}
+
+// True when no partial sum of the rows' currency values can leave 64 bits, whatever their
+// order: every magnitude below 2^b and fewer than 2^n rows, with b + n at most 63.
+bool ColumnStore::AddsUpWithoutOverflow(const std::vector<std::uint32_t>& rows) const {
+    std::uint64_t magnitudes = 0;
+    const auto add = [&magnitudes](std::int64_t v) {
+        const auto bits = static_cast<std::uint64_t>(v);
+        magnitudes |= bits ^ (0 - (bits >> 63)); // |v| for v >= 0, |v| - 1 below
+    };
+    if (rows.size() == m_size) {
+        for (std::int64_t v : m_ints)
+            add(v);
+    } else {
+        for (std::uint32_t row : rows)
+            add(m_ints[row]);
+    }
+    const int valueBits = 64 - std::countl_zero(magnitudes);
+    const int countBits = 64 - std::countl_zero(static_cast<std::uint64_t>(rows.size()));
+    return valueBits + countBits <= 63;
+}
+
+bool ColumnStore::CurrencyTotal(const std::vector<std::uint32_t>& rows, Currency& total) const {
+    if (m_kind == Kind::Currency && HasNoNulls() && AddsUpWithoutOverflow(rows)) {
+        // No partial sum overflows, so the order does not matter: all rows (a view holds each
+        // row once) are added up in store order.
+        std::uint64_t sum = 0;
+        if (rows.size() == m_size) {
+            for (std::int64_t v : m_ints)
+                sum += static_cast<std::uint64_t>(v);
+        } else {
+            for (std::uint32_t row : rows)
+                sum += static_cast<std::uint64_t>(m_ints[row]);
+        }
+        total = Currency{static_cast<std::int64_t>(sum)};
+        return true;
+    }
+    Currency sum;
+    for (std::uint32_t row : rows) {
+        Currency value;
+        if (!CurrencyAt(row, value)) return false;
+        if (__builtin_add_overflow(sum.scaled, value.scaled, &sum.scaled))
+            throw VariantError(vbErrOverflow, QStringLiteral("Overflow"));
+    }
+    total = sum;
     return true;
 }
 
@@ -263,7 +382,7 @@ double ColumnStore::NumberAt(std::size_t row) const {
     case Kind::Decimal:
         return m_reals[row];
     case Kind::Text:
-        return Variant(m_texts[row]).ToDouble();
+        return Variant(m_texts.Get(row)).ToDouble();
     case Kind::Other:
         return m_others[row].ToDouble();
     }

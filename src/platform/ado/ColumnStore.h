@@ -1,12 +1,15 @@
 #pragma once
 // The values of one recordset column, stored by kind: integers, currency and reals in plain
-// arrays, decimals with a double copy for fast comparison, texts as QStrings, and everything
-// else (binary, variants) as Variants, with one null flag per row.
+// arrays, decimals as a 64-bit mantissa and a scale (wider ones aside) with a double copy for
+// fast comparison, texts in a TextColumn, and everything else (binary, variants) as Variants.
+// The null flags are kept only once the column has had a null.
 
+#include "platform/ado/TextColumn.h"
 #include "platform/engines/AdoConstants.h"
 #include "platform/variant/Variant.h"
 
 #include <QString>
+#include <QStringView>
 #include <cstdint>
 #include <vector>
 
@@ -16,41 +19,59 @@ class ColumnStore {
 public:
     enum class Kind { Integer, Currency, Real, Decimal, Text, Other };
 
-    ColumnStore(DataTypeEnum type, std::int32_t definedSize, bool isLong);
+    // `texts`: how a text column starts out (a one-row store checking values keeps no
+    // dictionary of them).
+    ColumnStore(DataTypeEnum type, std::int32_t definedSize, bool isLong,
+                TextColumn::Layout texts = TextColumn::Layout::Dictionary);
 
     static Kind KindOf(DataTypeEnum type);
     Kind GetKind() const { return m_kind; }
     DataTypeEnum Type() const { return m_type; }
-    std::size_t Size() const { return m_null.size(); }
+    std::size_t Size() const { return m_size; }
 
     void Reserve(std::size_t rows);
     void AppendNull();
+    // Appends a row holding `value`, converted as Set does; on an error the row is left null.
+    void Append(const Variant& value);
     void Clear();
     // Converts `value` to the column's type; throws AdoError 3421 (wrong type) or 0x80040E21
     // (text longer than the defined size). Empty and Null store a null.
     void Set(std::size_t row, const Variant& value);
     Variant Get(std::size_t row) const;
-    bool IsNull(std::size_t row) const { return m_null[row] != 0; }
+    bool IsNull(std::size_t row) const { return !m_null.empty() && m_null[row] != 0; }
+    // True when no row is null.
+    bool HasNoNulls() const;
 
     // Fast access for the numeric kinds (currency, decimals and dates as their double value).
     double NumberAt(std::size_t row) const;
     // The value as Currency, as CCur of Get(row) gives it, for the number kinds (not Boolean);
     // false for the others. Throws VariantError 94 for a Null, 6 on overflow.
     bool CurrencyAt(std::size_t row, Currency& value) const;
-    // Fast access for the text kind.
-    const QString& TextAt(std::size_t row) const { return m_texts[row]; }
+    // The Currency total of `rows`, as adding CurrencyAt of each in turn gives it; false for
+    // the kinds CurrencyAt refuses.
+    bool CurrencyTotal(const std::vector<std::uint32_t>& rows, Currency& total) const;
+    // Fast access for the text kind; valid until the column next changes.
+    QStringView TextAt(std::size_t row) const { return m_texts.At(row); }
+    const TextColumn& Texts() const { return m_texts; }
 
 private:
     void StoreConverted(std::size_t row, const Variant& value);
+    void AppendDefault();
+    void SetNull(std::size_t row, bool null);
+    void StoreDecimal(std::size_t row, const Decimal& value);
+    Decimal DecimalAt(std::size_t row) const;
+    bool AddsUpWithoutOverflow(const std::vector<std::uint32_t>& rows) const;
 
     DataTypeEnum m_type;
     Kind m_kind;
     std::int32_t m_maxChars; // 0: unlimited
-    std::vector<std::uint8_t> m_null;
-    std::vector<std::int64_t> m_ints; // integers; currency scaled by 10,000
-    std::vector<double> m_reals;      // reals, dates, and the decimals' values
-    std::vector<Decimal> m_decimals;
-    std::vector<QString> m_texts;
+    std::size_t m_size = 0;
+    std::vector<std::uint8_t> m_null;    // empty while no row is null
+    std::vector<std::int64_t> m_ints;    // integers; currency scaled by 10,000; decimal mantissas
+    std::vector<double> m_reals;         // reals, dates, and the decimals' values
+    std::vector<std::uint8_t> m_scales;  // decimals: the scale, or kWideDecimal
+    std::vector<Decimal> m_wideDecimals; // decimals whose mantissa needs more than 63 bits
+    TextColumn m_texts;
     std::vector<Variant> m_others;
 };
 

@@ -7,13 +7,12 @@ namespace zlx::ado {
 
 void FieldIndex::Build() {
     m_byText.clear();
-    m_numbers.clear();
     m_numberRows.clear();
     const ColumnStore::Kind kind = m_column.GetKind();
     if (kind == ColumnStore::Kind::Text || kind == ColumnStore::Kind::Other) {
         for (std::size_t row = 0; row < m_column.Size(); ++row) {
             if (m_column.IsNull(row)) continue;
-            const QString text = kind == ColumnStore::Kind::Text ? m_column.TextAt(row)
+            const QString text = kind == ColumnStore::Kind::Text ? m_column.TextAt(row).toString()
                                                                  : m_column.Get(row).ToString();
             m_byText[text.toCaseFolded()].push_back(static_cast<std::uint32_t>(row));
         }
@@ -27,9 +26,6 @@ void FieldIndex::Build() {
             return m_column.NumberAt(a) < m_column.NumberAt(b);
         });
         m_numberRows = std::move(rows);
-        m_numbers.reserve(m_numberRows.size());
-        for (std::uint32_t row : m_numberRows)
-            m_numbers.push_back(m_column.NumberAt(row));
     }
     m_built = true;
 }
@@ -43,8 +39,14 @@ std::span<const std::uint32_t> FieldIndex::Lookup(const Variant& value) {
         return {it->data(), it->size()};
     }
     const double key = value.ToDouble();
-    const auto [first, last] = std::equal_range(m_numbers.begin(), m_numbers.end(), key);
-    return {m_numberRows.data() + (first - m_numbers.begin()),
+    const auto first = std::lower_bound(
+        m_numberRows.begin(), m_numberRows.end(), key,
+        [this](std::uint32_t row, double k) { return m_column.NumberAt(row) < k; });
+    const auto last =
+        std::upper_bound(first, m_numberRows.end(), key, [this](double k, std::uint32_t row) {
+            return k < m_column.NumberAt(row);
+        });
+    return {m_numberRows.data() + (first - m_numberRows.begin()),
             static_cast<std::size_t>(last - first)};
 }
 

@@ -24,8 +24,7 @@ private:
     const ColumnStore& m_column;
     bool m_built = false;
     QHash<QString, std::vector<std::uint32_t>> m_byText;
-    std::vector<double> m_numbers;           // sorted
-    std::vector<std::uint32_t> m_numberRows; // the row of each entry of m_numbers
+    std::vector<std::uint32_t> m_numberRows; // non-null rows, by value (stable)
 };
 
 } // namespace zlx::ado

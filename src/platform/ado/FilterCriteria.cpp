@@ -361,7 +361,7 @@ template <class T> bool Compare(FilterCriteria::Operator op, const T& order) {
     return false;
 }
 
-bool LikeMatches(const FilterCriteria::Clause& clause, const QString& cell) {
+bool LikeMatches(const FilterCriteria::Clause& clause, QStringView cell) {
     if (clause.likeStart && clause.likeEnd) return cell.contains(clause.text, Qt::CaseInsensitive);
     if (clause.likeEnd) return cell.startsWith(clause.text, Qt::CaseInsensitive);
     if (clause.likeStart) return cell.endsWith(clause.text, Qt::CaseInsensitive);
@@ -374,14 +374,14 @@ namespace {
 
 // Equality ignores case; an order puts accented letters next to their base letter, as Sort
 // and the engines' text columns do (ASCII texts, the common case, take the plain way).
-int CompareTexts(FilterCriteria::Operator op, const QString& cell, const QString& value) {
-    const auto ascii = [](const QString& text) {
+int CompareTexts(FilterCriteria::Operator op, QStringView cell, const QString& value) {
+    const auto ascii = [](QStringView text) {
         return std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
     };
     if (op == FilterCriteria::Operator::Equal || op == FilterCriteria::Operator::NotEqual ||
         (ascii(cell) && ascii(value)))
         return cell.compare(value, Qt::CaseInsensitive);
-    return TextOrder::Compare(cell, value);
+    return TextOrder::Compare(cell.toString(), value);
 }
 
 } // namespace
@@ -393,7 +393,7 @@ bool FilterCriteria::ClauseMatches(const Clause& clause, std::size_t row) const 
     if (null) return false;
     switch (column.GetKind()) {
     case ColumnStore::Kind::Text: {
-        const QString& cell = column.TextAt(row);
+        const QStringView cell = column.TextAt(row);
         if (clause.op == Operator::Like) return LikeMatches(clause, cell);
         return Compare(clause.op, CompareTexts(clause.op, cell, clause.text));
     }

@@ -11,7 +11,6 @@
 #include <QHash>
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <cstring>
 #include <limits>
 #include <numeric>
@@ -72,21 +71,45 @@ const std::string& AccentedKey(const QString& text, QHash<QString, std::string>&
     return *known.insert(text, std::move(key));
 }
 
-FoldedTexts FoldTexts(const ColumnStore& column) {
+// The texts ranked: the rows of a text column, or the values of its dictionary.
+struct RankedTexts {
+    const ColumnStore& column;
+    bool dictionary;
+    std::size_t Count() const {
+        return dictionary ? column.Texts().Values().size() : column.Size();
+    }
+    bool Present(std::size_t item) const { return dictionary || !column.IsNull(item); }
+    std::size_t Characters() const {
+        std::size_t total = 0;
+        for (std::size_t item = 0; item < Count(); ++item)
+            total += static_cast<std::size_t>(Text(item).size());
+        return total;
+    }
+    QStringView Text(std::size_t item) const {
+        return dictionary ? QStringView(column.Texts().Values()[item]) : column.TextAt(item);
+    }
+};
+
+FoldedTexts FoldTexts(const RankedTexts& texts) {
     FoldedTexts folded;
     QHash<QString, std::string> accentedKeys;
-    folded.start.reserve(column.Size() + 1);
-    for (std::size_t r = 0; r < column.Size(); ++r) {
+    folded.start.reserve(texts.Count() + 1);
+    folded.bytes.reserve(texts.Characters());
+    for (std::size_t r = 0; r < texts.Count(); ++r) {
         folded.start.push_back(static_cast<std::uint32_t>(folded.bytes.size()));
-        if (column.IsNull(r)) continue;
-        const QString& text = column.TextAt(r);
+        if (!texts.Present(r)) continue;
+        const QStringView text = texts.Text(r);
         const bool ascii =
             std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
         if (ascii) {
-            for (QChar c : text)
-                folded.bytes.push_back(static_cast<char>(std::tolower(c.unicode())));
+            const std::size_t at = folded.bytes.size();
+            folded.bytes.resize(at + static_cast<std::size_t>(text.size()));
+            std::transform(text.begin(), text.end(), folded.bytes.begin() + at, [](QChar c) {
+                const char16_t u = c.unicode();
+                return static_cast<char>(u >= u'A' && u <= u'Z' ? u + (u'a' - u'A') : u);
+            });
         } else {
-            folded.bytes += AccentedKey(text, accentedKeys);
+            folded.bytes += AccentedKey(text.toString(), accentedKeys);
         }
     }
     folded.start.push_back(static_cast<std::uint32_t>(folded.bytes.size()));
@@ -96,13 +119,13 @@ FoldedTexts FoldTexts(const ColumnStore& column) {
 // Ranks through the distinct values when a column has few of them (cities, codes): each row
 // is looked up in a table of the values met so far. False, having done nothing useful, when
 // the column turns out to have too many.
-bool RanksOfFewValues(const FoldedTexts& folded, const ColumnStore& column,
+bool RanksOfFewValues(const FoldedTexts& folded, const RankedTexts& texts,
                       std::vector<std::uint32_t>& rowRank) {
     constexpr std::size_t kMostValues = 65536;
     std::unordered_map<std::string_view, std::uint32_t> idOf;
     std::vector<std::string_view> values;
-    for (std::size_t r = 0; r < column.Size(); ++r) {
-        if (column.IsNull(r)) continue;
+    for (std::size_t r = 0; r < texts.Count(); ++r) {
+        if (!texts.Present(r)) continue;
         const auto [it, added] =
             idOf.try_emplace(folded.At(r), static_cast<std::uint32_t>(values.size()));
         if (added) {
@@ -118,14 +141,14 @@ bool RanksOfFewValues(const FoldedTexts& folded, const ColumnStore& column,
     std::vector<std::uint32_t> rank(values.size());
     for (std::size_t i = 0; i < byText.size(); ++i)
         rank[byText[i]] = static_cast<std::uint32_t>(i);
-    for (std::size_t r = 0; r < column.Size(); ++r)
-        if (!column.IsNull(r)) rowRank[r] = rank[rowRank[r]];
+    for (std::size_t r = 0; r < texts.Count(); ++r)
+        if (texts.Present(r)) rowRank[r] = rank[rowRank[r]];
     return true;
 }
 
 // Ranks of a column of many distinct values: the rows sorted on a 16-byte prefix of their
 // folded text (texts often share a first word), the whole text breaking ties.
-void RanksOfManyValues(const FoldedTexts& folded, const ColumnStore& column,
+void RanksOfManyValues(const FoldedTexts& folded, const RankedTexts& texts,
                        std::vector<std::uint32_t>& rowRank) {
     struct Item {
         std::uint64_t high;
@@ -143,9 +166,9 @@ void RanksOfManyValues(const FoldedTexts& folded, const ColumnStore& column,
         return value;
     };
     std::vector<Item> items;
-    items.reserve(column.Size());
-    for (std::size_t r = 0; r < column.Size(); ++r) {
-        if (column.IsNull(r)) continue;
+    items.reserve(texts.Count());
+    for (std::size_t r = 0; r < texts.Count(); ++r) {
+        if (!texts.Present(r)) continue;
         const std::string_view text = folded.At(r);
         items.push_back({bytesFrom(text, 0), bytesFrom(text, 8), static_cast<std::uint32_t>(r)});
     }
@@ -162,12 +185,66 @@ void RanksOfManyValues(const FoldedTexts& folded, const ColumnStore& column,
     }
 }
 
-// For each row of a text column, the rank of its case-folded value among the column's values.
-std::vector<std::uint32_t> TextRanks(const ColumnStore& column) {
-    const FoldedTexts folded = FoldTexts(column);
-    std::vector<std::uint32_t> rowRank(column.Size(), 0);
-    if (!RanksOfFewValues(folded, column, rowRank)) RanksOfManyValues(folded, column, rowRank);
-    return rowRank;
+// A column that has left its dictionary had too many values for ranking through them.
+std::vector<std::uint32_t> RanksOf(const RankedTexts& texts, bool fewValuesLikely) {
+    const FoldedTexts folded = FoldTexts(texts);
+    std::vector<std::uint32_t> rank(texts.Count(), 0);
+    if (!fewValuesLikely || !RanksOfFewValues(folded, texts, rank))
+        RanksOfManyValues(folded, texts, rank);
+    return rank;
+}
+
+// The rank of each row's case-folded text among the column's values: a column with a
+// dictionary ranks only the dictionary's values, each row taking its value's rank.
+class TextRanks {
+public:
+    explicit TextRanks(const ColumnStore& column)
+        : m_texts(column.Texts()), m_byValue(m_texts.HasDictionary()),
+          m_ranks(RanksOf({column, m_byValue}, m_byValue)) {}
+    std::uint32_t Of(std::size_t row) const {
+        return m_ranks[m_byValue ? m_texts.CodeAt(row) : row];
+    }
+
+private:
+    const TextColumn& m_texts;
+    bool m_byValue;
+    std::vector<std::uint32_t> m_ranks;
+};
+
+struct FlatKey {
+    const ColumnStore* column;
+    bool descending;
+};
+
+// Every key as a double (texts as ranks, descending keys negated, nulls lowest), sorted
+// together with the row number as the last key, which keeps equal records in their order.
+template <std::size_t N>
+void OrderOnFlatKeys(const std::vector<FlatKey>& keys, std::vector<std::uint32_t>& order) {
+    struct Entry {
+        std::array<double, N> key;
+        std::uint32_t row;
+    };
+    std::vector<Entry> entries(order.size());
+    for (std::size_t r = 0; r < entries.size(); ++r)
+        entries[r].row = static_cast<std::uint32_t>(r);
+    for (std::size_t k = 0; k < N; ++k) {
+        const ColumnStore& column = *keys[k].column;
+        const std::optional<TextRanks> ranks = column.GetKind() == ColumnStore::Kind::Text
+                                                   ? std::optional<TextRanks>(column)
+                                                   : std::nullopt;
+        const double sign = keys[k].descending ? -1.0 : 1.0;
+        for (Entry& e : entries) {
+            const double value = column.IsNull(e.row) ? -std::numeric_limits<double>::infinity()
+                                 : ranks              ? static_cast<double>(ranks->Of(e.row))
+                                                      : column.NumberAt(e.row);
+            e.key[k] = sign * value;
+        }
+    }
+    std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
+        return a.key != b.key ? a.key < b.key : a.row < b.row;
+    });
+    for (std::size_t i = 0; i < entries.size(); ++i)
+        order[i] = entries[i].row;
 }
 
 } // namespace
@@ -340,8 +417,10 @@ void Recordset::SetMaxRecords(long maxRecords) {
 std::size_t Recordset::AppendRow(std::vector<Variant>& values) {
     const std::size_t row = m_status.size();
     for (std::size_t c = 0; c < m_columns.size(); ++c) {
-        m_columns[c].AppendNull();
-        if (c < values.size()) m_columns[c].Set(row, values[c]);
+        if (c < values.size())
+            m_columns[c].Append(values[c]);
+        else
+            m_columns[c].AppendNull();
     }
     m_status.push_back(adRecUnmodified);
     return row;
@@ -434,47 +513,29 @@ void Recordset::RebuildOrder() {
     }
 }
 
-// Every key as a double (texts as ranks, descending keys negated, nulls lowest), sorted
-// together with the row number as the last key, which keeps equal records in their order.
 void Recordset::SortByFlatKeys(const std::vector<SortKey>& keys) {
-    struct Entry {
-        std::array<double, kFlatKeys> key;
-        std::uint32_t row;
-    };
-    std::vector<Entry> entries(m_status.size());
-    for (std::size_t r = 0; r < entries.size(); ++r)
-        entries[r].row = static_cast<std::uint32_t>(r);
-    for (std::size_t k = 0; k < kFlatKeys; ++k) {
-        if (k >= keys.size()) {
-            for (Entry& e : entries)
-                e.key[k] = 0;
-            continue;
-        }
-        const ColumnStore& column = m_columns[keys[k].field];
-        const std::vector<std::uint32_t> ranks = column.GetKind() == ColumnStore::Kind::Text
-                                                     ? TextRanks(column)
-                                                     : std::vector<std::uint32_t>();
-        const double sign = keys[k].descending ? -1.0 : 1.0;
-        for (Entry& e : entries) {
-            const double value = column.IsNull(e.row) ? -std::numeric_limits<double>::infinity()
-                                 : ranks.empty()      ? column.NumberAt(e.row)
-                                                      : static_cast<double>(ranks[e.row]);
-            e.key[k] = sign * value;
-        }
+    std::vector<FlatKey> flat;
+    for (const SortKey& key : keys)
+        flat.push_back({&m_columns[key.field], key.descending});
+    switch (flat.size()) {
+    case 1:
+        OrderOnFlatKeys<1>(flat, m_order);
+        break;
+    case 2:
+        OrderOnFlatKeys<2>(flat, m_order);
+        break;
+    default:
+        static_assert(kFlatKeys == 3);
+        OrderOnFlatKeys<3>(flat, m_order);
     }
-    std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
-        return a.key != b.key ? a.key < b.key : a.row < b.row;
-    });
-    for (std::size_t i = 0; i < entries.size(); ++i)
-        m_order[i] = entries[i].row;
 }
 
 // Keys of any kind, compared as Variants where they are not numbers or texts.
 void Recordset::SortByValues(const std::vector<SortKey>& keys) {
-    std::vector<std::vector<std::uint32_t>> ranks(keys.size());
+    std::vector<std::optional<TextRanks>> ranks(keys.size());
     for (std::size_t k = 0; k < keys.size(); ++k) {
         const ColumnStore& column = m_columns[keys[k].field];
-        if (column.GetKind() == ColumnStore::Kind::Text) ranks[k] = TextRanks(column);
+        if (column.GetKind() == ColumnStore::Kind::Text) ranks[k].emplace(column);
     }
     const auto compare = [&](std::uint32_t a, std::uint32_t b) {
         for (std::size_t k = 0; k < keys.size(); ++k) {
@@ -484,8 +545,10 @@ void Recordset::SortByValues(const std::vector<SortKey>& keys) {
             int order = 0;
             if (nullA || nullB) {
                 order = nullA == nullB ? 0 : (nullA ? -1 : 1);
-            } else if (!ranks[k].empty()) {
-                order = ranks[k][a] < ranks[k][b] ? -1 : (ranks[k][a] > ranks[k][b] ? 1 : 0);
+            } else if (ranks[k]) {
+                const std::uint32_t x = ranks[k]->Of(a);
+                const std::uint32_t y = ranks[k]->Of(b);
+                order = x < y ? -1 : (x > y ? 1 : 0);
             } else if (column.GetKind() == ColumnStore::Kind::Other) {
                 order = column.Get(a).Compare(column.Get(b), true);
             } else {
@@ -784,9 +847,9 @@ void Recordset::SetCurrentValue(int field, const Variant& value) {
 ColumnStore& Recordset::ProbeOf(int field) {
     std::unique_ptr<ColumnStore>& probe = m_probes[field];
     if (!probe) {
-        probe = std::make_unique<ColumnStore>(m_columns[field].Type(),
-                                              m_fields.Item(field).DefinedSize(),
-                                              (m_fields.Item(field).Attributes() & adFldLong) != 0);
+        probe = std::make_unique<ColumnStore>(
+            m_columns[field].Type(), m_fields.Item(field).DefinedSize(),
+            (m_fields.Item(field).Attributes() & adFldLong) != 0, TextColumn::Layout::Buffer);
         probe->AppendNull();
     }
     return *probe;
@@ -923,6 +986,20 @@ void Recordset::AddNew() {
     m_pos = static_cast<long long>(m_view.size()) - 1;
     m_onDeleted = false;
     m_editMode = adEditAdd;
+}
+
+void Recordset::AddNewRecord(const std::vector<Variant>& values) {
+    AddNew();
+    if (!values.empty()) m_fields.Item(static_cast<int>(values.size()) - 1);
+    if (WritesBack()) {
+        for (std::size_t i = 0; i < values.size(); ++i)
+            SetCurrentValue(static_cast<int>(i), values[i]);
+    } else {
+        const std::size_t physical = CurrentPhysical();
+        for (std::size_t i = 0; i < values.size(); ++i)
+            WriteCell(physical, static_cast<int>(i), values[i]);
+    }
+    Update();
 }
 
 std::vector<int> Recordset::FieldListIndexes(const Variant& fieldList) const {
@@ -1073,17 +1150,27 @@ long long Recordset::FindIndexed(int field, const Variant& key, long long from) 
     const std::vector<std::uint32_t>& positions = Positions();
     long long found = static_cast<long long>(m_view.size());
     for (std::uint32_t row : rows) {
-        const long long p = positions[row];
+        const long long p = positions.empty() ? row : positions[row];
         if (p >= from && p < found) found = p;
     }
     return found;
 }
 
+// Left empty when the view holds every row in physical order (no sort, no filter: the usual
+// case), where a row's position is the row itself.
 const std::vector<std::uint32_t>& Recordset::Positions() {
     if (!m_positionsValid) {
-        m_positionOf.assign(m_status.size(), std::numeric_limits<std::uint32_t>::max());
-        for (std::size_t p = 0; p < m_view.size(); ++p) {
-            m_positionOf[m_view[p]] = static_cast<std::uint32_t>(p);
+        m_positionOf = {};
+        std::uint32_t next = 0;
+        const bool everyRowInOrder =
+            m_view.size() == m_status.size() &&
+            std::all_of(m_view.begin(), m_view.end(),
+                        [&next](std::uint32_t row) { return row == next++; });
+        if (!everyRowInOrder) {
+            m_positionOf.assign(m_status.size(), std::numeric_limits<std::uint32_t>::max());
+            for (std::size_t p = 0; p < m_view.size(); ++p) {
+                m_positionOf[m_view[p]] = static_cast<std::uint32_t>(p);
+            }
         }
         m_positionsValid = true;
     }
@@ -1121,16 +1208,7 @@ bool Recordset::TotalOfVisible(int field, Currency& total) {
     RequireOpen();
     FlushEdit();
     m_fields.Item(field); // 3265 for a bad number
-    const ColumnStore& column = m_columns[field];
-    Currency sum;
-    for (std::uint32_t physical : m_view) {
-        Currency value;
-        if (!column.CurrencyAt(physical, value)) return false;
-        if (__builtin_add_overflow(sum.scaled, value.scaled, &sum.scaled))
-            throw VariantError(vbErrOverflow, QStringLiteral("Overflow"));
-    }
-    total = sum;
-    return true;
+    return m_columns[field].CurrencyTotal(m_view, total);
 }
 
 Variant Recordset::GetRows(long rows, const Variant& start, const Variant& fields) {

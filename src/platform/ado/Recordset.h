@@ -3,11 +3,11 @@
 // editing, Filter / Sort / Find, bookmarks, GetRows, XML persistence and a batch's further
 // rowsets (NextRecordset). Errors are AdoError with ADO's numbers.
 
-#include "platform/engines/AdoConstants.h"
 #include "platform/ado/ColumnStore.h"
 #include "platform/ado/Fields.h"
 #include "platform/ado/FilterCriteria.h"
 #include "platform/ado/Properties.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/engines/Driver.h"
 #include "platform/variant/Variant.h"
 
@@ -103,6 +103,10 @@ public:
     // Editing
     void AddNew();
     void AddNew(const Variant& fieldList, const Variant& values);
+    // AddNew, the first values.size() fields set and Update, for loaders: on a recordset that
+    // keeps its changes to itself each value goes once, converted, straight into its column.
+    // A refused value leaves the new record being added, as SetCurrentValue does.
+    void AddNewRecord(const std::vector<Variant>& values);
     void Update();
     void Update(const Variant& fieldList, const Variant& values);
     void CancelUpdate();

@@ -126,7 +126,7 @@ QString ValueText(const ColumnStore& column, std::size_t row) {
     const DataTypeEnum type = column.Type();
     switch (column.GetKind()) {
     case ColumnStore::Kind::Text:
-        return column.TextAt(row);
+        return column.Texts().Get(row);
     case ColumnStore::Kind::Real:
         if (type == adSingle) return QString::number(column.NumberAt(row), 'g', 9);
         if (type == adDouble) return QString::number(column.NumberAt(row), 'g', 17);

@@ -1,0 +1,58 @@
+#pragma once
+// The texts of one recordset column, held compactly. While the column has few distinct values
+// each row keeps only the number of its value in a table of them (cities, states and codes
+// repeat a great deal). Past kMostValues distinct values the column moves to one shared
+// buffer of UTF-16 characters with every row's text one after another, each row knowing where
+// its text starts and how long it is. A changed text goes to the end of the buffer; the
+// buffer is compacted once most of it is left over from earlier values.
+
+#include <QHash>
+#include <QString>
+#include <QStringView>
+#include <cstdint>
+#include <vector>
+
+namespace zlx::ado {
+
+class TextColumn {
+public:
+    enum class Layout { Dictionary, Buffer };
+    static constexpr std::size_t kMostValues = 65536;
+
+    explicit TextColumn(Layout layout = Layout::Dictionary) : m_layout(layout) {}
+
+    std::size_t Size() const;
+    void Reserve(std::size_t rows);
+    void Clear();
+    void Append(const QString& text);
+    void Set(std::size_t row, const QString& text);
+    // Valid until the column next changes.
+    QStringView At(std::size_t row) const;
+    // The text as a QString; a dictionary's value is shared, not copied.
+    QString Get(std::size_t row) const;
+
+    // The table of values and each row's number in it, while the column keeps one.
+    bool HasDictionary() const { return m_layout == Layout::Dictionary; }
+    const std::vector<QString>& Values() const { return m_values; }
+    std::uint32_t CodeAt(std::size_t row) const { return m_codes[row]; }
+
+private:
+    std::uint32_t CodeOf(const QString& text);
+    void MoveToBuffer();
+    void AppendToBuffer(QStringView text);
+    void WriteToBuffer(std::size_t row, QStringView text);
+    void CompactIfWasteful();
+
+    Layout m_layout;
+    // Dictionary layout
+    std::vector<std::uint32_t> m_codes;
+    std::vector<QString> m_values;
+    QHash<QString, std::uint32_t> m_codeOf;
+    // Buffer layout
+    std::vector<char16_t> m_chars;
+    std::vector<std::uint64_t> m_starts;
+    std::vector<std::uint32_t> m_lengths;
+    std::size_t m_unusedChars = 0;
+};
+
+} // namespace zlx::ado

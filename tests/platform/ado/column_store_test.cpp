@@ -1,0 +1,174 @@
+// The column stores under the recordset: texts through their dictionary and their shared
+// buffer, decimals kept as mantissas, nulls, and the currency total of a column.
+
+#include "RecordsetFixture.h"
+#include "platform/ado/ColumnStore.h"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+using namespace zlx;
+using namespace zlx::ado;
+using namespace zlx::ado::testing;
+
+namespace {
+
+int VariantErrorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const VariantError& e) {
+        return e.Number();
+    }
+    return 0;
+}
+
+QString Numbered(std::size_t i) {
+    return QStringLiteral("Cliente %1").arg(i);
+}
+
+// Texts that are not Latin-1, and of many lengths, so that offsets and lengths both matter.
+QString Varied(std::size_t i) {
+    return QString(static_cast<qsizetype>(i % 7), QChar(u'ñ')) + QStringLiteral("€%1").arg(i);
+}
+
+} // namespace
+
+TEST(TextColumnStore, TextsStayExactWhenTheColumnOutgrowsItsDictionary) {
+    ColumnStore column(adVarWChar, 0, false);
+    const std::size_t rows = TextColumn::kMostValues + 500;
+    for (std::size_t i = 0; i < 300; ++i)
+        column.Append(Variant(i % 2 ? QStringLiteral("Madrid") : QString()));
+    EXPECT_TRUE(column.Texts().HasDictionary());
+    EXPECT_EQ(column.Texts().Values().size(), 2u);
+    for (std::size_t i = 300; i < rows; ++i)
+        column.Append(Variant(Varied(i)));
+    EXPECT_FALSE(column.Texts().HasDictionary());
+    ASSERT_EQ(column.Size(), rows);
+    EXPECT_EQ(column.TextAt(1), u"Madrid");
+    EXPECT_TRUE(column.TextAt(2).isEmpty());
+    EXPECT_FALSE(column.IsNull(2)); // an empty text is not a null
+    for (std::size_t i = 300; i < rows; i += 997)
+        EXPECT_EQ(column.Get(i).ToString(), Varied(i)) << i;
+    EXPECT_EQ(column.Get(rows - 1).ToString(), Varied(rows - 1));
+}
+
+TEST(TextColumnStore, ChangedTextsReplaceTheirRowsOnlyThroughEveryLayout) {
+    ColumnStore column(adVarWChar, 0, false, TextColumn::Layout::Buffer);
+    const std::size_t rows = 2000;
+    for (std::size_t i = 0; i < rows; ++i)
+        column.Append(Variant(Numbered(i)));
+    column.Set(5, Variant(QStringLiteral("C5")));                // shorter: in place
+    column.Set(6, Variant(QStringLiteral("Cliente muy largo"))); // longer: to the end
+    column.Set(rows - 1, Variant(QStringLiteral("Último cliente de la lista")));
+    column.Set(7, Variant());
+    EXPECT_EQ(column.TextAt(4), Numbered(4));
+    EXPECT_EQ(column.TextAt(5), u"C5");
+    EXPECT_EQ(column.TextAt(6), u"Cliente muy largo");
+    EXPECT_EQ(column.TextAt(8), Numbered(8));
+    EXPECT_EQ(column.TextAt(rows - 1), u"Último cliente de la lista");
+    EXPECT_TRUE(column.IsNull(7));
+    column.Set(7, Variant(QStringLiteral("vuelve")));
+    EXPECT_FALSE(column.IsNull(7));
+    EXPECT_EQ(column.TextAt(7), u"vuelve");
+
+    // Rewriting every row many times over with longer texts leaves most of the buffer unused
+    // until it is compacted; every row keeps its own latest text throughout.
+    for (int round = 0; round < 40; ++round) {
+        for (std::size_t i = 0; i < rows; i += 3)
+            column.Set(i, Variant(Numbered(i) + QString(round % 5 + 1, u'x')));
+    }
+    for (std::size_t i = 0; i < rows; ++i) {
+        const QString expected = i % 3 == 0      ? Numbered(i) + QString(39 % 5 + 1, u'x')
+                                 : i == 5        ? QStringLiteral("C5")
+                                 : i == 7        ? QStringLiteral("vuelve")
+                                 : i == rows - 1 ? QStringLiteral("Último cliente de la lista")
+                                                 : Numbered(i);
+        ASSERT_EQ(column.TextAt(i), expected) << i;
+    }
+}
+
+TEST(TextColumnStore, DictionaryValuesAreSharedAndLengthsAreChecked) {
+    ColumnStore column(adVarWChar, 8, false);
+    column.Append(Variant(QStringLiteral("Sevilla")));
+    column.Append(Variant(QStringLiteral("Sevilla")));
+    EXPECT_EQ(column.Texts().Values().size(), 1u);
+    EXPECT_EQ(column.Get(0).Get<QString>()->constData(), column.Get(1).Get<QString>()->constData());
+    EXPECT_EQ(AdoErrorOf([&] { column.Append(Variant(QStringLiteral("Barcelona"))); }),
+              adHrMultipleStep);
+    // The refused row is there, as a null.
+    ASSERT_EQ(column.Size(), 3u);
+    EXPECT_TRUE(column.IsNull(2));
+    column.Append(Variant(std::int32_t(42)));
+    EXPECT_EQ(column.TextAt(3), u"42");
+}
+
+TEST(DecimalColumnStore, DecimalsComeBackExactlyWhateverTheirWidth) {
+    ColumnStore column(adNumeric, 19, false);
+    Decimal wide;
+    wide.lo = 5;
+    wide.hi = 7; // needs more than 64 bits
+    wide.scale = 3;
+    Decimal negativeZero;
+    negativeZero.negative = true;
+    negativeZero.scale = 2;
+    bool ok = false;
+    const std::vector<Decimal> values = {
+        Decimal::FromString(QStringLiteral("-123.4500"), &ok),
+        Decimal::FromString(QStringLiteral("9223372036854775807"), &ok),
+        Decimal::FromString(QStringLiteral("9223372036854775808"), &ok),
+        wide,
+        negativeZero,
+        Decimal::FromString(QStringLiteral("0.0000000000000000000000000001"), &ok)};
+    for (const Decimal& value : values)
+        column.Append(Variant(value));
+    column.AppendNull();
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const Decimal* back = column.Get(i).Get<Decimal>();
+        ASSERT_NE(back, nullptr) << i;
+        EXPECT_EQ(back->lo, values[i].lo) << i;
+        EXPECT_EQ(back->hi, values[i].hi) << i;
+        EXPECT_EQ(back->scale, values[i].scale) << i;
+        EXPECT_EQ(back->negative, values[i].negative) << i;
+        EXPECT_EQ(column.NumberAt(i), values[i].ToDouble()) << i;
+    }
+    EXPECT_TRUE(column.Get(values.size()).IsNull());
+    // A wide row changed to another wide value, and to a narrow one.
+    wide.lo = 6;
+    column.Set(3, Variant(wide));
+    EXPECT_EQ(column.Get(3).Get<Decimal>()->lo, 6u);
+    column.Set(3, Variant(Decimal::FromString(QStringLiteral("2.5"), &ok)));
+    EXPECT_EQ(column.Get(3).ToString(), "2,5");
+    EXPECT_EQ(column.Get(2).Get<Decimal>()->ToString(), "9223372036854775808");
+}
+
+TEST(CurrencyTotal, MatchesAddingEveryValueInTurn) {
+    ColumnStore column(adCurrency, 8, false);
+    for (std::int64_t i = 1; i <= 1000; ++i)
+        column.Append(Variant(Currency{i * 12345 * (i % 2 ? 1 : -1)}));
+    std::vector<std::uint32_t> all(1000);
+    std::iota(all.begin(), all.end(), 0u);
+    std::reverse(all.begin(), all.end());
+    Currency total;
+    ASSERT_TRUE(column.CurrencyTotal(all, total));
+    EXPECT_EQ(total.scaled, 500 * -12345);
+    const std::vector<std::uint32_t> some = {0, 2, 4};
+    ASSERT_TRUE(column.CurrencyTotal(some, total));
+    EXPECT_EQ(total.scaled, 12345 * (1 + 3 + 5));
+
+    // Past 64 bits part-way: overflow, even though the last value would bring it back.
+    ColumnStore big(adCurrency, 8, false);
+    const std::int64_t most = std::numeric_limits<std::int64_t>::max();
+    big.Append(Variant(Currency{most - 10}));
+    big.Append(Variant(Currency{20}));
+    big.Append(Variant(Currency{-20}));
+    EXPECT_EQ(VariantErrorOf([&] { big.CurrencyTotal({0, 1, 2}, total); }), vbErrOverflow);
+    ASSERT_TRUE(big.CurrencyTotal({0, 2, 1}, total));
+    EXPECT_EQ(total.scaled, most - 10);
+
+    column.Set(10, Variant::Null());
+    EXPECT_EQ(VariantErrorOf([&] { column.CurrencyTotal(all, total); }), vbErrInvalidUseOfNull);
+    ColumnStore flags(adBoolean, 2, false);
+    flags.Append(Variant(true));
+    EXPECT_FALSE(flags.CurrencyTotal({0}, total));
+}
