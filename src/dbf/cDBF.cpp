@@ -102,6 +102,7 @@ void cDBF::CloseDBF() {
     if (m_headerChanged) Commit();
     m_table.Close();
     m_foundFields.clear();
+    m_textBuffers.clear();
     m_record.clear();
     if (m_cnFox) m_cnFox->Close_Connection();
     m_cnFox.reset();
@@ -218,9 +219,15 @@ Variant cDBF::Field(const QString& cCampo) {
         return QString();
     }
     QString problem;
-    Variant value = m_table.Value(*field, m_record.data(), problem);
+    Variant value = m_table.ValueReusing(*field, m_record.data(), problem, TextBufferOf(*field));
     if (!problem.isEmpty()) Report(problem, DbfMessages::kRecordReadTitle);
     return value;
+}
+
+QString& cDBF::TextBufferOf(const DbfField& field) {
+    const std::vector<DbfField>& fields = m_table.Layout().fields;
+    if (m_textBuffers.size() != fields.size()) m_textBuffers.assign(fields.size(), QString());
+    return m_textBuffers[static_cast<std::size_t>(&field - fields.data())];
 }
 
 void cDBF::Field(const QString& cCampo, const Variant& value) {

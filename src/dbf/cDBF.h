@@ -93,6 +93,7 @@ private:
 
     bool ReadRecord(std::uint32_t row);
     const DbfField* FindField(const QString& name) const;
+    QString& TextBufferOf(const DbfField& field);
     void Report(const QString& message, const QString& title);
 
     cConexionPtr m_cnFox;
@@ -104,6 +105,8 @@ private:
     std::int32_t m_namedCodePage = 0;
     static constexpr std::size_t kFoundFieldsKept = 32;
     mutable std::vector<std::pair<QString, const DbfField*>> m_foundFields;
+    // Each field's last text read, its buffer reused by the next read of that field.
+    std::vector<QString> m_textBuffers;
     std::uint32_t m_currentRow = 0;
     bool m_showErrors = true;
     bool m_inserting = false;

@@ -61,6 +61,34 @@ INSTANTIATE_TEST_SUITE_P(VersionBytes, cDBFVersions,
                                                           0xFB, 0x43),
                                           testing::Bool()));
 
+// Reading a field again reuses the text it gave last time only when nobody kept that value.
+TEST(cDBFRead, TextsAlreadyReadKeepTheirValueWhateverIsReadNext) {
+    const QString path = ScratchPath(QStringLiteral("kept.dbf"));
+    test::WriteAll(path, HandBuiltTable(0x03, kForeignFields, kForeignRecords, true));
+    for (const std::int32_t codePage : {0, 850}) {
+        cDBF dbf;
+        dbf.ShowErrors(false);
+        dbf.CodePage(codePage);
+        ASSERT_TRUE(dbf.OpenRaw(path));
+        const QString expected = codePage == 850 ? QStringLiteral("A±o ") : QStringLiteral("Año ");
+        const Variant first = dbf.Field("CODE");
+        const QString firstText = dbf.Field("CODE").ToString();
+        const Variant notes = dbf.Field("NOTES");
+        dbf.CurrentRow(2);
+        EXPECT_EQ(dbf.Field("CODE").ToString(), QStringLiteral("B2  "));
+        EXPECT_EQ(dbf.Field("NOTES").ToString(), QStringLiteral("          "));
+        EXPECT_EQ(first.ToString(), expected) << codePage;
+        EXPECT_EQ(firstText, expected) << codePage;
+        EXPECT_EQ(notes.ToString(), QStringLiteral("         7"));
+        dbf.CurrentRow(1);
+        for (int again = 0; again < 3; ++again)
+            EXPECT_EQ(dbf.Field("code").ToString(), expected);
+        dbf.CloseDBF();
+        ASSERT_TRUE(dbf.OpenRaw(path)); // a second opening starts with fresh buffers
+        EXPECT_EQ(dbf.Field("NOTES").ToString(), QStringLiteral("         7"));
+    }
+}
+
 TEST(cDBFRead, RecordsPastTheEndOfTheFileGiveTheReadError) {
     const QString path = ScratchPath(QStringLiteral("short.dbf"));
     const QByteArray original = HandBuiltTable(0x03, kForeignFields, kForeignRecords, false, {}, 5);

@@ -29,11 +29,16 @@ char ByteOf(char16_t ch) {
 } // namespace
 
 QString Decode(const char* bytes, std::size_t size) {
-    QString text(static_cast<qsizetype>(size), Qt::Uninitialized);
+    QString text;
+    DecodeInto(bytes, size, text);
+    return text;
+}
+
+void DecodeInto(const char* bytes, std::size_t size, QString& text) {
+    text.resize(static_cast<qsizetype>(size));
     QChar* out = text.data();
     for (std::size_t i = 0; i < size; ++i)
         out[i] = QChar(CharOf(static_cast<unsigned char>(bytes[i])));
-    return text;
 }
 
 QByteArray Encode(const QString& text) {

@@ -9,6 +9,8 @@ namespace zlx::Cp1252 {
 
 // Decodes `size` bytes; bytes without a character in the code page keep their Latin-1 value.
 QString Decode(const char* bytes, std::size_t size);
+// Decodes into `text`, reusing its buffer when no other string shares it.
+void DecodeInto(const char* bytes, std::size_t size, QString& text);
 // Encodes the text; characters outside the code page become '?'.
 QByteArray Encode(const QString& text);
 

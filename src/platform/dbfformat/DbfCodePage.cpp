@@ -77,18 +77,23 @@ std::optional<DbfCodePage> DbfCodePage::FromNumber(int number) {
 }
 
 QString DbfCodePage::Decode(const char* bytes, std::size_t size) const {
+    QString text;
+    DecodeInto(bytes, size, text);
+    return text;
+}
+
+void DbfCodePage::DecodeInto(const char* bytes, std::size_t size, QString& text) const {
     if (m_characters) {
-        QString text(static_cast<qsizetype>(size), Qt::Uninitialized);
+        text.resize(static_cast<qsizetype>(size));
         QChar* out = text.data();
         for (std::size_t i = 0; i < size; ++i)
             out[i] = QChar((*m_characters)[static_cast<unsigned char>(bytes[i])]);
-        return text;
-    }
-    if (!m_converterName.isEmpty()) {
+    } else if (!m_converterName.isEmpty()) {
         QStringDecoder decoder(m_converterName.constData());
-        return decoder(QByteArrayView(bytes, static_cast<qsizetype>(size)));
+        text = decoder(QByteArrayView(bytes, static_cast<qsizetype>(size)));
+    } else {
+        Cp1252::DecodeInto(bytes, size, text);
     }
-    return Cp1252::Decode(bytes, size);
 }
 
 QByteArray DbfCodePage::Encode(const QString& text) const {

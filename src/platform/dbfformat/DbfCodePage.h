@@ -25,6 +25,8 @@ public:
 
     int Number() const { return m_number; }
     QString Decode(const char* bytes, std::size_t size) const;
+    // Decodes into `text`, reusing its buffer when no other string shares it.
+    void DecodeInto(const char* bytes, std::size_t size, QString& text) const;
     // Characters the page cannot hold become '?'.
     QByteArray Encode(const QString& text) const;
 

@@ -171,6 +171,12 @@ QByteArray FormatDate(const Variant& value) {
 
 Variant Decode(char type, const char* bytes, std::size_t length, std::size_t decimals,
                const DbfCodePage& codePage, bool visualFoxPro) {
+    QString text;
+    return DecodeReusing(type, bytes, length, decimals, codePage, visualFoxPro, text);
+}
+
+Variant DecodeReusing(char type, const char* bytes, std::size_t length, std::size_t decimals,
+                      const DbfCodePage& codePage, bool visualFoxPro, QString& text) {
     switch (type) {
     case 'N':
     case 'F':
@@ -180,7 +186,7 @@ Variant Decode(char type, const char* bytes, std::size_t length, std::size_t dec
         return DecodeBinaryNumber(type, bytes, length);
     case 'B':
         if (visualFoxPro) return DecodeBinaryNumber(type, bytes, length);
-        return codePage.Decode(bytes, length);
+        break;
     case 'T':
         return DecodeDateTime(bytes, length);
     case 'D':
@@ -188,8 +194,10 @@ Variant Decode(char type, const char* bytes, std::size_t length, std::size_t dec
     case 'L':
         return DecodeLogical(bytes, length);
     default:
-        return codePage.Decode(bytes, length);
+        break;
     }
+    codePage.DecodeInto(bytes, length, text);
+    return text;
 }
 
 bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals,

@@ -14,6 +14,10 @@ namespace zlx::DbfFieldCodec {
 // I, Y, B and T are Visual FoxPro's binary integer, currency, double and date-time.
 Variant Decode(char type, const char* bytes, std::size_t length, std::size_t decimals,
                const DbfCodePage& codePage = {}, bool visualFoxPro = false);
+// As Decode, a text being decoded into `text` (its buffer reused when no other string shares
+// it) and answered as a Variant sharing it.
+Variant DecodeReusing(char type, const char* bytes, std::size_t length, std::size_t decimals,
+                      const DbfCodePage& codePage, bool visualFoxPro, QString& text);
 
 // Writes the value into `length` bytes; false (the bytes untouched) when it does not fit.
 bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals,

@@ -213,6 +213,12 @@ void DbfTable::SetNullIn(const DbfField& field, char* record, bool isNull) const
 }
 
 Variant DbfTable::Value(const DbfField& field, const char* record, QString& problem) const {
+    QString text;
+    return ValueReusing(field, record, problem, text);
+}
+
+Variant DbfTable::ValueReusing(const DbfField& field, const char* record, QString& problem,
+                               QString& text) const {
     if (IsNullIn(field, record)) return Variant::Null();
     const char* bytes = record + field.offset;
     if (m_layout.IsMemo(field)) return MemoValue(field, bytes, problem);
@@ -221,8 +227,8 @@ Variant DbfTable::Value(const DbfField& field, const char* record, QString& prob
     if (FlagIn(field.varLengthBit, record) && length > 0)
         length = std::min<std::size_t>(length - 1, static_cast<unsigned char>(bytes[length - 1]));
     if (field.type == 'Q') return ByteArrayValue(bytes, length);
-    return DbfFieldCodec::Decode(field.type, bytes, length, field.decimals, m_codePage,
-                                 m_layout.visualFoxPro);
+    return DbfFieldCodec::DecodeReusing(field.type, bytes, length, field.decimals, m_codePage,
+                                        m_layout.visualFoxPro, text);
 }
 
 Variant DbfTable::MemoValue(const DbfField& field, const char* bytes, QString& problem) const {

@@ -55,6 +55,10 @@ public:
     // A field's value in a record. When it cannot be read (its memo file is missing or does
     // not hold the block) the value is Null and `problem` says why.
     Variant Value(const DbfField& field, const char* record, QString& problem) const;
+    // As Value, a text field being decoded into `text` (see DbfFieldCodec::DecodeReusing), so
+    // that reading the same field record after record does not allocate.
+    Variant ValueReusing(const DbfField& field, const char* record, QString& problem,
+                         QString& text) const;
     // Writes the value into a character, numeric, date or logical field of the record; false
     // (the record untouched) when it does not fit or the field is of another type.
     bool SetValue(const DbfField& field, char* record, const Variant& value) const;
