@@ -133,6 +133,8 @@ public:
     }
     // CAST(value AS engineType), an integer type: the fraction dropped, not rounded.
     virtual QString TruncatingCast(const QString& value, const QString& engineType) const;
+    // DB_NAME(): the current database's name.
+    virtual QString CurrentDatabaseName() const = 0;
     // The divisor of "/" and "%" checked for zero, for an engine whose division by zero is no
     // error; empty (for any divisor): the engine fails itself.
     virtual QString CheckedDivisor(const QString& divisor) const {

@@ -87,6 +87,11 @@ QString PostgresDialect::CastType(const QString& type) const {
     return LookUpType(kCastTypes, type);
 }
 
+// A database is a schema.
+QString PostgresDialect::CurrentDatabaseName() const {
+    return QStringLiteral("CAST(current_schema() AS varchar)");
+}
+
 // PostgreSQL rounds a fraction cast to an integer; SQL Server drops it.
 QString PostgresDialect::TruncatingCast(const QString& value, const QString& engineType) const {
     return QStringLiteral("CAST(trunc(CAST(%1 AS numeric)) AS %2)").arg(value, engineType);

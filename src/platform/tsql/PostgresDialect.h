@@ -22,6 +22,7 @@ public:
     QString TextToDate(const QString& text, DateOrder order) const override;
     QString IsDate(const QString& text, DateOrder order) const override;
     QString DateLiteral(const QString& isoLiteral) const override;
+    QString CurrentDatabaseName() const override;
     QString TruncatingCast(const QString& value, const QString& engineType) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;

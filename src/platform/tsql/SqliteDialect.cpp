@@ -111,6 +111,10 @@ IdentitySpelling SqliteDialect::Identity(std::int64_t seed, std::int64_t step) c
     return spelling;
 }
 
+QString SqliteDialect::CurrentDatabaseName() const {
+    return SqlString(Access().CurrentDatabase());
+}
+
 // SQLite divides by zero into NULL.
 QString SqliteDialect::CheckedDivisor(const QString& divisor) const {
     return QStringLiteral("zlx_divisor(%1)").arg(divisor);

@@ -25,6 +25,7 @@ public:
     QString TextToDate(const QString& text, DateOrder order) const override;
     QString IsDate(const QString& text, DateOrder order) const override;
     QString DateLiteral(const QString& isoLiteral) const override;
+    QString CurrentDatabaseName() const override;
     QString CheckedDivisor(const QString& divisor) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;

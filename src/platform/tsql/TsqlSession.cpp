@@ -2,6 +2,7 @@
 
 #include "platform/engines/DriverErrors.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/variant/ZlxAssert.h"
@@ -284,7 +285,7 @@ void TsqlSession::Check(const Tokens& statement) {
 
 void TsqlSession::RefuseUnsupported(const Tokens& statement) {
     for (QStringView word :
-         {u"DECLARE", u"PRINT", u"WHILE", u"SAVE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
+         {u"DECLARE", u"WHILE", u"SAVE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
         if (statement.front().IsWord(word)) ThrowUnsupported(statement.front().text);
     }
 }
@@ -327,6 +328,11 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
         return;
     }
     RefuseUnsupported(statement);
+    if (statement.front().IsWord(u"PRINT")) {
+        sink.Info(PrintMessage(statement));
+        m_rowCount = 0;
+        return;
+    }
     if (statement.front().IsWord(u"WAITFOR")) {
         RunWaitFor(statement, timeoutSeconds);
         m_rowCount = 0;

@@ -937,6 +937,10 @@ private:
             out += lead + QStringLiteral("0");
             return close + 1;
         }
+        if (t.IsWord(u"DB_NAME") && close == open + 1) {
+            out += lead + m_dialect.CurrentDatabaseName();
+            return close + 1;
+        }
         if (t.IsWord(u"AVG") && IsIntegerColumn(open + 1, close)) {
             // The average of integers is an integer, its fraction dropped.
             out += lead + m_dialect.TruncatingCast(

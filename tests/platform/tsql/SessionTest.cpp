@@ -80,6 +80,17 @@ TEST_P(SessionTest, NestedTransactionsCountLikeSqlServer) {
               (QStringList{"rowset", "row guardado", "end"}));
 }
 
+TEST_P(SessionTest, PrintSendsAnInformationalMessage) {
+    class InfoSink : public test::RecordingSink {
+    public:
+        void Info(const ado::ErrorRecord& record) override {
+            events << QStringLiteral("info %1 %2").arg(record.sqlState, record.description);
+        }
+    } sink;
+    m_session->Execute(QStringLiteral("PRINT 'Hola, ' + 'mundo' SELECT @@ROWCOUNT"), sink, 0);
+    EXPECT_EQ(sink.events, (QStringList{"info 01000 Hola, mundo", "rowset", "row 0", "end"}));
+}
+
 TEST_P(SessionTest, SessionSettingsAreRemembered) {
     EXPECT_TRUE(
         Exec(QStringLiteral(
@@ -92,7 +103,7 @@ TEST_P(SessionTest, SessionSettingsAreRemembered) {
         Value(QStringLiteral("SELECT CAST(ServerProperty('ProductVersion') AS VARCHAR(128))")),
         QStringLiteral("8.00.2039"));
     EXPECT_EQ(NativeErrorOf(QStringLiteral("SET ROWCOUNT 5")), 102);
-    EXPECT_EQ(NativeErrorOf(QStringLiteral("PRINT 'hola'")), 102);
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("PRINT 'hola' + 1")), 102);
     EXPECT_EQ(NativeErrorOf(QStringLiteral("master.dbo.sp_addlinkedserver [remoto],'SQL Server'")),
               102);
     Exec(QStringLiteral("USE master"));
