@@ -1,21 +1,35 @@
 #!/usr/bin/env bash
 # Times cConexion against sqlite3 and libpq doing the same work (Insert of a 100,000-row
 # matrix, 10,000 single-row Execute calls in mode 2) and prints the library's overhead as
-# ratios (library time / bare time). Starts its own PostgreSQL cluster on 127.0.0.1.
+# ratios (library time / bare time), with the goal of each and the peak resident memory of
+# the library's process and of the bare one (each side runs in a process of its own).
+# Starts its own PostgreSQL cluster on 127.0.0.1.
 # Usage: bench/run_conexion.sh [build folder]   (default: build-bench, configured Release)
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
 build=${1:-$root/build-bench}
 out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
-"$root/bench/run-with-postgres.sh" "$build" conexion_bench "${ZLX_BENCH_PG_PORT:-55470}" "$out/conexion.json"
+for side in Library Bare; do
+    "$root/bench/run-with-postgres.sh" "$build" conexion_bench "${ZLX_BENCH_PG_PORT:-55470}" \
+        "$out/$side.json" --benchmark_filter="BM_${side}_"
+done
 
-/usr/bin/python3 - "$out/conexion.json" <<'PY'
+/usr/bin/python3 - "$out" <<'PY'
 import json, sys
-times = {b["name"].split("/")[0]: b["real_time"] for b in json.load(open(sys.argv[1]))["benchmarks"]}
-print(f"{'work':<22}{'engine':<12}{'cConexion ms':>14}{'bare ms':>10}{'ratio':>8}")
+folder = sys.argv[1]
+times, peak = {}, {}
+for side in ["Library", "Bare"]:
+    for b in json.load(open(f"{folder}/{side}.json"))["benchmarks"]:
+        times[b["name"].split("/")[0]] = b["real_time"]
+    peak[side] = int(open(f"{folder}/{side}.json.rss").read().split()[-1]) / 1024
+goals = {("Insert", "PostgreSQL"): 1.5, ("Lookups", "SQLite"): 1.3}
+print(f"{'work':<10}{'engine':<12}{'cConexion ms':>14}{'bare ms':>10}{'ratio':>8}{'goal':>7}")
 for work in ["Insert", "Lookups"]:
     for engine in ["SQLite", "PostgreSQL"]:
         lib, bare = times[f"BM_Library_{work}_{engine}"], times[f"BM_Bare_{work}_{engine}"]
-        print(f"{work:<22}{engine:<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}")
+        goal = goals.get((work, engine))
+        goal = f"{goal:.1f}" if goal else "-"
+        print(f"{work:<10}{engine:<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}{goal:>7}")
+print(f"peak resident memory: cConexion {peak['Library']:.0f} MB, bare engines {peak['Bare']:.0f} MB")
 PY

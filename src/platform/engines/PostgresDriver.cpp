@@ -1,6 +1,7 @@
 #include "platform/engines/PostgresDriver.h"
 
 #include "platform/engines/DriverErrors.h"
+#include "platform/engines/PostgresPipeline.h"
 #include "platform/engines/TextValue.h"
 
 #include <QCoreApplication>
@@ -366,14 +367,7 @@ void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
 }
 
 void PostgresDriver::RecordFailure(PGresult* result) {
-    const bool broken = PQstatus(m_conn) != CONNECTION_OK;
-    const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
-    const char* message = result ? PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY) : nullptr;
-    const QString text = QString::fromUtf8(message ? message : PQerrorMessage(m_conn)).trimmed();
-    const std::int32_t number = broken ? adHrConnectFailed : adHrCommandFailed;
-    m_batch->failure =
-        MakeRecord(number, text, kSource, broken ? kNativeLinkBroken : 0,
-                   broken ? kLinkBroken : QString::fromLatin1(state ? state : "42000"));
+    m_batch->failure = PostgresFailure(m_conn, result);
 }
 
 void PostgresDriver::ThrowFailure() {
@@ -382,11 +376,7 @@ void PostgresDriver::ThrowFailure() {
                 : MakeRecord(adHrConnectFailed, QString::fromUtf8(PQerrorMessage(m_conn)).trimmed(),
                              kSource, kNativeLinkBroken, kLinkBroken);
     DiscardBatch();
-    if (record.sqlState == QLatin1String("57014")) {
-        if (m_timedOut) ThrowTimeout(kSource);
-        if (m_cancelRequested) ThrowCanceled(kSource);
-    }
-    throw AdoError(record.number, record.description, {record});
+    throw PostgresError(record, m_timedOut, m_cancelRequested);
 }
 
 // Drains what is left of the batch so that the session is ready for the next one.
@@ -442,6 +432,16 @@ void PostgresDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {
         }
     }
     PQclear(found);
+}
+
+PipelineRun PostgresDriver::RunPipeline(const std::vector<QByteArray>& statements,
+                                        bool ownTransaction, int timeoutSeconds,
+                                        ResultSink& notices) {
+    if (!IsConnected()) ThrowNotConnected();
+    m_noticeSink = &notices;
+    PipelineRun run = PostgresPipeline(m_conn).Run(statements, ownTransaction, timeoutSeconds);
+    m_noticeSink = nullptr;
+    return run;
 }
 
 void PostgresDriver::RunSimple(const QString& sql) {

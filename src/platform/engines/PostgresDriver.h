@@ -3,6 +3,7 @@
 // the PostgreSQL database named in the conninfo; the default database is the search_path.
 
 #include "platform/engines/Driver.h"
+#include "platform/engines/PostgresPipeline.h"
 
 #include <atomic>
 #include <memory>
@@ -41,6 +42,10 @@ public:
     void Rollback() override;
 
     QString EngineName() const override { return QStringLiteral("PostgreSQL"); }
+    // Single statements sent in one round trip, as PostgresPipeline runs them; the engine's
+    // notices go to `notices`.
+    PipelineRun RunPipeline(const std::vector<QByteArray>& statements, bool ownTransaction,
+                            int timeoutSeconds, ResultSink& notices);
     // Names from the catalog; the key is the primary key, else the identity column.
     void ResolveBaseColumns(std::vector<ColumnInfo>& columns) override;
 

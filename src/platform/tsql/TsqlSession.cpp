@@ -84,6 +84,8 @@ ado::DriverPtr OpenTsqlSession(ado::DriverPtr native) {
 TsqlSession::TsqlSession(ado::DriverPtr inner)
     : m_inner(std::move(inner)), m_dialect(EngineDialect::For(*m_inner, this)) {
     ZLX_ASSERT(m_dialect, "a session runs over an engine that needs T-SQL translated");
+    if (auto* postgres = dynamic_cast<ado::PostgresDriver*>(m_inner.get()))
+        m_pipeline = std::make_unique<StatementPipeline>(*postgres, *m_dialect);
 }
 
 void TsqlSession::Connect(const ado::ConnectParams& params) {
@@ -214,14 +216,59 @@ void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int time
     for (const Tokens& statement : statements)
         Check(statement);
     m_dialect->RefreshCatalog(batch);
-    for (const Tokens& statement : statements) {
-        try {
-            RunStatement(statement, sink, timeoutSeconds);
-        } catch (const ado::AdoError& error) {
-            AbortTransactionAfter(error);
-            throw WithSqlServerNumbers(error, statement);
+    const bool pipelined = m_pipeline && statements.size() > 1;
+    std::size_t current = 0;
+    try {
+        for (; current < statements.size(); ++current) {
+            if (pipelined && Pipelined(current, statements[current], sink, timeoutSeconds))
+                continue;
+            FlushPipeline(sink, timeoutSeconds);
+            RunStatement(statements[current], sink, timeoutSeconds);
         }
+        FlushPipeline(sink, timeoutSeconds);
+    } catch (const StatementPipeline::Failure& failure) {
+        AbortTransactionAfter(failure.error);
+        throw WithSqlServerNumbers(failure.error, statements[failure.index]);
+    } catch (const ado::AdoError& error) {
+        AbortTransactionAfter(error);
+        throw WithSqlServerNumbers(error, statements[current]);
     }
+}
+
+// A data statement joins the run sent in one round trip when its translation is one engine
+// statement; the run goes first when the statement fails before reaching the engine.
+bool TsqlSession::Pipelined(std::size_t index, const Tokens& statement, ado::ResultSink& sink,
+                            int timeoutSeconds) {
+    if (!StatementPipeline::MayJoin(statement)) return false;
+    Translation translation;
+    QString identityColumn;
+    try {
+        CheckIdentityWrite(statement);
+        translation = TsqlTranslator(Context()).Translate(statement);
+        if (statement.front().IsWord(u"INSERT")) {
+            const size_t name = statement.size() > 1 && statement[1].IsWord(u"INTO") ? 2 : 1;
+            identityColumn = IdentityColumn(EngineObjectName(QualifiedNameAt(statement, name)));
+        }
+    } catch (const ado::AdoError&) {
+        FlushPipeline(sink, timeoutSeconds);
+        throw;
+    }
+    if (translation.sql.contains(u';') ||
+        (m_tranCount > 0 && !translation.exclusiveTables.isEmpty()))
+        return false;
+    m_pipeline->Add(index,
+                    identityColumn.isEmpty()
+                        ? translation.sql
+                        : m_dialect->InsertReturningIdentity(translation.sql, identityColumn),
+                    !identityColumn.isEmpty());
+    if (m_pipeline->Full()) FlushPipeline(sink, timeoutSeconds);
+    return true;
+}
+
+void TsqlSession::FlushPipeline(ado::ResultSink& sink, int timeoutSeconds) {
+    if (m_pipeline)
+        m_pipeline->Flush({m_rowCount, m_identity, m_noCount, m_tranCount > 0}, sink,
+                          timeoutSeconds);
 }
 
 // WAITFOR DELAY 'hh:mm[:ss[.mmm]]': the session waits itself, in short steps, so that the

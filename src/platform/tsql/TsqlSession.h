@@ -7,6 +7,7 @@
 #include "platform/engines/Driver.h"
 #include "platform/engines/WorkerExecution.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/StatementPipeline.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/tsql/TsqlTranslator.h"
 
@@ -75,6 +76,10 @@ private:
     // Whether `countSql` counts some column named `column`, remembered in `known`.
     bool CountsColumn(QHash<QString, bool>& known, const QString& column, const QString& countSql);
     void RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds);
+    // Queues a data statement for the engine's round trip of several; false: run it alone.
+    bool Pipelined(std::size_t index, const Tokens& statement, ado::ResultSink& sink,
+                   int timeoutSeconds);
+    void FlushPipeline(ado::ResultSink& sink, int timeoutSeconds);
     // Refuses, before anything runs, what this layer cannot run.
     void Check(const Tokens& statement);
     static void RefuseUnsupported(const Tokens& statement);
@@ -108,6 +113,7 @@ private:
 
     ado::DriverPtr m_inner;
     std::unique_ptr<EngineDialect> m_dialect;
+    std::unique_ptr<StatementPipeline> m_pipeline; // PostgreSQL only
     ado::ConnectParams m_params;
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};

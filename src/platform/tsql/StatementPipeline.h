@@ -1,0 +1,56 @@
+#pragma once
+// Runs of data statements (INSERT, UPDATE, DELETE) of one batch that a PostgreSQL session
+// sends as one round trip: each statement's count and identity still come back, in order,
+// so @@ROWCOUNT, @@IDENTITY and the counts the caller sees are those of one at a time.
+
+#include "platform/engines/PostgresDriver.h"
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlToken.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace zlx::tsql {
+
+class StatementPipeline {
+public:
+    // A statement of the run failed: `index` is its place in the batch.
+    struct Failure {
+        std::size_t index;
+        ado::AdoError error;
+    };
+    // What the session keeps of each statement that ran.
+    struct SessionCounts {
+        std::int64_t& rowCount;
+        std::optional<std::int64_t>& identity;
+        bool noCount;
+        bool inTransaction;
+    };
+
+    StatementPipeline(ado::PostgresDriver& driver, const EngineDialect& dialect)
+        : m_driver(driver), m_dialect(dialect) {}
+
+    // Whether the statement may wait in a run: it changes data and reads no session value
+    // (@@IDENTITY, @@ROWCOUNT) that the statements before it set.
+    static bool MayJoin(const Tokens& statement);
+    // `sql` is single engine statement; `answersIdentity`: it returns the new identities.
+    void Add(std::size_t index, const QString& sql, bool answersIdentity);
+    bool Full() const { return m_pending.size() >= kLongestRun; }
+    // Runs what waits, if anything; throws Failure at the first statement that fails, after
+    // counting those before it.
+    void Flush(SessionCounts counts, ado::ResultSink& sink, int timeoutSeconds);
+
+private:
+    // The engine keeps a few dozen subtransactions per transaction in memory.
+    static constexpr std::size_t kLongestRun = 50;
+    struct Pending {
+        std::size_t index;
+        bool answersIdentity;
+    };
+    ado::PostgresDriver& m_driver;
+    const EngineDialect& m_dialect;
+    std::vector<Pending> m_pending;
+    std::vector<QByteArray> m_texts;
+};
+
+} // namespace zlx::tsql

@@ -1,0 +1,100 @@
+// Batches of several data statements: whether the engine gets them one at a time or as one
+// round trip, every statement's count, @@ROWCOUNT and @@IDENTITY come out as SQL Server gives
+// them, and a failing statement stops the batch exactly where it fails.
+#include "QtPrinters.h"
+#include "SessionFixture.h"
+
+#include <QStringList>
+#include <gtest/gtest.h>
+
+using namespace zlx;
+
+namespace {
+
+class DataRunTest : public test::SessionFixture {
+protected:
+    void SetUp() override {
+        SessionFixture::SetUp();
+        if (Stopped()) return;
+        Exec(QStringLiteral("CREATE TABLE pedidos (zolmarID INT NOT NULL IDENTITY(1,1), n INT "
+                            "NOT NULL)"));
+    }
+
+    QString Insert(int n) { return QStringLiteral("INSERT INTO pedidos (n) VALUES (%1) ").arg(n); }
+
+    QStringList Numbers() { return Column(QStringLiteral("SELECT n FROM pedidos ORDER BY n")); }
+};
+
+} // namespace
+
+ZLX_ON_SERVER_ENGINES(DataRunTest);
+
+TEST_P(DataRunTest, EachStatementKeepsItsCountAndTheLastIdentityStays) {
+    EXPECT_EQ(Exec(Insert(1) + Insert(2) +
+                   QStringLiteral("INSERT INTO pedidos (n) SELECT n + 10 FROM pedidos "
+                                  "UPDATE pedidos SET n = n + 1 WHERE n > 10 "
+                                  "DELETE FROM pedidos WHERE n = 2")),
+              (QStringList{"count 1", "count 1", "count 2", "count 2", "count 1"}));
+    EXPECT_EQ(m_session->RowCount(), 1);
+    EXPECT_EQ(m_session->Identity(), 4);
+    EXPECT_EQ(Numbers(), (QStringList{"1", "12", "13"}));
+
+    // The values a statement reads are those the statements before it left.
+    EXPECT_EQ(Exec(QStringLiteral("SET NOCOUNT ON ") + Insert(20) + Insert(21) +
+                   QStringLiteral("SELECT @@IDENTITY, @@ROWCOUNT ") +
+                   QStringLiteral("UPDATE pedidos SET n = 0 WHERE n = 99 ") +
+                   QStringLiteral("IF @@ROWCOUNT = 0 INSERT INTO pedidos (n) VALUES (99) ") +
+                   QStringLiteral("SELECT @@IDENTITY SET NOCOUNT OFF")),
+              (QStringList{"rowset", "row 6|1", "end", "rowset", "row 7", "end"}));
+    // A data statement that inserts nothing leaves @@IDENTITY as it was.
+    Exec(Insert(30) + QStringLiteral("INSERT INTO pedidos (n) SELECT n FROM pedidos WHERE n < 0"));
+    EXPECT_EQ(m_session->RowCount(), 0);
+    EXPECT_EQ(m_session->Identity(), 8);
+}
+
+TEST_P(DataRunTest, AFailingStatementStopsTheBatchWhereItFails) {
+    // Outside a transaction what ran before the failure stays; nothing after it runs.
+    EXPECT_EQ(NativeErrorOf(Insert(1) + Insert(2) +
+                            QStringLiteral("INSERT INTO pedidos (n) VALUES (NULL) ") + Insert(4)),
+              515);
+    EXPECT_EQ(Numbers(), (QStringList{"1", "2"}));
+    EXPECT_EQ(m_session->Identity(), 2);
+    EXPECT_EQ(m_session->TranCount(), 0);
+
+    // The failure's number is that of the statement that failed.
+    EXPECT_EQ(
+        NativeErrorOf(Insert(5) + QStringLiteral("INSERT INTO nada (n) VALUES (1) ") + Insert(6)),
+        208);
+    EXPECT_EQ(Numbers(), (QStringList{"1", "2", "5"}));
+
+    // A statement this layer refuses before it reaches the engine stops the batch there too.
+    EXPECT_EQ(NativeErrorOf(Insert(7) + Insert(8) +
+                            QStringLiteral("INSERT INTO pedidos (zolmarID, n) VALUES (50, 9) ") +
+                            Insert(10)),
+              544);
+    EXPECT_EQ(Numbers(), (QStringList{"1", "2", "5", "7", "8"}));
+
+    // Inside a transaction (XACT_ABORT ON) the failure rolls back the whole transaction.
+    Exec(QStringLiteral("BEGIN TRANSACTION"));
+    Exec(Insert(11));
+    EXPECT_EQ(NativeErrorOf(Insert(12) +
+                            QStringLiteral("UPDATE pedidos SET n = NULL WHERE n = 12 ") +
+                            Insert(13)),
+              515);
+    EXPECT_EQ(m_session->TranCount(), 0);
+    EXPECT_EQ(Numbers(), (QStringList{"1", "2", "5", "7", "8"}));
+
+    // The session goes on as before.
+    EXPECT_EQ(Exec(Insert(14) + Insert(15)), (QStringList{"count 1", "count 1"}));
+    EXPECT_EQ(Numbers(), (QStringList{"1", "2", "5", "7", "8", "14", "15"}));
+}
+
+TEST_P(DataRunTest, ALongBatchRunsWhole) {
+    QString batch;
+    for (int n = 1; n <= 120; ++n)
+        batch += Insert(n);
+    EXPECT_EQ(Exec(batch).size(), 120);
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*), sum(n), max(zolmarID) FROM pedidos")),
+              QStringLiteral("120|7260|120"));
+    EXPECT_EQ(m_session->Identity(), 120);
+}
