@@ -404,6 +404,9 @@ private:
             }
             if ((t.IsSymbol(u"/") || t.IsSymbol(u"%")) && !m_dialect.CheckedDivisor({}).isEmpty())
                 return EmitCheckedDivisor(i, out);
+            if (t.IsSymbol(u"(") && IsTableHint(i + 1) && i > 0 &&
+                (m_t[i - 1].kind == TokenKind::Word || m_t[i - 1].kind == TokenKind::QuotedName))
+                return SkipBareHints(i);
             out += t.leading + t.text;
             return i + 1;
         case TokenKind::Number:
@@ -875,6 +878,16 @@ private:
         for (size_t j = with + 2; j < close; ++j) {
             if (m_t[j].IsWord(u"TABLOCKX") || m_t[j].IsWord(u"XLOCK"))
                 m_exclusive << HintedTable(with);
+        }
+        return close + 1;
+    }
+
+    // t (NOLOCK): hints in parentheses right after the table, without WITH.
+    size_t SkipBareHints(size_t open) {
+        const size_t close = Close(open);
+        for (size_t j = open + 1; j < close; ++j) {
+            if (m_t[j].IsWord(u"TABLOCKX") || m_t[j].IsWord(u"XLOCK"))
+                m_exclusive << HintedTable(open);
         }
         return close + 1;
     }

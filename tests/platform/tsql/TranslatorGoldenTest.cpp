@@ -102,6 +102,15 @@ TEST(TsqlTranslator, ExclusiveHintNamesTheTable) {
     EXPECT_EQ(translation.databases, QStringList{QStringLiteral("empresa")});
 }
 
+TEST(TsqlTranslator, HintsWithoutWithAreDroppedToo) {
+    const auto statement = SplitBatch(
+        Tokenize(QStringLiteral("SELECT COUNT(*) FROM pedidos (TABLOCKX, HOLDLOCK) WHERE n > 0")));
+    const Translation translation =
+        TsqlTranslator(Context(Target::SQLite)).Translate(statement.front());
+    EXPECT_EQ(translation.sql, QStringLiteral("SELECT COUNT(*) FROM pedidos WHERE n > 0"));
+    EXPECT_EQ(translation.exclusiveTables, QStringList{QStringLiteral("pedidos")});
+}
+
 TEST(TsqlTranslator, DateLiteralsAreNormalisedOnlyWhenValid) {
     EXPECT_EQ(NormalizedDateLiteral(QStringLiteral("20240229"), true),
               QStringLiteral("2024-02-29 00:00:00"));

@@ -1,6 +1,4 @@
 -- A table hint without WITH: FROM t (NOLOCK).
--- gap sqlite: SELECT COUNT(*) FROM t (NOLOCK) answers error, not row 4
--- gap postgres: SELECT COUNT(*) FROM t (NOLOCK) answers error 207, not row 4
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run
