@@ -155,17 +155,27 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
         }
         EndDefineColumns();
         std::vector<char> record(dbf.RecordLength());
+        std::vector<Variant> values(loaded.size());
+        std::vector<QString> texts(loaded.size()); // each field's text buffer, reused
         for (std::uint32_t r = 1; r <= dbf.RecordCount(); ++r) {
             if (!dbf.ReadRecord(r, record.data()))
                 return FailDbfLoad(m_lastError, DbfTexts::kRecordReadFailed);
             ++m_tally;
-            m_rs->AddNew();
             for (std::size_t c = 0; c < loaded.size(); ++c) {
                 QString problem;
-                const Variant value = dbf.Value(*loaded[c].field, record.data(), problem);
-                if (!problem.isEmpty()) return FailDbfLoad(m_lastError, problem);
-                m_rs->SetCurrentValue(static_cast<int>(c), ColumnValue(value, loaded[c].type));
+                values[c] = Variant(); // lets the text buffer be reused
+                values[c] = ColumnValue(
+                    dbf.ValueReusing(*loaded[c].field, record.data(), problem, texts[c]),
+                    loaded[c].type);
+                if (!problem.isEmpty()) {
+                    // The record is added with the fields read before the unreadable one.
+                    m_rs->AddNew();
+                    for (std::size_t done = 0; done < c; ++done)
+                        m_rs->SetCurrentValue(static_cast<int>(done), values[done]);
+                    return FailDbfLoad(m_lastError, problem);
+                }
             }
+            m_rs->AddNewRecord(values);
         }
         dbf.Close();
         const std::int32_t result = FinishLoad(static_cast<std::int32_t>(loaded.size()));

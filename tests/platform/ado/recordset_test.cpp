@@ -250,3 +250,26 @@ TEST(RecordsetWriterLiterals, ByteArraysAreBinaryLiteralsAndOtherArraysAreRefuse
     EXPECT_THROW(RecordsetWriter::Literal(Variant::Array({Variant(std::uint8_t(1)), Variant("a")})),
                  VariantError);
 }
+
+TEST(RecordsetEditing, AddNewRecordAddsOneNewRecordOrStopsAtTheRefusedValue) {
+    auto rs = MakeCustomers();
+    const long before = rs->RecordCount();
+    rs->AddNewRecord({Variant("Ruiz"), Variant("Vigo"), Variant(std::int32_t(7))});
+    EXPECT_EQ(rs->EditMode(), adEditNone);
+    EXPECT_EQ(rs->RecordCount(), before + 1);
+    EXPECT_EQ(rs->Status(), adRecNew);
+    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Ruiz");
+    EXPECT_EQ(rs->Collect(Variant("codigo")).ToLong(), 7);
+    EXPECT_TRUE(rs->Collect(Variant("importe")).IsNull());
+
+    EXPECT_EQ(AdoErrorOf([&] {
+                  rs->AddNewRecord({Variant("Sanz"), Variant("Vigo"), Variant("siete")});
+              }),
+              adErrDataConversion);
+    EXPECT_EQ(rs->EditMode(), adEditAdd);
+    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Sanz");
+    rs->CancelUpdate();
+    EXPECT_EQ(rs->RecordCount(), before + 1);
+    rs->MoveLast();
+    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Ruiz");
+}
