@@ -45,7 +45,7 @@ timed pandas /usr/bin/python3 "$root/bench/peers/table_peers.py" "$ZLX_DBF_BENCH
 timed sqlite "$out/table_sqlite" "$ZLX_DBF_BENCH_FILE"
 
 /usr/bin/python3 - "$out" <<'PY'
-import json, re, sys
+import json, os, re, sys
 folder = sys.argv[1]
 
 def gbench(path):
@@ -99,10 +99,16 @@ for key, peer_key in [("LoadFile_DBF", "load"), ("Filter", "filter"), ("Sort", "
     lite, panda = sqlite[peer_key], pandas[peer_key]
     print(f"{key:<14}{ours:>10.1f}{lite:>10.1f}{panda:>10.1f}{lite / ours:>11.2f}"
           f"{panda / ours:>11.2f}")
+bare = peers.get("bare_read")
+load = ms(table["LoadFile_DBF"], scale)
+if bare is not None:
+    print(f"cDBF read / bare C byte loop: {read / bare:.2f} (aim: at most 2)")
+print(f"LoadFile_DBF / cDBF read: {load / read:.2f} (aim: at most 1.5)")
 print(f"rows found by the filter: cDatos {table['Filter']['rows']:.0f}, "
       f"SQLite {sqlite['filter_rows']:.0f}, pandas {pandas['filter_rows']}")
 print(f"PRICE total: cDatos {table['Sum']['total']:.2f}, SQLite {sqlite['total']:.2f}, "
       f"pandas {pandas['total']:.2f}")
 print(f"peak resident memory MB: cDatos {peak_mb('table'):.0f}, SQLite {peak_mb('sqlite'):.0f}, "
       f"pandas {peak_mb('pandas'):.0f}")
+print("load average (1, 5, 15 min) at the end: %.1f %.1f %.1f" % os.getloadavg())
 PY

@@ -16,7 +16,7 @@ trap 'rm -rf "$out"' EXIT
 /usr/bin/python3 "$root/bench/peers/recordset_peers.py" >"$out/pandas.json"
 
 /usr/bin/python3 - "$out" <<'PY'
-import json, sys
+import json, os, sys
 folder = sys.argv[1]
 
 def gbench(name):
@@ -41,4 +41,5 @@ for key in ["Load", "Filter", "Sort", "FindOptimized"]:
     print(f"{key:<14}{r:>14.3f}{s:>12.3f}{p:>12.3f}{s / r:>11.2f}{p / r:>11.2f}")
 print(f"peak memory MB: recordset {our_peak:.0f}, sqlite {lite_peak:.0f}, "
       f"pandas {pandas['peak_rss_mb']:.0f}")
+print("load average (1, 5, 15 min) at the end: %.1f %.1f %.1f" % os.getloadavg())
 PY
