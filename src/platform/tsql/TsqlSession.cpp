@@ -118,6 +118,7 @@ void TsqlSession::UseDatabase(const QString& database) {
     m_inner->UseDatabase(database);
     m_dialect->DatabaseChanged();
     m_identityColumns.clear();
+    m_engineNames.clear();
     m_textColumns.clear();
     m_typedColumns.clear();
     m_nullableColumns.clear();
@@ -360,6 +361,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
     for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"}) {
         if (statement.front().IsWord(word)) {
             m_identityColumns.clear();
+            m_engineNames.clear();
             m_textColumns.clear();
             m_typedColumns.clear();
             m_nullableColumns.clear();
@@ -521,8 +523,14 @@ void TsqlSession::RunDbcc(const Tokens& statement) {
     }
 }
 
+// Every INSERT asks for its table's name: a name keeps its engine spelling until the database
+// or a definition changes.
 QString TsqlSession::EngineObjectName(const QString& tsqlName) {
-    return TsqlTranslator(Context()).Expression(Tokenize(tsqlName)).trimmed();
+    const auto known = m_engineNames.constFind(tsqlName);
+    if (known != m_engineNames.constEnd()) return *known;
+    const QString name = TsqlTranslator(Context()).Expression(Tokenize(tsqlName)).trimmed();
+    m_engineNames.insert(tsqlName, name);
+    return name;
 }
 
 // Without a seed the identity moves up to the highest value in the table; with one, the

@@ -118,6 +118,7 @@ private:
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};
     QHash<QString, QString> m_identityColumns; // table -> identity column ("" for none)
+    QHash<QString, QString> m_engineNames;     // name as written -> the engine's spelling
     QHash<QString, bool> m_textColumns;        // column name -> some table holds text in it
     QHash<QString, bool> m_typedColumns;       // "date:c", "integer:c" -> some column c is so
     QHash<QString, bool> m_nullableColumns;    // column name -> some table lets it be NULL
