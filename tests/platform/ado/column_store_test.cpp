@@ -124,7 +124,8 @@ TEST(DecimalColumnStore, DecimalsComeBackExactlyWhateverTheirWidth) {
         column.Append(Variant(value));
     column.AppendNull();
     for (std::size_t i = 0; i < values.size(); ++i) {
-        const Decimal* back = column.Get(i).Get<Decimal>();
+        const Variant value = column.Get(i);
+        const Decimal* back = value.Get<Decimal>();
         ASSERT_NE(back, nullptr) << i;
         EXPECT_EQ(back->lo, values[i].lo) << i;
         EXPECT_EQ(back->hi, values[i].hi) << i;
