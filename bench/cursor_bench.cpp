@@ -48,6 +48,9 @@ struct BenchDatabase {
                             values.join(u','),
                         zlxExecuteReturn_Nothing_NoRowCount);
         }
+        // The primary key that the schema layer gives every table it creates.
+        cn->Execute(QStringLiteral("ALTER TABLE t ADD CONSTRAINT t_PKEY_zolmarID PRIMARY KEY "
+                                   "NONCLUSTERED (zolmarID) ON [PRIMARY]"));
         OrderIndex::Ensure(*cn, QStringLiteral("t"), QStringLiteral("GRUPO"));
     }
     RecordingMsgPresenter messages;

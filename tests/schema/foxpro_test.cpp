@@ -73,4 +73,24 @@ TEST_F(FoxBaseDatos, ColumnsCannotBeFoundToDeleteAndTablesDrop) {
     EXPECT_EQ(m_db.Delete_Table(), zlxDBConstantsNoExisteTabla);
 }
 
+// Free tables carry no index: none is found, none can be made or dropped, and reindexing
+// walks every table without finding one to rebuild.
+TEST_F(FoxBaseDatos, IndexesAreNotSupportedAndNoneIsFound) {
+    ASSERT_EQ(m_db.Create_Table(), zlxDBConstantsNoError);
+    EXPECT_FALSE(m_db.ExisteIndice("zolmarID"));
+    EXPECT_FALSE(m_db.ExisteIndice("nombre", true));
+    EXPECT_EQ(m_db.Create_Index("nombre"), zlxDBConstantsNoSoporte);
+    EXPECT_EQ(m_db.Delete_Index("nombre"), zlxDBConstantsNoSoporte);
+    EXPECT_EQ(m_messages.Last().text, "Con este proveedor no se pueden borrar indices");
+    m_db.Table("facturas");
+    ASSERT_EQ(m_db.Create_Table(), zlxDBConstantsNoError);
+    m_db.Table("clientes");
+    const std::size_t shown = m_messages.Messages().size();
+    EXPECT_TRUE(m_db.Reindex());
+    EXPECT_EQ(m_messages.Messages().size(), shown);
+    EXPECT_EQ(m_db.Table().toLower(), "facturas"); // left on the last table walked
+    EXPECT_TRUE(QFile::exists(m_dir.filePath("clientes.dbf")));
+    EXPECT_TRUE(QFile::exists(m_dir.filePath("facturas.dbf")));
+}
+
 } // namespace

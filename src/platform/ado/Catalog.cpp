@@ -145,6 +145,11 @@ std::vector<CatalogIndex> Catalog::Indexes(const QString& table) {
         return SqliteIndexes(table);
     case ConnectionString::Engine::Postgres:
         return PostgresIndexes(table);
+    case ConnectionString::Engine::DbfFolder:
+    case ConnectionString::Engine::Workbook:
+        // Free tables and sheets are read in file order: they carry no index.
+        if (!Table(table)) ThrowNotFound();
+        return {};
     default:
         return SqlServerIndexes(table);
     }

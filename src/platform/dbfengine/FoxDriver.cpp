@@ -3,6 +3,7 @@
 #include "platform/dbfengine/DbfVirtualTable.h"
 #include "platform/dbfengine/FoxDdl.h"
 #include "platform/dbfengine/FoxFunctions.h"
+#include "platform/dbfengine/FoxPlusOperator.h"
 #include "platform/dbfengine/FoxSqlText.h"
 #include "platform/dbfengine/TableRewrite.h"
 #include "platform/dbfformat/DbfFile.h"
@@ -83,6 +84,7 @@ void FoxDriver::Connect(const ado::ConnectParams& params) {
         ado::ThrowConnectFailed(QStringLiteral("The DBF module could not be loaded."), kSource, 0,
                                 "08001");
     InstallFoxFunctions(db);
+    FoxPlusOperator::Install(db);
     m_sqlite = std::move(sqlite);
     RunSql(QStringLiteral("CREATE TEMP TABLE sysobjects(name TEXT, xtype TEXT)"));
     SyncTables();

@@ -1,5 +1,7 @@
 #include "platform/dbfengine/FoxSqlText.h"
 
+#include "platform/dbfengine/FoxPlusOperator.h"
+
 #include <QRegularExpression>
 
 namespace zlx::dbfengine::FoxSqlText {
@@ -145,7 +147,7 @@ QStringList Statements(const QString& batch) {
 }
 
 QString ToSqlite(const QString& statement) {
-    return TopAsLimit(Rewrite(statement));
+    return FoxPlusOperator::AsFunctionCalls(TopAsLimit(Rewrite(statement)));
 }
 
 QString FirstWord(const QString& statement) {

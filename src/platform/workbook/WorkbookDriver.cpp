@@ -35,8 +35,13 @@ void WorkbookDriver::Connect(const ado::ConnectParams& params) {
         ado::adModeUnknown; // the tables are made in it; the workbook says what is read-only
     m_engine.Connect(memory);
     auto* db = static_cast<sqlite3*>(m_engine.NativeHandle());
+    // The catalog lists the sheets as the server's tables of type 'U'.
     if (WorkbookModule::Register(db, m_workbook) != SQLITE_OK ||
-        WorkbookModule::CreateTables(db, *m_workbook) != SQLITE_OK) {
+        WorkbookModule::CreateTables(db, *m_workbook) != SQLITE_OK ||
+        sqlite3_exec(db,
+                     "CREATE TEMP VIEW sysobjects AS SELECT name, 'U' AS xtype FROM "
+                     "main.sqlite_master WHERE type = 'table'",
+                     nullptr, nullptr, nullptr) != SQLITE_OK) {
         const QString message = QString::fromUtf8(sqlite3_errmsg(db));
         Disconnect();
         ado::ThrowConnectFailed(message, kSource, 0, QStringLiteral("08001"));

@@ -35,6 +35,22 @@ TEST(FoxSqlTextTest, TopBecomesALimit) {
               "select distinct a from t order by a LIMIT 10");
 }
 
+// "+" is FoxPro's: its operands are found by precedence and the call decides by their values.
+TEST(FoxSqlTextTest, PlusBecomesACallOnItsOperands) {
+    EXPECT_EQ(FoxSqlText::ToSqlite("SELECT nombre + ' ' + apellido AS completo FROM t"),
+              "SELECT fox_plus(fox_plus(nombre, ' '), apellido) AS completo FROM t");
+    EXPECT_EQ(FoxSqlText::ToSqlite("SELECT a - b + c * 2, -d + e FROM t WHERE f + 1 > g"),
+              "SELECT fox_plus(a - b, c * 2), fox_plus(-d, e) FROM t WHERE fox_plus(f, 1) > g");
+    EXPECT_EQ(FoxSqlText::ToSqlite("UPDATE t SET n = +1, m = (x + y) / 2 WHERE ALLTRIM(a) + "
+                                   "t.b = 'a+b' AND c = 1 + -2"),
+              "UPDATE t SET n = +1, m = (fox_plus(x, y)) / 2 WHERE fox_plus(ALLTRIM(a), t.b) = "
+              "'a+b' AND c = fox_plus(1, -2)");
+    EXPECT_EQ(FoxSqlText::ToSqlite("SELECT CASE WHEN a THEN b + 1 ELSE LEFT(c, 2) + \"x\" END "
+                                   "FROM t ORDER BY 1"),
+              "SELECT CASE WHEN a THEN fox_plus(b, 1) ELSE fox_plus(LEFT(c, 2), 'x') END FROM t "
+              "ORDER BY 1");
+}
+
 TEST(FoxSqlTextTest, BatchesSplitAtSemicolonsOutsideStrings) {
     EXPECT_EQ(FoxSqlText::Statements("INSERT INTO t VALUES ('a;b'); ; SELECT \";\" FROM t;"),
               QStringList({"INSERT INTO t VALUES ('a;b')", "SELECT \";\" FROM t"}));

@@ -112,6 +112,17 @@ TEST_F(FoxStatementsTest, DeleteMarksRecordsThatPackRemoves) {
     EXPECT_EQ(m_fox.Text("SELECT zolmarid, notas FROM clientes ORDER BY 1"), "1|primera nota;3|");
 }
 
+TEST_F(FoxStatementsTest, PlusJoinsTextsAddsNumbersAndMovesDates) {
+    EXPECT_EQ(m_fox.Text("SELECT nombre + '-' + notas, saldo + veces + 0.5, alta + 1, visto + 30, "
+                         "2 + 3 * 4 FROM clientes WHERE zolmarid = 1"),
+              "Ana-primera nota|128|2024-02-01|2024-02-01 10:21:00|14");
+    m_fox.Run("UPDATE clientes SET nombre = nombre + \"!\" WHERE zolmarid + 1 = 4");
+    EXPECT_EQ(m_fox.Text("SELECT nombre FROM clientes WHERE zolmarid = 3"), "Ñuño!");
+    EXPECT_EQ(m_fox.Text("SELECT COUNT(*) FROM clientes WHERE alta + 1 IS NULL"), "1");
+    EXPECT_TRUE(m_fox.Error("SELECT nombre + saldo FROM clientes")
+                    .contains("Operator/operand type mismatch."));
+}
+
 TEST_F(FoxStatementsTest, RefusalsNameWhatIsWrong) {
     EXPECT_EQ(m_fox.Error("CREATE TABLE clientes (a C(1))"), "File 'clientes.dbf' already exists.");
     EXPECT_EQ(m_fox.Error("CREATE TABLE otra (a C(0))"),

@@ -1,6 +1,7 @@
 #include "QtPrinters.h"
 #include "WorkbookSession.h"
 #include "connection/cConexion.h"
+#include "platform/ado/Catalog.h"
 #include "platform/companion/RecordingMsgPresenter.h"
 
 #include <QFile>
@@ -46,6 +47,23 @@ TEST_F(ExcelConexion, InitOpensTheWorkbookForStatementsAndRecordsets) {
         names << rs->GetFields().Item("Nombre").Value().ToString();
     EXPECT_EQ(names, QStringList({"Carmen", "Ana María", "Bernardo"}));
     EXPECT_TRUE(m_messages.Messages().empty());
+}
+
+// ADOX's catalog lists each sheet as a table; a sheet carries no index.
+TEST_F(ExcelConexion, TheCatalogListsTheSheetsAsTablesWithoutIndexes) {
+    const QString path = PathOf("clientes.xlsx");
+    WriteClientesXlsx(path);
+    QString errors;
+    ASSERT_TRUE(Init(path, errors)) << errors.toStdString();
+    ado::Catalog catalog;
+    catalog.ActiveConnection(m_conexion.cn());
+    QStringList tables;
+    for (const ado::CatalogTable& table : catalog.Tables())
+        tables << table.Name + " " + table.Type;
+    EXPECT_EQ(tables, QStringList({"Clientes$ TABLE", "Notas$ TABLE"}));
+    ASSERT_TRUE(catalog.Table("clientes$"));
+    EXPECT_TRUE(catalog.Indexes("Clientes$").empty());
+    EXPECT_THROW(catalog.Indexes("Otra$"), ado::AdoError);
 }
 
 TEST_F(ExcelConexion, MissingOrDamagedWorkbooksAreRefusedByName) {
