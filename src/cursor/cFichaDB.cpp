@@ -111,10 +111,13 @@ std::int32_t cFichaDB::Query(const QString& cQuery, bool lRetZolmarID) {
 }
 
 void cFichaDB::ReadModificationTime() {
+    // Asked after every move: a table without the column must not cost an exception.
+    const int column = m_rs->GetFields().IndexOf(QStringLiteral("FechaModificacion"));
+    if (column < 0) return;
     try {
-        m_modificationTime = m_rs->Collect(Variant("FechaModificacion")).ToDate();
+        m_modificationTime = m_rs->GetFields().Item(column).Value().ToDate();
     } catch (const std::exception&) {
-        // a table without the column, or a record without a time
+        // a record without a time
     }
 }
 
