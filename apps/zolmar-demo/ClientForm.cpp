@@ -114,6 +114,7 @@ void ClientForm::BuildLayout() {
     setCentralWidget(panel);
     m_ctl = new CtlFicha(panel);
     m_ctl->setObjectName(QStringLiteral("ctlFicha"));
+    m_ctl->MostrarBotonComentario(false); // the client's notes are a field of the form
     auto* fields = new QGroupBox(QStringLiteral("Datos del cliente"), panel);
     auto* grid = new QGridLayout(fields);
     grid->setHorizontalSpacing(8);

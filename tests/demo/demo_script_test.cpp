@@ -83,6 +83,9 @@ TEST_P(DemoScript, AnEditingSessionOfTheClientFormIsScripted) {
     Line(R"({"get": "demo.Ficha", "as": "ficha"})");
     Line(R"({"call": "demo.Control", "args": ["txtNombre"], "as": "nombre"})");
     EXPECT_EQ(Ok(R"({"get": "nombre.Text"})"), "García Pérez, Ana");
+    // The notes are a field of the form: the toolbar shows no Comentario button.
+    EXPECT_EQ(Ok(R"({"call": "ficha.BtnVisible", "args": [4]})"), false);
+    EXPECT_EQ(Ok(R"({"call": "ficha.BtnVisible", "args": [3]})"), true);
 
     // Edit the name and save through the form's button: the toolbar's events in order, the
     // row and the change log the form lists.
