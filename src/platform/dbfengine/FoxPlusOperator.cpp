@@ -108,12 +108,14 @@ std::size_t LeftStart(const std::vector<Piece>& pieces, std::size_t plus) {
 std::size_t RightEnd(const std::vector<Piece>& pieces, std::size_t plus) {
     std::size_t end = plus + 1;
     bool seenOperand = false;
+    bool afterOperand = false; // a sign after an operator belongs to the next operand
     for (std::size_t i = plus + 1; i < pieces.size(); ++i) {
         const Piece& piece = pieces[i];
         if (piece.kind == Piece::Kind::Space) continue;
         const bool sign = piece.text == u"+" || piece.text == u"-";
-        if (EndsOperand(piece) || (sign && seenOperand)) break;
-        seenOperand = seenOperand || IsOperand(piece);
+        if (EndsOperand(piece) || (sign && afterOperand)) break;
+        afterOperand = IsOperand(piece);
+        seenOperand = seenOperand || afterOperand;
         end = i + 1;
     }
     return seenOperand ? end : plus + 1;

@@ -39,8 +39,10 @@ TEST(FoxSqlTextTest, TopBecomesALimit) {
 TEST(FoxSqlTextTest, PlusBecomesACallOnItsOperands) {
     EXPECT_EQ(FoxSqlText::ToSqlite("SELECT nombre + ' ' + apellido AS completo FROM t"),
               "SELECT fox_plus(fox_plus(nombre, ' '), apellido) AS completo FROM t");
-    EXPECT_EQ(FoxSqlText::ToSqlite("SELECT a - b + c * 2, -d + e FROM t WHERE f + 1 > g"),
-              "SELECT fox_plus(a - b, c * 2), fox_plus(-d, e) FROM t WHERE fox_plus(f, 1) > g");
+    EXPECT_EQ(
+        FoxSqlText::ToSqlite("SELECT a - b + c * 2, -d + e FROM t WHERE f + 1 > g + h * -i - j"),
+        "SELECT fox_plus(a - b, c * 2), fox_plus(-d, e) FROM t WHERE fox_plus(f, 1) > "
+        "fox_plus(g, h * -i) - j");
     EXPECT_EQ(FoxSqlText::ToSqlite("UPDATE t SET n = +1, m = (x + y) / 2 WHERE ALLTRIM(a) + "
                                    "t.b = 'a+b' AND c = 1 + -2"),
               "UPDATE t SET n = +1, m = (fox_plus(x, y)) / 2 WHERE fox_plus(ALLTRIM(a), t.b) = "
