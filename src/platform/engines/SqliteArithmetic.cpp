@@ -1,5 +1,7 @@
 #include "platform/engines/SqliteArithmetic.h"
 
+#include <QRegularExpression>
+#include <QString>
 #include <sqlite3.h>
 
 namespace zlx::ado::SqliteArithmetic {
@@ -16,11 +18,68 @@ void Divisor(sqlite3_context* context, int, sqlite3_value** values) {
         sqlite3_result_value(context, value);
 }
 
+// The digits of a plain decimal text ("-12.345") rounded half away from zero to `scale`
+// places; empty when the text is no such number.
+QString RoundedDecimal(const QString& text, int scale) {
+    static const QRegularExpression number(QStringLiteral(R"(^([+-]?)(\d*)(?:\.(\d*))?$)"));
+    const auto match = number.match(text.trimmed());
+    if (!match.hasMatch() || (match.captured(2).isEmpty() && match.captured(3).isEmpty()))
+        return {};
+    const QString fraction = match.captured(3);
+    QString digits = match.captured(2) + fraction.left(scale).leftJustified(scale, u'0');
+    if (fraction.size() > scale && fraction[scale] >= u'5') {
+        qsizetype i = digits.size() - 1;
+        for (; i >= 0 && digits[i] == u'9'; --i)
+            digits[i] = u'0';
+        if (i >= 0)
+            digits[i] = QChar(digits[i].unicode() + 1);
+        else
+            digits.prepend(u'1');
+    }
+    const QString whole = digits.left(digits.size() - scale);
+    const QString sign = match.captured(1) == u"-" ? QStringLiteral("-") : QString();
+    return sign + (whole.isEmpty() ? QStringLiteral("0") : whole) +
+           (scale > 0 ? u'.' + digits.right(scale) : QString());
+}
+
+// A number as text: a real's 15 significant digits, written without an exponent.
+QString NumberText(sqlite3_value* value) {
+    if (sqlite3_value_type(value) == SQLITE_INTEGER)
+        return QString::number(sqlite3_value_int64(value));
+    if (sqlite3_value_type(value) == SQLITE_FLOAT) {
+        const QString text = QString::number(sqlite3_value_double(value), 'g', 15);
+        return text.contains(u'e') ? QString::number(sqlite3_value_double(value), 'f', 15) : text;
+    }
+    return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)));
+}
+
+void Decimal(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL) return sqlite3_result_null(context);
+    const int precision = sqlite3_value_int(values[1]);
+    const int scale = sqlite3_value_int(values[2]);
+    const QString rounded = RoundedDecimal(NumberText(values[0]), scale);
+    if (rounded.isEmpty())
+        return sqlite3_result_error(context, "Error converting data type varchar to numeric.", -1);
+    QString whole = rounded.section(u'.', 0, 0);
+    whole.remove(u'-');
+    while (whole.size() > 1 && whole.startsWith(u'0'))
+        whole.remove(0, 1);
+    if (whole != u"0" && whole.size() > precision - scale)
+        return sqlite3_result_error(
+            context, "Arithmetic overflow error converting numeric to data type numeric.", -1);
+    if (scale > 0 || whole.size() > 18)
+        sqlite3_result_double(context, rounded.toDouble());
+    else
+        sqlite3_result_int64(context, rounded.toLongLong());
+}
+
 } // namespace
 
 void Install(sqlite3* db) {
     sqlite3_create_function(db, "zlx_divisor", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                             &Divisor, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_decimal", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                            &Decimal, nullptr, nullptr);
 }
 
 } // namespace zlx::ado::SqliteArithmetic

@@ -1,7 +1,10 @@
 #pragma once
 // Arithmetic that SQLite does otherwise than SQL Server: zlx_divisor(x) answers x, and fails
 // as SQL Server's division by zero ("Divide by zero error encountered.") when x is zero
-// (SQLite divides by zero into NULL).
+// (SQLite divides by zero into NULL); zlx_decimal(x, p, s) is x as a DECIMAL(p,s) holds it,
+// rounded half away from zero to s places (a real when s > 0), failing as SQL Server's
+// arithmetic overflow beyond p digits and as its conversion error for a text that is no
+// number (SQLite keeps any number in a NUMERIC column).
 
 struct sqlite3;
 

@@ -3,6 +3,7 @@
 #include "platform/engines/Driver.h"
 #include "platform/tsql/PostgresDialect.h"
 #include "platform/tsql/SqliteDialect.h"
+#include "platform/tsql/TypeNames.h"
 #include "platform/variant/ZlxAssert.h"
 
 #include <QRegularExpression>
@@ -42,6 +43,10 @@ QString EngineDialect::Cast(const QString& value, const QString& type, bool text
     static const QStringList integers = {QStringLiteral("INT"), QStringLiteral("INTEGER"),
                                          QStringLiteral("BIGINT"), QStringLiteral("SMALLINT"),
                                          QStringLiteral("TINYINT")};
+    if (const auto digits = DecimalType(type))
+        if (const QString scaled = ScaledDecimal(value, digits->precision, digits->scale);
+            !scaled.isEmpty())
+            return scaled;
     const QString engineType = CastType(type);
     if (engineType.isEmpty()) return {};
     if (!textLiteral && integers.contains(type)) return TruncatingCast(value, engineType);

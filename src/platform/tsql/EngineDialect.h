@@ -7,6 +7,7 @@
 
 #include "platform/engines/AdoError.h"
 #include "platform/engines/SqlServerDates.h"
+#include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/variant/Variant.h"
 
@@ -131,6 +132,15 @@ public:
         (void)descending;
         return {};
     }
+    // `value` rounded half away from zero to `scale` places, failing as SQL Server's
+    // arithmetic overflow (8115) beyond `precision` digits, as a DECIMAL(precision, scale)
+    // stores it; empty: the engine's numeric type does so itself.
+    virtual QString ScaledDecimal(const QString& value, int precision, int scale) const {
+        (void)value, (void)precision, (void)scale;
+        return {};
+    }
+    // The hidden column that picks one row of a table (SQLite's rowid).
+    virtual QString RowLocator() const = 0;
     // CAST(value AS engineType), an integer type: the fraction dropped, not rounded.
     virtual QString TruncatingCast(const QString& value, const QString& engineType) const;
     // DB_NAME(): the current database's name.
@@ -205,8 +215,13 @@ public:
         return {};
     }
     virtual QString LastIdentitySql() const { return {}; }
-    // The identity column of an engine table, "" when it has none.
+    // The identity column of an engine table, "" when it has none. The dialect also notes the
+    // table's key constraints then, so that MapRecord tells their duplicates (2627) from a
+    // unique index's (2601).
     virtual QString FindIdentityColumn(const QString& table) = 0;
+    // The columns of an engine table in order, each with the kind of its T-SQL type; none when
+    // there is no such table.
+    virtual TableColumns ColumnsOf(const QString& table) = 0;
     // The next identity of the table's column becomes value + 1.
     virtual void SetIdentity(const QString& table, const QString& column, std::int64_t value) = 0;
     virtual QString ReindexSql(const QString& table) const = 0;

@@ -184,10 +184,12 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
                        "c.relkind WHEN 'r' THEN 'U' WHEN 'v' THEN 'V' ELSE 'I' END AS xtype FROM "
                        "pg_class c WHERE c.relnamespace = CAST(current_schema() AS regnamespace) "
                        "AND c.relkind IN ('r', 'v', 'i')"),
-        QStringLiteral("CREATE OR REPLACE TEMP VIEW syscolumns AS SELECT CAST(a.attname AS text) "
-                       "COLLATE pg_temp.zlx_ci AS name, CAST(a.attrelid AS integer) AS id, %1 AS "
-                       "xtype, %2 AS length FROM pg_attribute a WHERE a.attnum > 0 AND NOT "
-                       "a.attisdropped")
+        QStringLiteral(
+            "CREATE OR REPLACE TEMP VIEW syscolumns AS SELECT CAST(a.attname AS text) "
+            "COLLATE pg_temp.zlx_ci AS name, CAST(a.attrelid AS integer) AS id, %1 AS "
+            "xtype, %2 AS length, CAST(a.attnum AS integer) AS colid FROM pg_attribute a WHERE "
+            "a.attnum > 0 AND NOT "
+            "a.attisdropped")
             .arg(XtypeExpression(kCatalogTypes, type), LengthExpression(kCatalogTypes, type)),
     };
 }
@@ -265,12 +267,48 @@ QString PostgresDialect::InsertReturningIdentity(const QString& insert,
     return insert + QStringLiteral(" RETURNING ") + column;
 }
 
+// One round trip answers the identity column (marked 1) and the key constraints' names.
 QString PostgresDialect::FindIdentityColumn(const QString& table) {
     const auto rows = Access().Query(
-        QStringLiteral("SELECT CAST(attname AS text) FROM pg_attribute WHERE attrelid = "
-                       "to_regclass(%1) AND attidentity <> ''")
+        QStringLiteral("SELECT CAST(attname AS text), 1 FROM pg_attribute WHERE attrelid = "
+                       "to_regclass(%1) AND attidentity <> '' UNION ALL SELECT CAST(conname AS "
+                       "text), 0 FROM pg_constraint WHERE conrelid = to_regclass(%1) AND contype "
+                       "IN ('p', 'u')")
             .arg(SqlString(table)));
-    return rows.empty() ? QString() : rows[0][0].ToString();
+    QString identity;
+    QStringList keys;
+    for (const auto& row : rows) {
+        if (row.at(1).ToLong() == 1)
+            identity = row.at(0).ToString();
+        else
+            keys << row.at(0).ToString();
+    }
+    m_keyConstraints.Note(table, keys);
+    return identity;
+}
+
+// The engine's types back to what SQL Server's were (MONEY is numeric(19,4) here, BIT and
+// TINYINT are smallint).
+TableColumns PostgresDialect::ColumnsOf(const QString& table) {
+    static const TypeName kinds[] = {
+        {"integer", "INT"},         {"smallint", "SMALLINT"},      {"bigint", "BIGINT"},
+        {"boolean", "BIT"},         {"double precision", "FLOAT"}, {"real", "REAL"},
+        {"numeric(19,4)", "MONEY"}, {"numeric(10,4)", "MONEY"},    {"date", "DATE"},
+    };
+    TableColumns columns;
+    for (const auto& row : Access().Query(
+             QStringLiteral("SELECT CAST(attname AS text), format_type(atttypid, atttypmod) FROM "
+                            "pg_attribute WHERE attrelid = to_regclass(%1) AND attnum > 0 AND "
+                            "NOT attisdropped ORDER BY attnum")
+                 .arg(SqlString(table)))) {
+        const QString type = row.at(1).ToString();
+        QString tsql = LookUpType(kinds, type);
+        if (tsql.isEmpty() && type.startsWith(u"numeric"))
+            tsql = QStringLiteral("DECIMAL") + type.mid(7);
+        if (tsql.isEmpty() && type.startsWith(u"timestamp")) tsql = QStringLiteral("DATETIME");
+        columns.push_back(ColumnOfType(row.at(0).ToString(), tsql.isEmpty() ? type : tsql));
+    }
+    return columns;
 }
 
 void PostgresDialect::SetIdentity(const QString& table, const QString& column, std::int64_t value) {
@@ -294,7 +332,10 @@ ado::ErrorRecord PostgresDialect::MapRecord(const ado::ErrorRecord& record) cons
     ado::ErrorRecord mapped = record;
     const QString& state = record.sqlState;
     if (state == u"23505") {
-        mapped.nativeError = record.description.contains(u"_pkey") ||
+        // 'duplicate key value violates unique constraint "name"'
+        const QString name = record.description.section(u'"', 1, 1);
+        mapped.nativeError = m_keyConstraints.Contains(name) ||
+                                     record.description.contains(u"_pkey") ||
                                      record.description.contains(u"_PKEY_", Qt::CaseInsensitive)
                                  ? ado::kNativeDuplicateKey
                                  : ado::kNativeDuplicateIndexKey;

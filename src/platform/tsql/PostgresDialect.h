@@ -3,6 +3,7 @@
 // compare under a case-insensitive ICU collation, identities are identity columns.
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/KeyConstraints.h"
 
 namespace zlx::tsql {
 
@@ -30,6 +31,7 @@ public:
     QString ColumnType(const QString& type) const override;
     bool KeepsTypeLength(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
+    QString RowLocator() const override { return QStringLiteral("ctid"); }
     bool TrailingBlanksCount() const override { return true; }
     QString CaseInsensitiveCollation() const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
@@ -53,12 +55,16 @@ public:
     QString ExclusiveLockSql(const QString& table) const override;
     QString InsertReturningIdentity(const QString& insert, const QString& column) const override;
     QString FindIdentityColumn(const QString& table) override;
+    TableColumns ColumnsOf(const QString& table) override;
     void SetIdentity(const QString& table, const QString& column, std::int64_t value) override;
     QString ReindexSql(const QString& table) const override;
     ado::ErrorRecord MapRecord(const ado::ErrorRecord& record) const override;
 
 protected:
     std::span<const FunctionSpelling> Functions() const override;
+
+private:
+    KeyConstraints m_keyConstraints; // by constraint name
 };
 
 } // namespace zlx::tsql

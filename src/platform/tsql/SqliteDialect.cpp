@@ -49,10 +49,22 @@ constexpr int kSqliteConstraintUnique = 2067;
 constexpr int kSqliteBusy = 5;
 constexpr int kSqliteIoErr = 10;
 
+// A name as the catalog keeps it: "mis datos" is mis datos.
+QString Unquoted(const QString& name) {
+    if (name.size() < 2 || !name.startsWith(u'"') || !name.endsWith(u'"')) return name;
+    return name.mid(1, name.size() - 2).replace(QStringLiteral("\"\""), QStringLiteral("\""));
+}
+
 // The schema and bare name of an engine table name ("main" when it has no schema).
 std::pair<QString, QString> SchemaAndName(const QString& table) {
     const int dot = table.lastIndexOf(u'.');
     return {dot < 0 ? QStringLiteral("main") : table.left(dot), table.mid(dot + 1)};
+}
+
+// The schema and the name as the catalog keeps it.
+std::pair<QString, QString> SchemaAndCatalogName(const QString& table) {
+    const auto [schema, name] = SchemaAndName(table);
+    return {schema, Unquoted(name)};
 }
 
 } // namespace
@@ -120,6 +132,11 @@ QString SqliteDialect::CheckedDivisor(const QString& divisor) const {
     return QStringLiteral("zlx_divisor(%1)").arg(divisor);
 }
 
+// SQLite keeps any number in a NUMERIC column.
+QString SqliteDialect::ScaledDecimal(const QString& value, int precision, int scale) const {
+    return QStringLiteral("zlx_decimal(%1, %2, %3)").arg(value).arg(precision).arg(scale);
+}
+
 QString SqliteDialect::Autoincrement() const {
     return QStringLiteral("INTEGER");
 }
@@ -158,9 +175,10 @@ QStringList SqliteDialect::ObjectViews(const QString& locksSchema) const {
             .arg(schema);
     };
     const auto columns = [](const QString& schema, int offset) {
-        return QStringLiteral("SELECT p.name COLLATE NOCASE AS name, m.rowid + %1 AS id, %2 AS "
-                              "xtype, %3 AS length FROM \"%4\".sqlite_master m, "
-                              "pragma_table_info(m.name, '%4') p WHERE m.type = 'table'")
+        return QStringLiteral(
+                   "SELECT p.name COLLATE NOCASE AS name, m.rowid + %1 AS id, %2 AS "
+                   "xtype, %3 AS length, p.cid + 1 AS colid FROM \"%4\".sqlite_master m, "
+                   "pragma_table_info(m.name, '%4') p WHERE m.type = 'table'")
             .arg(offset)
             .arg(XtypeExpression(kCatalogTypes, QStringLiteral("p.type")),
                  LengthExpression(kCatalogTypes, QStringLiteral("p.type")), schema);
@@ -388,7 +406,8 @@ QString SqliteDialect::LastIdentitySql() const {
 }
 
 QString SqliteDialect::FindIdentityColumn(const QString& table) {
-    const auto [schema, bare] = SchemaAndName(table);
+    const auto [schema, bare] = SchemaAndCatalogName(table);
+    NoteKeyConstraints(schema, bare);
     const auto definition = Access().Query(
         QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table' AND name = %2 "
                        "COLLATE NOCASE")
@@ -402,8 +421,34 @@ QString SqliteDialect::FindIdentityColumn(const QString& table) {
     return rows.empty() ? QString() : rows[0][0].ToString();
 }
 
+// A UNIQUE constraint is an index of origin 'u'; its duplicate is reported by its columns.
+void SqliteDialect::NoteKeyConstraints(const QString& schema, const QString& table) {
+    std::map<QString, QStringList> columns; // index -> "t.c" in key order
+    for (const auto& row : Access().Query(
+             QStringLiteral("SELECT l.name, i.name FROM pragma_index_list(%1, %2) l, "
+                            "pragma_index_info(l.name, %2) i WHERE l.origin = 'u' ORDER BY "
+                            "l.name, i.seqno")
+                 .arg(SqlString(table), SqlString(schema))))
+        columns[row.at(0).ToString()] << table + u'.' + row.at(1).ToString();
+    QStringList keys;
+    for (const auto& [index, names] : columns)
+        keys << names.join(QStringLiteral(", "));
+    m_keyConstraints.Note(schema + u'.' + table, keys);
+}
+
+// The declared types are T-SQL's, as CREATE TABLE wrote them.
+TableColumns SqliteDialect::ColumnsOf(const QString& table) {
+    const auto [schema, bare] = SchemaAndCatalogName(table);
+    TableColumns columns;
+    for (const auto& row : Access().Query(
+             QStringLiteral("SELECT name, type FROM pragma_table_info(%1, %2) ORDER BY cid")
+                 .arg(SqlString(bare), SqlString(schema))))
+        columns.push_back(ColumnOfType(row.at(0).ToString(), row.at(1).ToString()));
+    return columns;
+}
+
 void SqliteDialect::SetIdentity(const QString& table, const QString&, std::int64_t value) {
-    const auto [schema, bare] = SchemaAndName(table);
+    const auto [schema, bare] = SchemaAndCatalogName(table);
     Access().Run(QStringLiteral("DELETE FROM %1.sqlite_sequence WHERE name = %2 COLLATE NOCASE")
                      .arg(schema, SqlString(bare)));
     Access().Run(QStringLiteral("INSERT INTO %1.sqlite_sequence (name, seq) VALUES (%2, %3)")
@@ -421,7 +466,10 @@ ado::ErrorRecord SqliteDialect::MapRecord(const ado::ErrorRecord& record) const 
     if (record.nativeError == kSqliteConstraintPrimaryKey)
         mapped.nativeError = ado::kNativeDuplicateKey;
     else if (record.nativeError == kSqliteConstraintUnique)
-        mapped.nativeError = ado::kNativeDuplicateIndexKey;
+        // "UNIQUE constraint failed: t.a, t.b"
+        mapped.nativeError = m_keyConstraints.Contains(text.section(QStringLiteral(": "), 1))
+                                 ? ado::kNativeDuplicateKey
+                                 : ado::kNativeDuplicateIndexKey;
     else if (text.contains(u"no such table"))
         mapped.nativeError = ado::kNativeInvalidObject;
     else if (text.contains(u"no such column"))

@@ -6,6 +6,7 @@
 
 #include "platform/engines/SqliteServerFolder.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/KeyConstraints.h"
 #include "platform/tsql/SqliteTableRebuild.h"
 
 namespace zlx::tsql {
@@ -27,6 +28,7 @@ public:
     QString DateLiteral(const QString& isoLiteral) const override;
     QString CurrentDatabaseName() const override;
     QString CheckedDivisor(const QString& divisor) const override;
+    QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
@@ -34,6 +36,7 @@ public:
     // (empty) rowset the statement then reports.
     bool ChecksAddedColumns() const override { return false; }
     QString BinaryLiteral(const QString& hexDigits) const override;
+    QString RowLocator() const override { return QStringLiteral("rowid"); }
     QString TextResultCollation() const override;
     QString CaseInsensitiveCollation() const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
@@ -63,6 +66,7 @@ public:
     QString ExclusiveLockSql(const QString& table) const override;
     QString LastIdentitySql() const override;
     QString FindIdentityColumn(const QString& table) override;
+    TableColumns ColumnsOf(const QString& table) override;
     void SetIdentity(const QString& table, const QString& column, std::int64_t value) override;
     QString ReindexSql(const QString& table) const override;
     ado::ErrorRecord MapRecord(const ado::ErrorRecord& record) const override;
@@ -78,7 +82,10 @@ private:
     QStringList ObjectViews(const QString& locksSchema) const;
     SqliteTableRebuild Rebuilder(const QString& table);
 
-    QStringList m_attached; // aliases of the attached files
+    void NoteKeyConstraints(const QString& schema, const QString& table);
+
+    QStringList m_attached;          // aliases of the attached files
+    KeyConstraints m_keyConstraints; // by the "t.a, t.b" that SQLite's message names
     // Whether the connection's target is a server folder; every translation asks, so the
     // file system is asked again only while the answer is no.
     bool IsServerFolder() const;

@@ -45,6 +45,8 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"FOREIGN KEY constraint failed", ado::kNativeConstraintConflict},
     {"no such index", ado::kNativeCannotDrop},
     {"integer overflow", ado::kNativeArithmeticOverflow},
+    {"Arithmetic overflow error", ado::kNativeArithmeticOverflow},
+    {"Error converting data type varchar to numeric", ado::kNativeNumericConversion},
     {"Cannot add a NOT NULL column", ado::kNativeNotNullColumnAdded},
     {"values were supplied", ado::kNativeMoreValuesThanColumns},
     {"values for", ado::kNativeMoreValuesThanColumns},

@@ -122,6 +122,7 @@ void TsqlSession::UseDatabase(const QString& database) {
     m_textColumns.clear();
     m_typedColumns.clear();
     m_nullableColumns.clear();
+    m_tableColumns.clear();
     Prepare();
 }
 
@@ -161,6 +162,7 @@ TranslationContext TsqlSession::Context() {
         return CountsColumn(m_typedColumns, QStringLiteral("integer:") + column,
                             m_dialect->IntegerColumnCount(SqlString(column)));
     };
+    context.tableColumns = [this](const QString& table) { return ColumnsOf(table); };
     if (!m_dialect->NullsOrder(false).isEmpty())
         context.mayBeNull = [this](const QString& column) { return MayBeNull(column); };
     return context;
@@ -332,8 +334,7 @@ void TsqlSession::Check(const Tokens& statement) {
 }
 
 void TsqlSession::RefuseUnsupported(const Tokens& statement) {
-    for (QStringView word :
-         {u"DECLARE", u"WHILE", u"SAVE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
+    for (QStringView word : {u"DECLARE", u"WHILE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
         if (statement.front().IsWord(word)) ThrowUnsupported(statement.front().text);
     }
 }
@@ -365,6 +366,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
             m_textColumns.clear();
             m_typedColumns.clear();
             m_nullableColumns.clear();
+            m_tableColumns.clear();
         }
     }
     if (statement.front().IsWord(u"IF")) {
@@ -425,6 +427,11 @@ bool TsqlSession::RunSetOption(const Tokens& statement) {
 // BEGIN/COMMIT/ROLLBACK [TRAN[SACTION]] [name]: only the outermost level reaches the engine,
 // and ROLLBACK undoes every level.
 bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
+    const auto run = [this](const QString& sql) { Run(sql); };
+    if (QString savepoint; Savepoints::IsSave(statement, savepoint)) {
+        m_savepoints.Save(savepoint, m_tranCount > 0, *m_dialect, run);
+        return true;
+    }
     const bool begin = StartsWith(statement, {u"BEGIN", u"TRAN"}) ||
                        StartsWith(statement, {u"BEGIN", u"TRANSACTION"});
     if (begin) {
@@ -449,6 +456,7 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
                 ado::kNativeRollbackWithoutBegin, QStringLiteral("25000"));
         // Only the outermost transaction's name may be rolled back to.
         const QString name = NameAfterTransactionWord(statement);
+        if (!name.isEmpty() && m_savepoints.RollBackTo(name, *m_dialect, run)) return true;
         if (!name.isEmpty() && name != m_transactionName)
             ThrowStatementError(
                 QStringLiteral("Cannot roll back %1. No transaction or savepoint of that name "
@@ -464,6 +472,7 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
 void TsqlSession::BeginTransaction() {
     m_worker.Abandon();
     if (m_tranCount == 0) {
+        m_savepoints.Clear();
         try {
             m_inner->BeginTransaction();
         } catch (const ado::AdoError& error) {
@@ -560,6 +569,14 @@ QString TsqlSession::IdentityColumn(const QString& table) {
     return column;
 }
 
+// A table's columns, looked up once per table as its identity column is.
+TableColumns TsqlSession::ColumnsOf(const QString& tsqlTable) {
+    const QString table = EngineObjectName(tsqlTable);
+    const auto known = m_tableColumns.constFind(table);
+    if (known != m_tableColumns.constEnd()) return *known;
+    return *m_tableColumns.insert(table, m_dialect->ColumnsOf(table));
+}
+
 // The stored procedures the library calls; anything else is named as unsupported.
 bool TsqlSession::RunProcedure(const Tokens& statement, ado::ResultSink& sink) {
     size_t name = 0;
@@ -606,6 +623,11 @@ bool TsqlSession::RunProcedure(const Tokens& statement, ado::ResultSink& sink) {
         Run(QStringLiteral("ALTER TABLE %1 RENAME COLUMN %2 TO %3")
                 .arg(EngineObjectName(old.left(dot)), EngineObjectName(old.mid(dot + 1)),
                      EngineObjectName(arguments.value(1))));
+        return true;
+    }
+    if (procedure == u"sp_rename" && arguments.size() == 2) {
+        Run(QStringLiteral("ALTER TABLE %1 RENAME TO %2")
+                .arg(EngineObjectName(arguments[0]), m_dialect->QuoteName(arguments[1])));
         return true;
     }
     ThrowUnsupported(statement[last].text);

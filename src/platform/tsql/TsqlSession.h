@@ -7,6 +7,7 @@
 #include "platform/engines/Driver.h"
 #include "platform/engines/WorkerExecution.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/Savepoints.h"
 #include "platform/tsql/StatementPipeline.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/tsql/TsqlTranslator.h"
@@ -109,6 +110,7 @@ private:
     // Runs engine SQL for a statement, its errors mapped.
     void ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds);
     QString IdentityColumn(const QString& table);
+    TableColumns ColumnsOf(const QString& tsqlTable);
     void Reseed(const QString& table, std::optional<std::int64_t> seed);
 
     ado::DriverPtr m_inner;
@@ -117,11 +119,12 @@ private:
     ado::ConnectParams m_params;
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};
-    QHash<QString, QString> m_identityColumns; // table -> identity column ("" for none)
-    QHash<QString, QString> m_engineNames;     // name as written -> the engine's spelling
-    QHash<QString, bool> m_textColumns;        // column name -> some table holds text in it
-    QHash<QString, bool> m_typedColumns;       // "date:c", "integer:c" -> some column c is so
-    QHash<QString, bool> m_nullableColumns;    // column name -> some table lets it be NULL
+    QHash<QString, QString> m_identityColumns;   // table -> identity column ("" for none)
+    QHash<QString, QString> m_engineNames;       // name as written -> the engine's spelling
+    QHash<QString, bool> m_textColumns;          // column name -> some table holds text in it
+    QHash<QString, bool> m_typedColumns;         // "date:c", "integer:c" -> some column c is so
+    QHash<QString, bool> m_nullableColumns;      // column name -> some table lets it be NULL
+    QHash<QString, TableColumns> m_tableColumns; // engine table -> its columns
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;
     std::optional<std::int64_t> m_identity;
@@ -132,6 +135,7 @@ private:
     QHash<QString, QString> m_defaults; // CREATE DEFAULT name -> value
     QString m_identityInsertTable;      // the engine table with IDENTITY_INSERT ON
     QString m_transactionName;          // the outermost BEGIN TRAN's name
+    Savepoints m_savepoints;            // SAVE TRANSACTION's, in the open transaction
 };
 
 // The driver that runs T-SQL on `native`'s engine: a session over it, or the driver itself

@@ -4,11 +4,13 @@
 #include "platform/tsql/TsqlDateFunctions.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TypeNames.h"
 #include "platform/variant/ZlxAssert.h"
 
 #include <QDate>
 #include <QRegularExpression>
 #include <QTime>
+#include <algorithm>
 #include <map>
 
 namespace zlx::tsql {
@@ -45,7 +47,11 @@ public:
 
     Translation Run() {
         PrepareDefinitions();
+        PrepareWriteTop();
+        PrepareDeleteJoin();
+        PrepareUpdateJoin();
         PrepareDefaultValues();
+        PrepareStoredDecimals();
         Translation translation;
         const size_t index = IndexKeyword();
         translation.sql = index ? IndexDefinition(index) : Range(0, m_t.size());
@@ -332,6 +338,301 @@ private:
         RemoveItems(columnItems, defaults);
     }
 
+    // DELETE TOP (n) [FROM] t [WHERE c] and UPDATE TOP (n) t SET ... [WHERE c] change the
+    // first n rows the engine finds, picked by its row locator in a subquery.
+    void PrepareWriteTop() {
+        const bool isDelete = WordAt(0, u"DELETE");
+        if (!(isDelete || WordAt(0, u"UPDATE")) || !WordAt(1, u"TOP")) return;
+        size_t next = 3;
+        QString count;
+        if (SymbolAt(2, u"(")) {
+            next = Close(2) + 1;
+            count = TokensToSql(Tokens(m_t.begin() + 3, m_t.begin() + next - 1)).trimmed();
+        } else if (At(2) && At(2)->kind == TokenKind::Number) {
+            count = m_t[2].text;
+        } else {
+            ThrowStatementError(QStringLiteral("Incorrect syntax near 'TOP'."), ado::kNativeSyntax);
+        }
+        if (WordAt(next, u"PERCENT")) ThrowUnsupported(QStringLiteral("TOP ... PERCENT"));
+        if (isDelete && WordAt(next, u"FROM")) ++next;
+        const size_t tableEnd = QualifiedNameEnd(next);
+        size_t where = tableEnd;
+        for (int depth = 0; where < m_t.size() && !(depth == 0 && m_t[where].IsWord(u"WHERE"));
+             ++where) {
+            if (m_t[where].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[where].IsSymbol(u")"))
+                --depth;
+            else if (depth == 0 && (m_t[where].IsWord(u"FROM") || m_t[where].IsWord(u"JOIN")))
+                ThrowUnsupported(m_t[0].text.toUpper() + QStringLiteral(" TOP con FROM"));
+        }
+        if (tableEnd == next)
+            ThrowStatementError(QStringLiteral("Incorrect syntax near 'TOP'."), ado::kNativeSyntax);
+        const auto word = [](const char* text) {
+            return Token{TokenKind::Word, QString::fromLatin1(text), QStringLiteral(" ")};
+        };
+        const Token locator = Raw(m_dialect.RowLocator(), QStringLiteral(" "));
+        const Tokens table(m_t.begin() + next, m_t.begin() + tableEnd);
+        Tokens rebuilt{m_t[0]};
+        if (isDelete) rebuilt.push_back(word("FROM"));
+        rebuilt.insert(rebuilt.end(), table.begin(), table.end());
+        if (!isDelete) rebuilt.insert(rebuilt.end(), m_t.begin() + tableEnd, m_t.begin() + where);
+        for (const Token& token :
+             {word("WHERE"), locator, word("IN"), Raw(QStringLiteral("("), u" "_qs), word("SELECT"),
+              locator, word("FROM")})
+            rebuilt.push_back(token);
+        // The subquery names the table as the DELETE did, alias included.
+        rebuilt.insert(rebuilt.end(), m_t.begin() + next,
+                       m_t.begin() + (isDelete ? where : tableEnd));
+        rebuilt.insert(rebuilt.end(), m_t.begin() + where, m_t.end());
+        rebuilt.push_back(Raw(QStringLiteral(" LIMIT ") + count));
+        rebuilt.push_back(Raw(QStringLiteral(")")));
+        m_t = std::move(rebuilt);
+    }
+
+    // DELETE [FROM] x FROM t x JOIN u ON ... [WHERE c]: the rows of t that the query picks,
+    // by the engine's row locator.
+    void PrepareDeleteJoin() {
+        if (!WordAt(0, u"DELETE")) return;
+        const size_t target = WordAt(1, u"FROM") ? 2 : 1;
+        const size_t targetEnd = QualifiedNameEnd(target);
+        if (targetEnd != target + 1 || !WordAt(targetEnd, u"FROM")) return;
+        const size_t table = TableOfAlias(targetEnd + 1, m_t[target].text);
+        const auto word = [](const char* text) {
+            return Token{TokenKind::Word, QString::fromLatin1(text), QStringLiteral(" ")};
+        };
+        Token qualifier = m_t[target];
+        qualifier.leading = QStringLiteral(" ");
+        Token tableName = m_t[table];
+        tableName.leading = QStringLiteral(" ");
+        Tokens rebuilt{m_t[0],
+                       word("FROM"),
+                       tableName,
+                       word("WHERE"),
+                       Raw(m_dialect.RowLocator(), QStringLiteral(" ")),
+                       word("IN"),
+                       Raw(QStringLiteral("("), QStringLiteral(" ")),
+                       word("SELECT"),
+                       qualifier,
+                       Raw(QStringLiteral(".")),
+                       Raw(m_dialect.RowLocator())};
+        rebuilt.insert(rebuilt.end(), m_t.begin() + targetEnd, m_t.end());
+        rebuilt.push_back(Raw(QStringLiteral(")")));
+        m_t = std::move(rebuilt);
+    }
+
+    // UPDATE x SET ... FROM t [AS] x [INNER] JOIN u ON c ... [WHERE w], x the first table or
+    // its alias: UPDATE t [AS x] SET ... FROM u, ... WHERE (c) AND ... AND (w), the form both
+    // engines take. Outer joins have no such form.
+    void PrepareUpdateJoin() {
+        if (!WordAt(0, u"UPDATE") || QualifiedNameEnd(1) != 2 || !WordAt(2, u"SET")) return;
+        const size_t from = DepthZeroWord(3, u"FROM");
+        if (from == m_t.size()) return;
+        const size_t where = DepthZeroWord(from, u"WHERE");
+        const size_t table = from + 1;
+        if (QualifiedNameEnd(table) != table + 1)
+            ThrowUnsupported(QStringLiteral("UPDATE ... FROM"));
+        size_t next = table + 1;
+        if (WordAt(next, u"AS")) ++next;
+        const bool aliased = At(next) && IsName(*At(next)) && !IsClauseWord(*At(next));
+        const Token& named = aliased ? m_t[next] : m_t[table];
+        if (named.text.compare(m_t[1].text, Qt::CaseInsensitive) != 0)
+            ThrowUnsupported(QStringLiteral("UPDATE ... FROM sin la tabla actualizada"));
+        if (aliased) ++next;
+        Tokens joined, conditions;
+        while (next < where) {
+            if (WordAt(next, u"INNER")) ++next;
+            if (!WordAt(next, u"JOIN"))
+                ThrowUnsupported(QStringLiteral("UPDATE ... FROM ... ") + m_t[next].text);
+            const size_t on = DepthZeroWord(next, u"ON");
+            size_t end = on + 1;
+            for (int depth = 0; end < where; ++end) {
+                if (m_t[end].IsSymbol(u"("))
+                    ++depth;
+                else if (m_t[end].IsSymbol(u")"))
+                    --depth;
+                else if (depth == 0 && IsJoinStart(end))
+                    break;
+            }
+            if (on >= where) ThrowUnsupported(QStringLiteral("UPDATE ... JOIN sin ON"));
+            if (!joined.empty()) joined.push_back(Raw(QStringLiteral(",")));
+            joined.insert(joined.end(), m_t.begin() + next + 1, m_t.begin() + on);
+            AppendCondition(conditions, on + 1, end);
+            next = end;
+        }
+        if (where < m_t.size()) AppendCondition(conditions, where + 1, m_t.size());
+        Tokens rebuilt{m_t[0], m_t[table]};
+        rebuilt[1].leading = QStringLiteral(" ");
+        if (aliased) {
+            rebuilt.push_back(Token{TokenKind::Word, QStringLiteral("AS"), QStringLiteral(" ")});
+            rebuilt.push_back(m_t[1]);
+        }
+        for (size_t k = 2; k < from; ++k) {
+            // SET x.c = ...: the engines name the column alone.
+            if (SymbolAt(k + 1, u".") && At(k + 2) && IsName(m_t[k + 2]) && SymbolAt(k + 3, u"=") &&
+                (m_t[k - 1].IsWord(u"SET") || m_t[k - 1].IsSymbol(u","))) {
+                Token column = m_t[k + 2];
+                column.leading = m_t[k].leading;
+                rebuilt.push_back(column);
+                k += 2;
+                continue;
+            }
+            rebuilt.push_back(m_t[k]);
+        }
+        if (!joined.empty()) {
+            rebuilt.push_back(Token{TokenKind::Word, QStringLiteral("FROM"), QStringLiteral(" ")});
+            rebuilt.insert(rebuilt.end(), joined.begin(), joined.end());
+        }
+        if (!conditions.empty()) {
+            rebuilt.push_back(Token{TokenKind::Word, QStringLiteral("WHERE"), QStringLiteral(" ")});
+            rebuilt.insert(rebuilt.end(), conditions.begin(), conditions.end());
+        }
+        m_t = std::move(rebuilt);
+    }
+
+    // (condition) joined to those before it by AND.
+    void AppendCondition(Tokens& conditions, size_t first, size_t last) const {
+        if (!conditions.empty())
+            conditions.push_back(
+                Token{TokenKind::Word, QStringLiteral("AND"), QStringLiteral(" ")});
+        conditions.push_back(Raw(QStringLiteral("("), QStringLiteral(" ")));
+        conditions.insert(conditions.end(), m_t.begin() + first, m_t.begin() + last);
+        conditions.push_back(Raw(QStringLiteral(")")));
+    }
+
+    bool IsJoinStart(size_t i) const {
+        for (QStringView word : {u"JOIN", u"INNER", u"LEFT", u"RIGHT", u"FULL", u"CROSS"})
+            if (WordAt(i, word)) return true;
+        return SymbolAt(i, u",");
+    }
+
+    // The first `word` at parenthesis depth 0 from `from` on; the end when there is none.
+    size_t DepthZeroWord(size_t from, QStringView word) const {
+        for (int depth = 0; from < m_t.size(); ++from) {
+            if (m_t[from].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[from].IsSymbol(u")"))
+                --depth;
+            else if (depth == 0 && m_t[from].IsWord(word))
+                return from;
+        }
+        return from;
+    }
+
+    // The table of the FROM clause starting at `from` that `alias` names: "t x", "t AS x", or t
+    // itself.
+    size_t TableOfAlias(size_t from, const QString& alias) const {
+        for (size_t k = from; k < m_t.size(); ++k) {
+            if (!IsName(m_t[k]) || m_t[k].text.compare(alias, Qt::CaseInsensitive) != 0) continue;
+            const size_t before = k > from && m_t[k - 1].IsWord(u"AS") ? k - 1 : k;
+            if (before > from && IsName(m_t[before - 1]) && !IsClauseWord(m_t[before - 1]))
+                return before - 1;
+            return k;
+        }
+        ThrowUnsupported(QStringLiteral("DELETE ") + alias + QStringLiteral(" FROM"));
+    }
+
+    static bool IsClauseWord(const Token& token) {
+        for (QStringView word : {u"FROM", u"JOIN", u"ON", u"WHERE", u"INNER", u"OUTER", u"LEFT",
+                                 u"RIGHT", u"CROSS", u"AND", u"OR"})
+            if (token.IsWord(word)) return true;
+        return false;
+    }
+
+    // Where the possibly qualified name (t, [t], db..t, db.dbo.t) that begins at `name` ends;
+    // `name` itself when there is none.
+    size_t QualifiedNameEnd(size_t name) const {
+        if (!At(name) || !IsName(*At(name))) return name;
+        size_t end = name + 1;
+        while (SymbolAt(end, u".")) {
+            ++end;
+            if (At(end) && IsName(*At(end))) ++end;
+        }
+        return end;
+    }
+
+    // On an engine whose numeric columns keep any number, what an INSERT's VALUES or an
+    // UPDATE's SET list stores in a DECIMAL or MONEY column is rounded to the column's scale
+    // (and held to its precision) by the engine's function.
+    void PrepareStoredDecimals() {
+        const bool insert = WordAt(0, u"INSERT");
+        if (!m_context.tableColumns || (!insert && !WordAt(0, u"UPDATE")) ||
+            m_dialect.ScaledDecimal(QStringLiteral("x"), 1, 0).isEmpty())
+            return;
+        m_target = StoreTarget(insert);
+        if (std::none_of(m_target->columns.begin(), m_target->columns.end(),
+                         [](const TableColumn& c) { return DecimalType(c.type).has_value(); }))
+            return;
+        const std::vector<StoredItem> items = insert ? InsertedItems() : SetItems();
+        for (auto item = items.rbegin(); item != items.rend(); ++item) {
+            const TableColumn* column = FindColumn(m_target->columns, item->column);
+            const auto digits = column ? DecimalType(column->type) : std::nullopt;
+            // DEFAULT stays as written; a blank text is StoredText's.
+            const Token& value = m_t[item->first];
+            const bool single = item->last == item->first + 1;
+            if (!digits ||
+                (single && (value.IsWord(u"DEFAULT") ||
+                            (value.kind == TokenKind::String && value.text.trimmed().isEmpty()))))
+                continue;
+            const QString call =
+                m_dialect.ScaledDecimal(QStringLiteral("\x01"), digits->precision, digits->scale);
+            m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->last),
+                       Raw(call.section(u'\x01', 1)));
+            m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->first),
+                       Raw(call.section(u'\x01', 0, 0), m_t[item->first].leading));
+            m_t[item->first + 1].leading.clear();
+        }
+    }
+
+    // A value stored by an INSERT or UPDATE: tokens [first, last) going into `column`.
+    struct StoredItem {
+        size_t first;
+        size_t last;
+        QString column;
+    };
+
+    // The values of each row of VALUES, with the column each goes into.
+    std::vector<StoredItem> InsertedItems() const {
+        std::vector<StoredItem> items;
+        for (size_t open = DepthZeroWord(0, u"VALUES") + 1; SymbolAt(open, u"("); open += 2) {
+            const size_t close = Close(open);
+            size_t position = 0;
+            for (const auto& [first, last] : Items(open, close, Commas(open, close))) {
+                const QString column =
+                    m_target->listed ? m_target->listed->value(static_cast<qsizetype>(position))
+                    : position < m_target->columns.size() ? m_target->columns[position].name
+                                                          : QString();
+                if (last > first) items.push_back({first, last, column});
+                ++position;
+            }
+            open = close;
+            if (!SymbolAt(open + 1, u",")) break;
+        }
+        return items;
+    }
+
+    // The c = value items of an UPDATE's SET list.
+    std::vector<StoredItem> SetItems() const {
+        std::vector<StoredItem> items;
+        size_t first = DepthZeroWord(0, u"SET") + 1;
+        for (size_t i = first, depth = 0; i <= m_t.size(); ++i) {
+            const bool end = i == m_t.size() ||
+                             (depth == 0 && (m_t[i].IsSymbol(u",") || m_t[i].IsWord(u"WHERE") ||
+                                             m_t[i].IsWord(u"FROM") || m_t[i].IsWord(u"OPTION")));
+            if (end) {
+                if (i > first + 2 && m_t[first + 1].IsSymbol(u"=") && IsName(m_t[first]))
+                    items.push_back({first + 2, i, m_t[first].text});
+                if (i == m_t.size() || !m_t[i].IsSymbol(u",")) break;
+                first = i + 1;
+            } else if (m_t[i].IsSymbol(u"(")) {
+                ++depth;
+            } else if (m_t[i].IsSymbol(u")")) {
+                --depth;
+            }
+        }
+        return items;
+    }
+
     std::vector<std::pair<size_t, size_t>> Items(size_t open, size_t close,
                                                  const std::vector<size_t>& commas) const {
         std::vector<std::pair<size_t, size_t>> items;
@@ -379,6 +680,10 @@ private:
         case TokenKind::String: {
             if (const Token* number = NumberOperandBeside(i)) {
                 out += t.leading + TextAsNumber(t.text, *number);
+                return i + 1;
+            }
+            if (const QString stored = StoredText(i); !stored.isEmpty()) {
+                out += t.leading + stored;
                 return i + 1;
             }
             const QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
@@ -437,9 +742,7 @@ private:
     // differ as on SQL Server.
     bool DropsTrailingBlanks(size_t i) const {
         if (!m_dialect.TrailingBlanksCount()) return false;
-        if (InSetList(i))
-            return SymbolAt(i - 1, u"=") && (!At(i + 1) || SymbolAt(i + 1, u",") ||
-                                             WordAt(i + 1, u"WHERE") || WordAt(i + 1, u"FROM"));
+        if (InSetList(i)) return IsWholeSetValue(i);
         return IsComparison(i - 1) || IsComparison(i + 1) || IsInsertedValue(i);
     }
 
@@ -455,6 +758,133 @@ private:
                 break;
         }
         return open > 0 && open < i && (WordAt(open - 1, u"VALUES") || SymbolAt(open - 1, u","));
+    }
+
+    // A text stored in a column of another type, converted as SQL Server converts it; empty
+    // when the literal is written as it is.
+    QString StoredText(size_t i) {
+        const QString& text = m_t[i].text;
+        const bool blank = text.trimmed().isEmpty();
+        const QString word = text.trimmed().toUpper();
+        const bool truth = word == u"TRUE" || word == u"FALSE";
+        if (!m_context.tableColumns || !(blank || truth || HasDateShape(text))) return {};
+        const std::optional<ColumnKind> kind = StoredColumnKind(i);
+        if (!kind) return {};
+        if (blank) return BlankAs(*kind);
+        // A BIT takes the words TRUE and FALSE.
+        if (truth && *kind == ColumnKind::Bit)
+            return word == u"TRUE" ? QStringLiteral("1") : QStringLiteral("0");
+        // A text of a date's shape that is no date (30/02/2024) is refused as SQL Server does.
+        if (*kind == ColumnKind::Date &&
+            NormalizedDateLiteral(text, m_context.dayMonthYear).isEmpty())
+            return DateWriter().CastLiteral(CallArgument{QuoteString(text), true, text},
+                                            QStringLiteral("DATETIME"));
+        return {};
+    }
+
+    // 'yyyymmdd' or a text with slashes that begins with a digit: what NormalizedDateLiteral
+    // reads when it is a possible date.
+    static bool HasDateShape(const QString& text) {
+        return !text.isEmpty() && text[0].isDigit() &&
+               (text.contains(u'/') || (text.size() >= 8 && text.left(8).toLongLong() > 0));
+    }
+
+    // A blank text is 0 in a number column and the date numbered 0 in a date column; a
+    // DECIMAL has no such reading. Empty: the text stays a text.
+    QString BlankAs(ColumnKind kind) const {
+        switch (kind) {
+        case ColumnKind::Integer:
+        case ColumnKind::Bit:
+        case ColumnKind::Float:
+        case ColumnKind::Money:
+            return QStringLiteral("0");
+        case ColumnKind::Decimal:
+            ThrowStatementError(QStringLiteral("Error converting data type varchar to numeric."),
+                                ado::kNativeNumericConversion, QStringLiteral("22018"));
+        case ColumnKind::Date:
+            return m_dialect.DateLiteral(QuoteString(m_context.jetDates
+                                                         ? QStringLiteral("1899-12-30 00:00:00")
+                                                         : QStringLiteral("1900-01-01 00:00:00")));
+        case ColumnKind::Text:
+        case ColumnKind::Other:
+            break;
+        }
+        return {};
+    }
+
+    // The kind of the column that the literal at `i` is stored in: a whole value of an
+    // INSERT's VALUES or of an UPDATE's SET list. nullopt for any other literal.
+    std::optional<ColumnKind> StoredColumnKind(size_t i) {
+        const bool inserted = IsInsertedValue(i);
+        if (!inserted && !(IsWholeSetValue(i) && i >= 2 && IsName(m_t[i - 2]))) return std::nullopt;
+        // The target's columns are looked up once per statement.
+        if (!m_target) m_target = StoreTarget(inserted);
+        QString column;
+        if (!inserted) {
+            column = m_t[i - 2].text;
+        } else {
+            const size_t position = ValuePosition(i);
+            if (!m_target->listed.has_value()) {
+                if (position >= m_target->columns.size()) return std::nullopt;
+                return m_target->columns[position].kind;
+            }
+            if (position >= static_cast<size_t>(m_target->listed->size())) return std::nullopt;
+            column = m_target->listed->at(static_cast<qsizetype>(position));
+        }
+        const TableColumn* found = FindColumn(m_target->columns, column);
+        return found ? std::optional(found->kind) : std::nullopt;
+    }
+
+    // The table an INSERT or UPDATE stores in, with an INSERT's column list when it has one.
+    struct StoreTargetColumns {
+        TableColumns columns;
+        std::optional<QStringList> listed;
+    };
+
+    StoreTargetColumns StoreTarget(bool insert) const {
+        const size_t name = insert && WordAt(1, u"INTO") ? 2 : 1;
+        const size_t end = QualifiedNameEnd(name);
+        StoreTargetColumns target;
+        if (end == name) return target;
+        target.columns = m_context.tableColumns(
+            TokensToSql(Tokens(m_t.begin() + name, m_t.begin() + end)).trimmed());
+        if (insert && SymbolAt(end, u"(")) target.listed = ColumnList(end);
+        return target;
+    }
+
+    static bool IsName(const Token& token) {
+        return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
+    }
+
+    // The place of the value at `i` in its VALUES row, counting from 0.
+    size_t ValuePosition(size_t i) const {
+        size_t position = 0;
+        for (int depth = 0; i-- > 0;) {
+            if (m_t[i].IsSymbol(u")"))
+                ++depth;
+            else if (m_t[i].IsSymbol(u"(") && depth-- == 0)
+                break;
+            else if (depth == 0 && m_t[i].IsSymbol(u","))
+                ++position;
+        }
+        return position;
+    }
+
+    // The column names of the list in parentheses at `open` (t.c names c).
+    QStringList ColumnList(size_t open) const {
+        QStringList names;
+        const size_t close = Close(open);
+        for (const auto& [first, last] : Items(open, close, Commas(open, close)))
+            names << (last > first ? m_t[last - 1].text : QString());
+        return names;
+    }
+
+    // A whole value of an UPDATE's SET list: c = <literal> followed by a comma, WHERE, FROM or
+    // the end.
+    bool IsWholeSetValue(size_t i) const {
+        return InSetList(i) && SymbolAt(i - 1, u"=") &&
+               (!At(i + 1) || SymbolAt(i + 1, u",") || WordAt(i + 1, u"WHERE") ||
+                WordAt(i + 1, u"FROM"));
     }
 
     bool IsComparison(size_t i) const {
@@ -518,6 +948,7 @@ private:
             QStringLiteral(R"(^\s*[+-]?(\d+\.?\d*|\.\d+)\s*$)"));
         const bool integral = !number.text.contains(u'.') && !number.text.contains(u'e') &&
                               !number.text.contains(u'E');
+        if (integral && text.trimmed().isEmpty()) return QStringLiteral("0");
         if (integral && !integer.match(text).hasMatch())
             ThrowStatementError(QStringLiteral("Conversion failed when converting the varchar "
                                                "value '%1' to data type int.")
@@ -1059,6 +1490,18 @@ private:
                 return close + 1;
             }
         }
+        if (as == cast + 3 && m_t[cast + 2].kind == TokenKind::String &&
+            m_t[cast + 2].text.trimmed().isEmpty()) {
+            // CAST('' AS INT) is 0, CAST('' AS DATETIME) the date numbered 0.
+            const ColumnKind kind = KindOfTsqlType(type);
+            const QString blank = BlankAs(kind);
+            if (!blank.isEmpty()) {
+                const QString engineType =
+                    kind == ColumnKind::Date ? QString() : m_dialect.CastType(type);
+                out += lead + (engineType.isEmpty() ? blank : m_dialect.Cast(blank, type, false));
+                return close + 1;
+            }
+        }
         if (as == cast + 3 && m_t[cast + 2].kind == TokenKind::String) {
             if (const QString date = DateWriter().CastLiteral(ArgumentOf(cast + 2, as), type);
                 !date.isEmpty()) {
@@ -1080,7 +1523,8 @@ private:
     std::optional<std::int64_t> m_identityStart;
     QStringList m_databases;
     static constexpr size_t kNone = static_cast<size_t>(-1);
-    size_t m_plainOperand = kNone; // the operand EmitDateArithmetic is writing
+    size_t m_plainOperand = kNone;              // the operand EmitDateArithmetic is writing
+    std::optional<StoreTargetColumns> m_target; // what StoredColumnKind looked up
 };
 
 bool ValidDateTime(int y, int m, int d, int hh, int mi, int ss) {

@@ -4,6 +4,7 @@
 // LIKE, date literals, DEFAULT in VALUES and SET, table hints, IDENTITY and AUTOINCREMENT columns,
 // @@ variables, ServerProperty, object_id and the SQL Server catalog tables.
 
+#include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlToken.h"
 
 #include <QStringList>
@@ -44,6 +45,9 @@ struct TranslationContext {
     // Whether some column of that name in the current database accepts NULL, so that ordering
     // by it must place the NULLs. Unset: every column may.
     std::function<bool(const QString& column)> mayBeNull;
+    // The columns of a table named as written, so that a text stored in a number or date column
+    // is converted as SQL Server converts it. Unset: texts are stored as written.
+    std::function<TableColumns(const QString& table)> tableColumns;
 };
 
 struct Translation {

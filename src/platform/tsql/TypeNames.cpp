@@ -20,4 +20,17 @@ std::optional<SizedText> SizedTextType(const QString& type) {
                      match.captured(3).isEmpty() ? QStringLiteral("30") : match.captured(3)};
 }
 
+std::optional<DecimalDigits> DecimalType(const QString& type) {
+    static const QRegularExpression decimal(
+        QStringLiteral("^(?:DECIMAL|NUMERIC)\\s*(?:\\(\\s*(\\d+)\\s*(?:,\\s*(\\d+)\\s*)?\\))?$"),
+        QRegularExpression::CaseInsensitiveOption);
+    const QString written = type.trimmed().toUpper();
+    if (written == u"MONEY") return DecimalDigits{19, 4};
+    if (written == u"SMALLMONEY") return DecimalDigits{10, 4};
+    const auto match = decimal.match(written);
+    if (!match.hasMatch()) return std::nullopt;
+    return DecimalDigits{match.captured(1).isEmpty() ? 18 : match.captured(1).toInt(),
+                         match.captured(2).isEmpty() ? 0 : match.captured(2).toInt()};
+}
+
 } // namespace zlx::tsql

@@ -22,4 +22,12 @@ struct SizedText {
 };
 std::optional<SizedText> SizedTextType(const QString& type);
 
+// DECIMAL(p,s), NUMERIC(p,s) (18 digits and scale 0 when not written), MONEY (19,4) and
+// SMALLMONEY (10,4): the digits a value may have and the places it is rounded to.
+struct DecimalDigits {
+    int precision;
+    int scale;
+};
+std::optional<DecimalDigits> DecimalType(const QString& type);
+
 } // namespace zlx::tsql

@@ -7,9 +7,9 @@ SELECT * FROM syscolumns WHERE id = (SELECT id FROM sysobjects WHERE xtype IN ('
 SELECT * FROM syscolumns WHERE id = CAST(CAST(to_regclass('clientes') AS oid) AS integer) AND name='Nombre'
 -- result on SQLite
 rowset
-row Nombre|{any}|231|80
+row Nombre|{any}|231|80|{any}
 end
 -- result on PostgreSQL
 rowset
-row nombre|{any}|167|40
+row nombre|{any}|167|40|{any}
 end

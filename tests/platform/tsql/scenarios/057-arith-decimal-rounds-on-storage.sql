@@ -1,5 +1,4 @@
 -- A DECIMAL(p,s) column rounds the stored value to its scale.
--- gap sqlite: SELECT n FROM t ORDER BY n answers row 1.234 / row 1.235, not row 1.23 / row 1.24
 -- run
 CREATE TABLE t (n DECIMAL(5,2))
 -- run

@@ -1,5 +1,4 @@
 -- A value with more integer digits than its DECIMAL(p,s) is error 8115.
--- gap sqlite: INSERT INTO t VALUES (1234.5) answers count 1, not error 8115
 -- run
 CREATE TABLE t (n DECIMAL(5,2))
 -- run

@@ -1,5 +1,4 @@
 -- CAST to DECIMAL(p,s) rounds to its scale.
--- gap sqlite: SELECT CAST(2.345 AS DECIMAL(5,2)), CAST(2.344 AS DECIMAL... answers row 2.345|2.344, not row 2.35|2.34
 -- run
 SELECT CAST(2.345 AS DECIMAL(5,2)), CAST(2.344 AS DECIMAL(5,2))
 -- expect

@@ -1,5 +1,4 @@
 -- An insert into a bracketed table name reports its identity.
--- gap sqlite: SELECT @@IDENTITY answers row 1, not row 2
 -- run
 CREATE TABLE [mi tabla] (id INT IDENTITY(1,1), [el nombre] VARCHAR(10))
 -- run

@@ -1,6 +1,4 @@
 -- UPDATE ... FROM with a join.
--- gap sqlite: UPDATE t SET n = u.v FROM t JOIN u ON u.id = t.id answers error, not count 1
--- gap postgres: UPDATE t SET n = u.v FROM t JOIN u ON u.id = t.id answers error, not count 1
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

@@ -1,6 +1,4 @@
 -- DELETE alias FROM ... JOIN.
--- gap sqlite: DELETE x FROM t x JOIN u ON u.id = x.id answers error 102, not count 1
--- gap postgres: DELETE x FROM t x JOIN u ON u.id = x.id answers error 102, not count 1
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

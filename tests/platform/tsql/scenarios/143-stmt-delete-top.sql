@@ -1,6 +1,4 @@
 -- DELETE TOP (n) removes n rows.
--- gap sqlite: DELETE TOP (1) FROM t answers error 102, not count 1
--- gap postgres: DELETE TOP (1) FROM t answers error 102, not count 1
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

@@ -1,6 +1,4 @@
 -- UPDATE TOP (n) changes n rows.
--- gap sqlite: UPDATE TOP (2) t SET n = 99 answers error 102, not count 2
--- gap postgres: UPDATE TOP (2) t SET n = 99 answers error 102, not count 2
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

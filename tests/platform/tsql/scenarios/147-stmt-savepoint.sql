@@ -1,6 +1,4 @@
 -- SAVE TRANSACTION and ROLLBACK to the savepoint undo only what followed it.
--- gap sqlite: BEGIN TRAN INSERT INTO t VALUES (1) SAVE TRANSACTION punt... answers error 102, not success
--- gap postgres: BEGIN TRAN INSERT INTO t VALUES (1) SAVE TRANSACTION punt... answers error 102, not success
 -- run
 CREATE TABLE t (n INT)
 -- run

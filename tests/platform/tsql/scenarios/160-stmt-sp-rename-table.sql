@@ -1,6 +1,4 @@
 -- sp_rename renames a table.
--- gap sqlite: EXEC sp_rename 't', 'numeros' answers error 102, not success
--- gap postgres: EXEC sp_rename 't', 'numeros' answers error 102, not success
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

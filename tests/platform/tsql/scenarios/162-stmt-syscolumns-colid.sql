@@ -1,6 +1,4 @@
 -- syscolumns numbers a table's columns in colid.
--- gap sqlite: SELECT colid FROM syscolumns WHERE id = OBJECT_ID('t') AN... answers error 207, not row 2
--- gap postgres: SELECT colid FROM syscolumns WHERE id = OBJECT_ID('t') AN... answers error 207, not row 2
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

@@ -1,0 +1,28 @@
+#pragma once
+// The columns of a table as the translator needs them to store a literal as SQL Server would:
+// their names in order and the kind of their T-SQL type.
+
+#include <QString>
+#include <vector>
+
+namespace zlx::tsql {
+
+// What a column holds, as far as converting a stored text goes.
+enum class ColumnKind { Text, Integer, Bit, Float, Money, Decimal, Date, Other };
+
+struct TableColumn {
+    QString name;
+    QString type; // the T-SQL type, as declared ("DECIMAL(5,2)")
+    ColumnKind kind = ColumnKind::Other;
+};
+
+using TableColumns = std::vector<TableColumn>;
+
+// The kind of a column declared with T-SQL type `type` ("INT", "DECIMAL(5,2)", "nvarchar(40)").
+ColumnKind KindOfTsqlType(const QString& type);
+TableColumn ColumnOfType(const QString& name, const QString& type);
+
+// The column of `columns` named `name` (without regard to case); nullptr when none is.
+const TableColumn* FindColumn(const TableColumns& columns, const QString& name);
+
+} // namespace zlx::tsql

@@ -1,0 +1,65 @@
+// Values stored as SQL Server stores them whatever the engine keeps: a blank text in a number
+// or date column, a DECIMAL rounded to its scale, a duplicate told as a constraint's or an
+// index's.
+#include "SessionFixture.h"
+
+#include <gtest/gtest.h>
+
+using namespace zlx;
+
+namespace {
+
+class StoredValuesTest : public test::SessionFixture {};
+
+} // namespace
+
+ZLX_ON_SERVER_ENGINES(StoredValuesTest);
+
+TEST_P(StoredValuesTest, ABlankTextTakesItsColumnsType) {
+    Exec(QStringLiteral("CREATE TABLE [mis datos] (id INT, cantidad SMALLINT, nota VARCHAR(5), "
+                        "alta DATETIME, precio MONEY)"));
+    Exec(QStringLiteral("INSERT INTO [mis datos] VALUES (1, '', '', '', ''), (2, 4, 'x', "
+                        "'01/02/2024', 1.5)"));
+    Exec(QStringLiteral("INSERT INTO [mis datos] (precio, alta, nota, cantidad, id) VALUES ('  ', "
+                        "'', '  ', '', 3)"));
+    Exec(QStringLiteral("UPDATE [mis datos] SET cantidad = '', precio = '' WHERE id = 2"));
+    EXPECT_EQ(Column(QStringLiteral("SELECT cantidad FROM [mis datos] ORDER BY id")),
+              (QStringList{"0", "0", "0"}));
+    EXPECT_EQ(Column(QStringLiteral("SELECT YEAR(alta) FROM [mis datos] ORDER BY id")),
+              (QStringList{"1900", "2024", "1900"}));
+    // The text column keeps its texts, blank ones included.
+    EXPECT_EQ(Value(QStringLiteral("SELECT COUNT(*) FROM [mis datos] WHERE precio = 0 AND nota "
+                                   "= '' AND LEN(nota) = 0")),
+              QStringLiteral("2"));
+}
+
+TEST_P(StoredValuesTest, ABlankTextIsNoDecimalAndStoresNothing) {
+    Exec(QStringLiteral("CREATE TABLE importes (id INT, total DECIMAL(8,2))"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO importes VALUES (1, '')")), 8114);
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT 2.5 + ''")), 8114);
+    EXPECT_EQ(Value(QStringLiteral("SELECT COUNT(*) FROM importes")), QStringLiteral("0"));
+}
+
+TEST_P(StoredValuesTest, DecimalsRoundHalfAwayFromZeroAndKeepTheirPrecision) {
+    const auto yes = [this](const QString& condition) {
+        return Value(QStringLiteral("SELECT CASE WHEN %1 THEN 'si' ELSE 'no' END").arg(condition));
+    };
+    EXPECT_EQ(yes(QStringLiteral("CAST(9.995 AS DECIMAL(5,2)) = 10")), QStringLiteral("si"));
+    EXPECT_EQ(yes(QStringLiteral("CAST(-0.005 AS DECIMAL(5,2)) = -0.01")), QStringLiteral("si"));
+    EXPECT_EQ(yes(QStringLiteral("CAST('1.005' AS NUMERIC(4,2)) = 1.01")), QStringLiteral("si"));
+    EXPECT_EQ(yes(QStringLiteral("CAST(2.5 AS DECIMAL(3,0)) = 3")), QStringLiteral("si"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT CAST(999.995 AS DECIMAL(5,2))")), 8115);
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT CAST('doce' AS DECIMAL(5,2))")), 8114);
+}
+
+TEST_P(StoredValuesTest, ADuplicateIsTheConstraintsOrTheIndexsAsTheTableIsNow) {
+    Exec(QStringLiteral("CREATE TABLE codigos (c INT, CONSTRAINT uq_codigos UNIQUE (c))"));
+    Exec(QStringLiteral("INSERT INTO codigos VALUES (1)"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO codigos VALUES (1)")), 2627);
+    // The same table made again with a unique index instead of the constraint.
+    Exec(QStringLiteral("DROP TABLE codigos"));
+    Exec(QStringLiteral("CREATE TABLE codigos (c INT)"));
+    Exec(QStringLiteral("CREATE UNIQUE INDEX uq_codigos ON codigos (c)"));
+    Exec(QStringLiteral("INSERT INTO codigos VALUES (1)"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO codigos VALUES (1)")), 2601);
+}
