@@ -5,7 +5,6 @@
 #include <QStringList>
 
 namespace zlx::tsql {
-namespace {
 
 bool IsStarterWord(const Token& token) {
     static const QStringList starters = {
@@ -18,6 +17,8 @@ bool IsStarterWord(const Token& token) {
         QStringLiteral("USE"),      QStringLiteral("SAVE")};
     return token.kind == TokenKind::Word && starters.contains(token.text, Qt::CaseInsensitive);
 }
+
+namespace {
 
 bool Contains(const Tokens& statement, QStringView word) {
     return std::any_of(statement.begin(), statement.end(),
@@ -36,8 +37,9 @@ bool Continues(const Tokens& statement, const Token& word, const Token* next) {
         return first.IsWord(u"INSERT") && !Contains(statement, u"VALUES") &&
                !Contains(statement, u"SELECT") && !Contains(statement, u"DEFAULT");
     }
-    if (previous.IsWord(u"ON") && (word.IsWord(u"DELETE") || word.IsWord(u"UPDATE")))
-        return true; // a foreign key's ON DELETE / ON UPDATE
+    if (previous.IsWord(u"ON") && !first.IsWord(u"SET") &&
+        (word.IsWord(u"DELETE") || word.IsWord(u"UPDATE")))
+        return true; // a foreign key's ON DELETE / ON UPDATE, not SET NOCOUNT ON
     if (previous.IsWord(u"TABLE") || previous.IsWord(u"GRANT"))
         return true; // DROP TABLE IF EXISTS, GRANT SELECT
     if (word.IsWord(u"SET")) {

@@ -13,6 +13,9 @@ namespace zlx::tsql {
 
 std::vector<Tokens> SplitBatch(const Tokens& tokens);
 
+// Whether `token` is a word that begins a statement (SELECT, INSERT, SET, IF, BEGIN ...).
+bool IsStarterWord(const Token& token);
+
 // Whether the statement begins with these words, in order.
 bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words);
 

@@ -3,6 +3,7 @@
 #include "platform/engines/DriverErrors.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/PrintStatement.h"
+#include "platform/tsql/TsqlBatchInterpreter.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/variant/ZlxAssert.h"
@@ -106,6 +107,7 @@ bool TsqlSession::PollConnect() {
 }
 
 void TsqlSession::StartExecute(const QString& batch) {
+    m_cancelled = false; // here, so that a Cancel right after the start is not lost
     m_worker.Start([this, batch](ado::ResultSink& sink) { RunBatch(batch, sink, 0); });
 }
 
@@ -209,13 +211,17 @@ void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeo
     // A cancelled asynchronous batch may still be ending on the worker: the engine's
     // connection is free only after it.
     m_worker.Abandon();
+    m_cancelled = false;
     RunBatch(batch, sink, timeoutSeconds);
 }
 
 // The whole batch is checked before any of it runs: a construct this layer refuses runs
 // nothing (as a batch that does not compile on SQL Server) and leaves a transaction as it was.
 void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
-    const std::vector<Tokens> statements = SplitBatch(Tokenize(batch));
+    const Tokens tokens = Tokenize(batch);
+    if (TsqlBatchInterpreter::Needed(tokens))
+        return TsqlBatchInterpreter(*this, sink, timeoutSeconds).Run(batch, tokens);
+    const std::vector<Tokens> statements = SplitBatch(tokens);
     for (const Tokens& statement : statements)
         Check(statement);
     m_dialect->RefreshCatalog(batch);

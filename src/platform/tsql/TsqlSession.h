@@ -19,6 +19,8 @@
 namespace zlx::tsql {
 
 class TsqlSession : public ado::Driver, private EngineAccess {
+    friend class TsqlBatchInterpreter; // runs a batch's statements through the session
+
 public:
     // `inner` must speak an engine's dialect (not T-SQL itself): see OpenTsqlSession.
     explicit TsqlSession(ado::DriverPtr inner);

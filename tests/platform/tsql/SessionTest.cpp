@@ -236,8 +236,8 @@ TEST_P(SessionTest, BlocksRunWholeAndFailuresLeaveTheSessionUsable) {
     Exec(insertTwo); // the condition is false now: nothing runs
     EXPECT_EQ(Value(count), "2");
 
-    EXPECT_EQ(NativeErrorOf(
-                  QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('Antes') DECLARE @x INT")),
+    EXPECT_EQ(NativeErrorOf(QStringLiteral(
+                  "INSERT INTO clientes (Nombre) VALUES ('Antes') DECLARE @t TABLE (n INT)")),
               102);
     EXPECT_EQ(Value(count), "2");
 

@@ -1,6 +1,4 @@
 -- SET NOCOUNT ON, an UPDATE whose SET is its own, @@ROWCOUNT and SET NOCOUNT OFF in one batch.
--- gap sqlite: SET NOCOUNT ON UPDATE t SET n = n + 1 WHERE n > 0 SELECT ... answers error 102, not row 3
--- gap postgres: SET NOCOUNT ON UPDATE t SET n = n + 1 WHERE n > 0 SELECT ... answers error 102, not row 3
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

@@ -1,6 +1,4 @@
 -- SELECT @v = ... assigns from a query.
--- gap sqlite: DECLARE @m INT SELECT @m = MAX(n) FROM t SELECT @m + 1 answers error 102, not row 8
--- gap postgres: DECLARE @m INT SELECT @m = MAX(n) FROM t SELECT @m + 1 answers error 102, not row 8
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

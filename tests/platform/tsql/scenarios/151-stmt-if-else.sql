@@ -1,6 +1,4 @@
 -- IF ... ELSE runs one branch.
--- gap sqlite: IF EXISTS (SELECT * FROM t WHERE n = 7) SELECT 'si' ELSE ... answers error 102, not row si
--- gap postgres: IF EXISTS (SELECT * FROM t WHERE n = 7) SELECT 'si' ELSE ... answers row si / row no, not row si
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

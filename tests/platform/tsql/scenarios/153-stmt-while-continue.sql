@@ -1,6 +1,4 @@
 -- WHILE with CONTINUE.
--- gap sqlite: DECLARE @i INT, @s INT SELECT @i = 0, @s = 0 WHILE @i < 5... answers error 102, not row 9
--- gap postgres: DECLARE @i INT, @s INT SELECT @i = 0, @s = 0 WHILE @i < 5... answers error 102, not row 9
 -- run
 DECLARE @i INT, @s INT SELECT @i = 0, @s = 0 WHILE @i < 5 BEGIN SET @i = @i + 1 IF @i % 2 = 0 CONTINUE SET @s = @s + @i END SELECT @s
 -- expect

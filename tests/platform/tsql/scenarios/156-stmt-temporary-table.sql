@@ -1,6 +1,4 @@
 -- A #temporary table lives for the session.
--- gap sqlite: CREATE TABLE #tmp (n INT) answers error 102, not success
--- gap postgres: CREATE TABLE #tmp (n INT) answers error 102, not success
 -- run
 CREATE TABLE #tmp (n INT)
 -- run

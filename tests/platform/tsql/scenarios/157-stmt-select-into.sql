@@ -1,5 +1,4 @@
 -- SELECT ... INTO makes a new table with the query's rows.
--- gap sqlite: SELECT id, n INTO copia FROM t WHERE n = 7 answers error 102, not count 2
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

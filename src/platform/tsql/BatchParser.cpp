@@ -1,0 +1,274 @@
+#include "platform/tsql/BatchParser.h"
+
+#include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/TsqlErrors.h"
+
+#include <QStringList>
+
+namespace zlx::tsql {
+namespace {
+
+[[noreturn]] void ThrowNearKeyword(const QString& word) {
+    ThrowStatementError(
+        QStringLiteral("Incorrect syntax near the keyword '%1'.").arg(word.toUpper()), 156);
+}
+
+[[noreturn]] void ThrowSyntaxNear(const QString& text) {
+    ThrowStatementError(QStringLiteral("Incorrect syntax near '%1'.").arg(text),
+                        ado::kNativeSyntax);
+}
+
+bool IsSeparator(const Token& token) {
+    return token.IsSymbol(u";") || (token.kind == TokenKind::Symbol && token.text.isEmpty());
+}
+
+// The words that begin a statement, and so end an IF or WHILE condition.
+bool BeginsStatement(const Token& token) {
+    static const QStringList words = {QStringLiteral("WHILE"),    QStringLiteral("BREAK"),
+                                      QStringLiteral("CONTINUE"), QStringLiteral("RETURN"),
+                                      QStringLiteral("WAITFOR"),  QStringLiteral("RAISERROR"),
+                                      QStringLiteral("GOTO")};
+    return IsStarterWord(token) ||
+           (token.kind == TokenKind::Word && words.contains(token.text, Qt::CaseInsensitive));
+}
+
+class BatchReader {
+public:
+    BatchReader(const Tokens& tokens, TsqlVariables& variables)
+        : m_t(tokens), m_variables(variables) {}
+
+    std::vector<BatchNode> ReadAll() {
+        std::vector<BatchNode> nodes;
+        while (SkipSeparators())
+            Read(nodes, false);
+        return nodes;
+    }
+
+private:
+    const Token* At(size_t i) const { return i < m_t.size() ? &m_t[i] : nullptr; }
+    bool WordAt(size_t i, QStringView word) const { return At(i) && At(i)->IsWord(word); }
+
+    // Moves past ";" and trailing blanks; whether a token is left.
+    bool SkipSeparators() {
+        while (m_pos < m_t.size() && IsSeparator(m_t[m_pos]))
+            ++m_pos;
+        return m_pos < m_t.size();
+    }
+
+    // BEGIN that opens a block, not BEGIN TRAN[SACTION].
+    bool OpensBlock(size_t i) const {
+        if (!WordAt(i, u"BEGIN")) return false;
+        if (WordAt(i + 1, u"TRY") || WordAt(i + 1, u"CATCH"))
+            ThrowUnsupported(QStringLiteral("BEGIN ") + m_t[i + 1].text.toUpper());
+        return !(WordAt(i + 1, u"TRAN") || WordAt(i + 1, u"TRANSACTION") ||
+                 WordAt(i + 1, u"DISTRIBUTED"));
+    }
+
+    // Reads the statement at the current place into `nodes`; a run of plain statements is read
+    // whole unless only `one` statement is wanted (the body of an IF or a WHILE).
+    void Read(std::vector<BatchNode>& nodes, bool one) {
+        const Token& token = m_t[m_pos];
+        if (token.IsWord(u"ELSE") || token.IsWord(u"END")) ThrowNearKeyword(token.text);
+        if (OpensBlock(m_pos))
+            nodes.push_back(ReadBlock());
+        else if (token.IsWord(u"IF"))
+            nodes.push_back(ReadIf());
+        else if (token.IsWord(u"WHILE"))
+            nodes.push_back(ReadWhile());
+        else if (token.IsWord(u"BREAK") || token.IsWord(u"CONTINUE") || token.IsWord(u"RETURN"))
+            nodes.push_back(ReadJump());
+        else
+            ReadPlain(nodes, one);
+    }
+
+    BatchNode ReadBlock() {
+        BatchNode block{BatchNode::Kind::Block, {}, {}};
+        ++m_pos;
+        for (;;) {
+            if (!SkipSeparators()) ThrowSyntaxNear(QStringLiteral("BEGIN"));
+            if (m_t[m_pos].IsWord(u"END")) break;
+            Read(block.children, false);
+        }
+        if (block.children.empty()) ThrowSyntaxNear(QStringLiteral("END"));
+        ++m_pos;
+        return block;
+    }
+
+    BatchNode ReadIf() {
+        BatchNode node{BatchNode::Kind::If, ReadCondition(), {}};
+        node.children.push_back(ReadBody(u"IF"));
+        const size_t after = m_pos;
+        if (SkipSeparators() && m_t[m_pos].IsWord(u"ELSE")) {
+            ++m_pos;
+            node.children.push_back(ReadBody(u"ELSE"));
+        } else {
+            m_pos = after;
+        }
+        return node;
+    }
+
+    BatchNode ReadWhile() {
+        BatchNode node{BatchNode::Kind::While, ReadCondition(), {}};
+        ++m_loops;
+        node.children.push_back(ReadBody(u"WHILE"));
+        --m_loops;
+        return node;
+    }
+
+    BatchNode ReadJump() {
+        const Token& token = m_t[m_pos++];
+        if (token.IsWord(u"RETURN")) {
+            const Token* next = At(m_pos);
+            if (next && !IsSeparator(*next) && !BeginsStatement(*next) && !next->IsWord(u"END") &&
+                !next->IsWord(u"ELSE"))
+                ThrowStatementError(QStringLiteral("A RETURN statement with a return value "
+                                                   "cannot be used in this context."),
+                                    178);
+            return BatchNode{BatchNode::Kind::Return, {}, {}};
+        }
+        const bool isBreak = token.IsWord(u"BREAK");
+        if (m_loops == 0)
+            ThrowStatementError(
+                QStringLiteral("Cannot use a %1 statement outside the scope of a WHILE statement.")
+                    .arg(isBreak ? u"BREAK"_qs : u"CONTINUE"_qs),
+                isBreak ? 135 : 136);
+        return BatchNode{isBreak ? BatchNode::Kind::Break : BatchNode::Kind::Continue, {}, {}};
+    }
+
+    // The condition of the IF or WHILE at the current place: up to the statement it governs.
+    Tokens ReadCondition() {
+        const QString keyword = m_t[m_pos++].text;
+        Tokens condition;
+        int depth = 0;
+        for (; m_pos < m_t.size(); ++m_pos) {
+            const Token& token = m_t[m_pos];
+            if (depth == 0 && (IsSeparator(token) || BeginsStatement(token))) break;
+            if (token.IsSymbol(u"("))
+                ++depth;
+            else if (token.IsSymbol(u")"))
+                --depth;
+            condition.push_back(token);
+        }
+        if (condition.empty()) ThrowNearKeyword(keyword);
+        CheckDeclared(condition);
+        return condition;
+    }
+
+    BatchNode ReadBody(QStringView keyword) {
+        if (!SkipSeparators()) ThrowNearKeyword(keyword.toString());
+        std::vector<BatchNode> body;
+        Read(body, true);
+        return std::move(body.front());
+    }
+
+    // Plain statements up to the next control word, cut as the batch splitter cuts them.
+    void ReadPlain(std::vector<BatchNode>& nodes, bool one) {
+        const size_t stop = PlainEnd();
+        const std::vector<Tokens> statements =
+            SplitBatch(Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(m_pos),
+                              m_t.begin() + static_cast<std::ptrdiff_t>(stop)));
+        for (const Tokens& statement : statements) {
+            m_pos += statement.size();
+            nodes.push_back(StatementNode(statement));
+            if (one) return;
+        }
+    }
+
+    // Where the run of plain statements that starts at the current place ends: a separator, or
+    // a control word outside parentheses and CASE ... END.
+    size_t PlainEnd() const {
+        int depth = 0, cases = 0;
+        for (size_t i = m_pos; i < m_t.size(); ++i) {
+            const Token& token = m_t[i];
+            if (IsSeparator(token)) return i;
+            if (token.IsSymbol(u"("))
+                ++depth;
+            else if (token.IsSymbol(u")"))
+                --depth;
+            else if (token.IsWord(u"CASE"))
+                ++cases;
+            else if (token.IsWord(u"END") && cases > 0)
+                --cases;
+            else if (token.IsWord(u"END") && depth == 0)
+                return i;
+            else if (depth == 0 && cases == 0 && i != m_pos && IsControlWord(i))
+                return i;
+        }
+        return m_t.size();
+    }
+
+    bool IsControlWord(size_t i) const {
+        const Token& token = m_t[i];
+        if (token.IsWord(u"IF")) // DROP TABLE IF EXISTS
+            return !(WordAt(i - 1, u"TABLE") || WordAt(i - 1, u"INDEX") || WordAt(i - 1, u"VIEW"));
+        return token.IsWord(u"ELSE") || token.IsWord(u"WHILE") || token.IsWord(u"BREAK") ||
+               token.IsWord(u"CONTINUE") || token.IsWord(u"RETURN") || OpensBlock(i);
+    }
+
+    BatchNode StatementNode(const Tokens& statement) {
+        if (statement.front().IsWord(u"DECLARE")) return Declaration(statement);
+        CheckDeclared(statement);
+        return BatchNode{BatchNode::Kind::Statement, statement, {}};
+    }
+
+    // DECLARE @a type [= value] [, @b type [= value]]...
+    BatchNode Declaration(const Tokens& statement) {
+        BatchNode block{BatchNode::Kind::Block, {}, {}};
+        size_t i = 1;
+        for (;;) {
+            if (i >= statement.size() || statement[i].kind != TokenKind::Variable)
+                ThrowNearKeyword(QStringLiteral("DECLARE"));
+            const Token& name = statement[i++];
+            if (i < statement.size() && statement[i].IsWord(u"AS")) ++i;
+            if (i < statement.size() &&
+                (statement[i].IsWord(u"CURSOR") || statement[i].IsWord(u"TABLE")))
+                ThrowUnsupported(QStringLiteral("DECLARE %1 %2").arg(name.text, statement[i].text));
+            size_t end = i;
+            const VariableType type = VariableType::Read(statement, i, end);
+            i = end;
+            if (i < statement.size() && statement[i].IsSymbol(u"=")) {
+                const size_t value = ++i;
+                for (int depth = 0; i < statement.size(); ++i) {
+                    if (statement[i].IsSymbol(u"("))
+                        ++depth;
+                    else if (statement[i].IsSymbol(u")"))
+                        --depth;
+                    else if (depth == 0 && statement[i].IsSymbol(u","))
+                        break;
+                }
+                Tokens assignment{Token{TokenKind::Word, QStringLiteral("SET"), {}}, name,
+                                  Token{TokenKind::Symbol, QStringLiteral("="), {}}};
+                assignment.insert(assignment.end(), statement.begin() + value,
+                                  statement.begin() + i);
+                if (value == i) ThrowSyntaxNear(QStringLiteral("="));
+                CheckDeclared(Tokens(statement.begin() + value, statement.begin() + i));
+                block.children.push_back({BatchNode::Kind::Statement, assignment, {}});
+            }
+            m_variables.Declare(name.text, type);
+            if (i == statement.size()) break;
+            if (!statement[i].IsSymbol(u",")) ThrowSyntaxNear(statement[i].text);
+            ++i;
+        }
+        return block;
+    }
+
+    void CheckDeclared(const Tokens& tokens) const {
+        for (const Token& token : tokens)
+            if (token.kind == TokenKind::Variable) m_variables.TypeOf(token.text);
+    }
+
+    const Tokens& m_t;
+    TsqlVariables& m_variables;
+    size_t m_pos = 0;
+    int m_loops = 0;
+};
+
+} // namespace
+
+ParsedBatch ParseBatch(const Tokens& tokens) {
+    ParsedBatch batch;
+    batch.statements = BatchReader(tokens, batch.variables).ReadAll();
+    return batch;
+}
+
+} // namespace zlx::tsql

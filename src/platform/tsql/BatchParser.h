@@ -1,0 +1,31 @@
+#pragma once
+// Reads a T-SQL batch that declares variables or steers its own flow (DECLARE, BEGIN ... END,
+// IF ... ELSE, WHILE with BREAK and CONTINUE, RETURN) into a tree whose leaves are the
+// statements a session runs one at a time. What SQL Server refuses when it compiles a batch
+// is refused here, before anything runs: a variable not declared before its use (137), one
+// declared twice (134), BREAK or CONTINUE outside a WHILE (135, 136), an ELSE or END out of
+// place (156).
+
+#include "platform/tsql/TsqlToken.h"
+#include "platform/tsql/TsqlVariables.h"
+
+#include <vector>
+
+namespace zlx::tsql {
+
+struct BatchNode {
+    enum class Kind { Statement, Block, If, While, Break, Continue, Return };
+    Kind kind = Kind::Statement;
+    Tokens tokens;                   // the statement; IF and WHILE: the condition
+    std::vector<BatchNode> children; // a block's statements; IF: then [, else]; WHILE: the body
+};
+
+struct ParsedBatch {
+    std::vector<BatchNode> statements;
+    TsqlVariables variables; // every variable of the batch, NULL
+};
+
+// A DECLARE becomes a block of "SET @v = value" statements, one per variable given a value.
+ParsedBatch ParseBatch(const Tokens& tokens);
+
+} // namespace zlx::tsql
