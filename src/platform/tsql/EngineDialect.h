@@ -139,6 +139,12 @@ public:
         (void)value, (void)precision, (void)scale;
         return {};
     }
+    // What follows ORDER BY so that the first `count` rows come with those tied with the
+    // last (TOP n WITH TIES); empty: not supported.
+    virtual QString FirstRowsWithTies(const QString& count) const {
+        (void)count;
+        return {};
+    }
     // The hidden column that picks one row of a table (SQLite's rowid).
     virtual QString RowLocator() const = 0;
     // CAST(value AS engineType), an integer type: the fraction dropped, not rounded.

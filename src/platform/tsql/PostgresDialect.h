@@ -32,6 +32,9 @@ public:
     bool KeepsTypeLength(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString RowLocator() const override { return QStringLiteral("ctid"); }
+    QString FirstRowsWithTies(const QString& count) const override {
+        return QStringLiteral(" FETCH FIRST %1 ROWS WITH TIES").arg(count);
+    }
     bool TrailingBlanksCount() const override { return true; }
     QString CaseInsensitiveCollation() const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;

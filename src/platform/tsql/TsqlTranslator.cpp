@@ -1275,10 +1275,33 @@ private:
         } else {
             ThrowStatementError(QStringLiteral("Incorrect syntax near 'TOP'."), ado::kNativeSyntax);
         }
-        if (WordAt(next, u"PERCENT")) ThrowUnsupported(QStringLiteral("TOP ... PERCENT"));
-        limits.emplace(ScopeEnd(select, end), QStringLiteral(" LIMIT ") + n);
+        const size_t scopeEnd = ScopeEnd(select, end);
+        QString limit = QStringLiteral(" LIMIT ") + n;
+        if (WordAt(next, u"PERCENT")) {
+            limit = QStringLiteral(" LIMIT ") + PercentCount(select, scopeEnd, n);
+            ++next;
+        }
+        if (WordAt(next, u"WITH") && WordAt(next + 1, u"TIES")) {
+            limit = WordAt(next - 1, u"PERCENT") ? QString() : m_dialect.FirstRowsWithTies(n);
+            if (limit.isEmpty()) ThrowUnsupported(QStringLiteral("TOP ... WITH TIES"));
+            next += 2;
+        }
+        limits.emplace(scopeEnd, limit);
         out += m_t[select].leading + m_t[select].text;
         return next;
+    }
+
+    // TOP n PERCENT: that share of the rows that the SELECT finds, rounded up, counted by a
+    // subquery over its FROM and WHERE.
+    QString PercentCount(size_t select, size_t scopeEnd, const QString& percent) {
+        bool whole = false;
+        percent.toInt(&whole);
+        const size_t from = DepthZeroWord(select + 1, u"FROM");
+        const size_t order = std::min(DepthZeroWord(from, u"ORDER"), scopeEnd);
+        if (!whole || from >= scopeEnd || DepthZeroWord(from, u"GROUP") < scopeEnd)
+            ThrowUnsupported(QStringLiteral("TOP ") + percent + QStringLiteral(" PERCENT"));
+        return QStringLiteral("(SELECT (count(*) * %1 + 99) / 100 ").arg(percent) +
+               Range(from, order).trimmed() + u')';
     }
 
     // Where the SELECT at `select` ends: the ")" closing its parenthesis, or the end.

@@ -124,7 +124,8 @@ TEST(TsqlTranslator, DateLiteralsAreNormalisedOnlyWhenValid) {
 
 TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
     for (const char* sql :
-         {"SELECT TOP 10 PERCENT * FROM t", "SELECT @local", "SELECT DATEPART(fortnight, f) FROM t",
+         {"SELECT TOP 3 WITH TIES * FROM t ORDER BY a", "SELECT @local",
+          "SELECT TOP 10 PERCENT * FROM t GROUP BY a", "SELECT DATEPART(fortnight, f) FROM t",
           "CREATE TABLE t (id INT IDENTITY(5,2))", "SELECT @@SPID"}) {
         const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
         try {

@@ -1,6 +1,4 @@
 -- TOP n PERCENT answers that share of the rows, rounded up.
--- gap sqlite: SELECT TOP 50 PERCENT id FROM t ORDER BY id answers error 102, not row 1 / row 2
--- gap postgres: SELECT TOP 50 PERCENT id FROM t ORDER BY id answers error 102, not row 1 / row 2
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run

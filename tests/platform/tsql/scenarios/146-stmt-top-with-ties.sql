@@ -1,6 +1,5 @@
 -- TOP n WITH TIES adds the rows tied with the last one.
--- gap sqlite: SELECT TOP 3 WITH TIES n FROM t ORDER BY n answers error 102, not row 0 / row 5 / row 7 / row 7
--- gap postgres: SELECT TOP 3 WITH TIES n FROM t ORDER BY n answers error 102, not row 0 / row 5 / row 7 / row 7
+-- gap sqlite: SELECT TOP 3 WITH TIES n FROM t ORDER BY n is refused (error 102): the engine has no WITH TIES
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run
