@@ -3,7 +3,9 @@
 # matrix, 10,000 single-row Execute calls in mode 2) and prints the library's overhead as
 # ratios (library time / bare time), with the goal of each and the peak resident memory of
 # the library's process and of the bare one (each side runs in a process of its own).
-# Starts its own PostgreSQL cluster on 127.0.0.1.
+# Starts its own PostgreSQL cluster on 127.0.0.1. ZLX_CONEXION_CASES, a regular expression over
+# the case names (Insert_SQLite, Insert_PostgreSQL, Lookups_SQLite, Lookups_PostgreSQL), runs
+# only those: the SQLite Insert takes minutes on a busy disk.
 # Usage: bench/run_conexion.sh [build folder]   (default: build-bench, configured Release)
 set -euo pipefail
 root=$(cd "$(dirname "$0")/.." && pwd)
@@ -12,8 +14,9 @@ out=$(mktemp -d)
 trap 'rm -rf "$out"' EXIT
 for side in Library Bare; do
     "$root/bench/run-with-postgres.sh" "$build" conexion_bench "${ZLX_BENCH_PG_PORT:-55470}" \
-        "$out/$side.json" --benchmark_filter="BM_${side}_"
+        "$out/$side.json" --benchmark_filter="BM_${side}_(${ZLX_CONEXION_CASES:-.*})"
 done
+uptime
 
 /usr/bin/python3 - "$out" <<'PY'
 import json, sys
@@ -27,6 +30,8 @@ goals = {("Insert", "PostgreSQL"): 1.5, ("Lookups", "SQLite"): 1.3}
 print(f"{'work':<10}{'engine':<12}{'cConexion ms':>14}{'bare ms':>10}{'ratio':>8}{'goal':>7}")
 for work in ["Insert", "Lookups"]:
     for engine in ["SQLite", "PostgreSQL"]:
+        if f"BM_Library_{work}_{engine}" not in times:
+            continue
         lib, bare = times[f"BM_Library_{work}_{engine}"], times[f"BM_Bare_{work}_{engine}"]
         goal = goals.get((work, engine))
         goal = f"{goal:.1f}" if goal else "-"

@@ -4,6 +4,7 @@
 #include "connection/StatementText.h"
 #include "connection/cConexion.h"
 #include "frame/LibraryState.h"
+#include "platform/ado/FirstValueSink.h"
 #include "platform/companion/cMatriz.h"
 #include "platform/engines/ErrorKinds.h"
 
@@ -20,10 +21,6 @@ Variant FirstFieldOrZero(const ado::RecordsetPtr& rs) {
     if (!rs || rs->State() != ado::adStateOpen || rs->GetFields().Count() == 0 || rs->IsEOF())
         return Variant(0);
     return rs->CurrentValue(0);
-}
-
-const Variant& FirstCell(const Variant& rows) {
-    return rows.ToArray()->Data().front();
 }
 
 // The failing statement as the message shows it: native code and the text wrapped.
@@ -58,10 +55,12 @@ Variant cConexion::RunMultiSelect(ado::RecordsetPtr rs, std::int32_t nColsMultiS
     return Variant(matrix);
 }
 
-// Mode 2. A statement that returns no rows at all is told apart from a failure.
+// Mode 2. A statement that returns no rows at all is told apart from a failure. The value is
+// what a recordset on the batch would show first, taken without building the recordset.
 Variant cConexion::FirstValue(const QString& cSQL, const Variant& xDefault, bool lHideError) {
-    const ado::RecordsetPtr rs = RunQuery(cSQL);
-    if (!rs || rs->State() != ado::adStateOpen) {
+    ado::FirstValueSink first;
+    Main().ExecuteInto(cSQL, first, ado::adCmdText);
+    if (!first.Opened()) {
         if (!lHideError)
             ShowConexionError(zlxConexionError_ExecuteFailed, {},
                               QStringLiteral("Error en el método 'Execute'.") + kCr +
@@ -69,9 +68,8 @@ Variant cConexion::FirstValue(const QString& cSQL, const Variant& xDefault, bool
                                   QStringLiteral("Instrucción SQL=") + kCr + cSQL);
         return xDefault;
     }
-    if (rs->IsEOF()) return xDefault;
-    const Variant first = FirstCell(rs->GetRows(1));
-    return first.IsNull() ? xDefault : first;
+    if (!first.HasRow() || first.Value().IsNull()) return xDefault;
+    return first.Value();
 }
 
 Variant cConexion::RunStatement(const QString& cSQL, int nTipoRet, const Variant& xDefault,

@@ -78,14 +78,18 @@ Variant Piece(const Variant& value, std::int32_t from, std::int32_t length) {
 
 } // namespace
 
-Field::Field(Recordset& owner, int index, FieldDefinition definition)
-    : m_owner(owner), m_index(index), m_def(std::move(definition)) {
-    CompleteFixedSize(m_def);
-    if (m_def.attributes == adFldUnspecified) {
-        m_def.attributes = adFldUpdatable | adFldIsNullable | adFldMayBeNull;
-        if (IsFixedSize(m_def.type)) m_def.attributes |= adFldFixed;
+FieldDefinition Field::Completed(FieldDefinition definition) {
+    CompleteFixedSize(definition);
+    if (definition.attributes == adFldUnspecified) {
+        definition.attributes = adFldUpdatable | adFldIsNullable | adFldMayBeNull;
+        if (IsFixedSize(definition.type)) definition.attributes |= adFldFixed;
     }
-    if (m_def.keyColumn) m_def.attributes |= adFldKeyColumn;
+    if (definition.keyColumn) definition.attributes |= adFldKeyColumn;
+    return definition;
+}
+
+Field::Field(Recordset& owner, int index, FieldDefinition definition)
+    : m_owner(owner), m_index(index), m_def(Completed(std::move(definition))) {
     m_properties.Add(QStringLiteral("Optimize"), Variant(false),
                      [this](const Variant& v) { m_owner.SetFieldOptimized(m_index, v.ToBool()); });
     m_properties.Add(QStringLiteral("BASECOLUMNNAME"), Variant(m_def.baseColumn));

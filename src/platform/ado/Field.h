@@ -3,8 +3,8 @@
 // properties ("Optimize" builds an index used by Find and Filter) and the value it holds on
 // the recordset's current record.
 
-#include "platform/engines/AdoConstants.h"
 #include "platform/ado/Properties.h"
+#include "platform/engines/AdoConstants.h"
 #include "platform/variant/Variant.h"
 
 #include <QString>
@@ -33,6 +33,9 @@ struct FieldDefinition {
 class Field {
 public:
     Field(Recordset& owner, int index, FieldDefinition definition);
+    // The definition as a field keeps it: the sizes of the fixed-size types and the default
+    // attributes filled in.
+    static FieldDefinition Completed(FieldDefinition definition);
     Field(const Field&) = delete;
     Field& operator=(const Field&) = delete;
 

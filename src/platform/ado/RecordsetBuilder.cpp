@@ -17,25 +17,28 @@ Recordset& RecordsetBuilder::NextTarget() {
     return *next;
 }
 
+FieldDefinition RecordsetBuilder::DefinitionOf(const ColumnInfo& c) {
+    FieldDefinition def;
+    def.name = c.name;
+    def.type = c.type;
+    def.definedSize = c.definedSize;
+    def.precision = c.precision;
+    def.numericScale = c.numericScale;
+    def.attributes = c.attributes == 0 ? adFldUnspecified : c.attributes;
+    def.baseTable = c.baseTable;
+    def.baseColumn = c.baseColumn;
+    def.keyColumn = c.keyColumn;
+    def.baseTableId = c.baseTableId;
+    def.baseColumnNumber = c.baseColumnNumber;
+    def.autoIncrement = c.autoIncrement;
+    return def;
+}
+
 void RecordsetBuilder::BeginRowset(const std::vector<ColumnInfo>& columns) {
     Recordset& target = NextTarget();
     target.GetFields().Clear();
-    for (const ColumnInfo& c : columns) {
-        FieldDefinition def;
-        def.name = c.name;
-        def.type = c.type;
-        def.definedSize = c.definedSize;
-        def.precision = c.precision;
-        def.numericScale = c.numericScale;
-        def.attributes = c.attributes == 0 ? adFldUnspecified : c.attributes;
-        def.baseTable = c.baseTable;
-        def.baseColumn = c.baseColumn;
-        def.keyColumn = c.keyColumn;
-        def.baseTableId = c.baseTableId;
-        def.baseColumnNumber = c.baseColumnNumber;
-        def.autoIncrement = c.autoIncrement;
-        target.GetFields().Define(def);
-    }
+    for (const ColumnInfo& c : columns)
+        target.GetFields().Define(DefinitionOf(c));
     target.PrepareColumns();
     target.SetStateBits(adStateOpen | adStateFetching);
     m_current = &target;

@@ -3,6 +3,7 @@
 // target, each further one into a recordset queued for NextRecordset. Emits FetchProgress
 // every 1,000 rows, honours MaxRecords and stops at Cancel keeping the rows fetched so far.
 
+#include "platform/ado/Field.h"
 #include "platform/engines/Driver.h"
 
 #include <cstdint>
@@ -17,6 +18,9 @@ public:
     static constexpr std::int64_t kProgressEvery = 1000;
 
     explicit RecordsetBuilder(Recordset& target);
+
+    // The field a driver's column becomes.
+    static FieldDefinition DefinitionOf(const ColumnInfo& column);
 
     void BeginRowset(const std::vector<ColumnInfo>& columns) override;
     bool Row(std::vector<Variant>& values) override;

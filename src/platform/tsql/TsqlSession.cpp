@@ -117,6 +117,7 @@ bool TsqlSession::PollExecute(ado::ResultSink& sink) {
 
 void TsqlSession::UseDatabase(const QString& database) {
     m_worker.Abandon();
+    m_translations.DefinitionsChanged();
     m_inner->UseDatabase(database);
     m_dialect->DatabaseChanged();
     m_identityColumns.clear();
@@ -253,7 +254,7 @@ bool TsqlSession::Pipelined(std::size_t index, const Tokens& statement, ado::Res
     QString identityColumn;
     try {
         CheckIdentityWrite(statement);
-        translation = TsqlTranslator(Context()).Translate(statement);
+        translation = RunTranslation(statement);
         if (statement.front().IsWord(u"INSERT")) {
             const size_t name = statement.size() > 1 && statement[1].IsWord(u"INTO") ? 2 : 1;
             identityColumn = IdentityColumn(EngineObjectName(QualifiedNameAt(statement, name)));
@@ -335,7 +336,7 @@ void TsqlSession::Check(const Tokens& statement) {
     }
     RefuseUnsupported(statement);
     for (QStringView word : {u"SELECT", u"INSERT", u"UPDATE", u"DELETE"}) {
-        if (statement.front().IsWord(word)) TsqlTranslator(CheckingContext()).Translate(statement);
+        if (statement.front().IsWord(word)) CheckTranslation(statement);
     }
 }
 
@@ -358,6 +359,23 @@ TranslationContext TsqlSession::CheckingContext() {
     return context;
 }
 
+TranslationCache::Settings TsqlSession::TranslationSettings() const {
+    return {m_dateFormat == u"dmy", m_dateFirst, SpanishNames()};
+}
+
+// The check asks the session's context, but not the questions that only running may ask
+// (TranslationCache::Check leaves those out).
+void TsqlSession::CheckTranslation(const Tokens& statement) {
+    const QString key = TranslationCache::KeyOf(statement, TranslationSettings());
+    if (!m_translations.Find(key)) m_translations.Check(key, statement, Context());
+}
+
+Translation TsqlSession::RunTranslation(const Tokens& statement) {
+    const Translation* kept =
+        m_translations.Find(TranslationCache::KeyOf(statement, TranslationSettings()));
+    return kept ? *kept : TsqlTranslator(Context()).Translate(statement);
+}
+
 void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {
     if (const auto block = BlockBody(statement)) {
         for (const Tokens& inner : SplitBatch(*block))
@@ -367,6 +385,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
     // Statements that may change a table's columns forget the identity columns known so far.
     for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"}) {
         if (statement.front().IsWord(word)) {
+            m_translations.DefinitionsChanged();
             m_identityColumns.clear();
             m_engineNames.clear();
             m_textColumns.clear();
@@ -707,7 +726,7 @@ void TsqlSession::CheckIdentityWrite(const Tokens& statement) {
 void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
                                 int timeoutSeconds) {
     CheckIdentityWrite(statement);
-    const Translation translation = TsqlTranslator(Context()).Translate(statement);
+    const Translation translation = RunTranslation(statement);
     if (m_tranCount > 0) {
         for (const QString& table : translation.exclusiveTables)
             Run(m_dialect->ExclusiveLockSql(table));

@@ -9,6 +9,7 @@
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/Savepoints.h"
 #include "platform/tsql/StatementPipeline.h"
+#include "platform/tsql/TranslationCache.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/tsql/TsqlTranslator.h"
 
@@ -87,6 +88,10 @@ private:
     void Check(const Tokens& statement);
     static void RefuseUnsupported(const Tokens& statement);
     TranslationContext CheckingContext();
+    // A statement is translated once when it can be: at the check, kept for the run.
+    TranslationCache::Settings TranslationSettings() const;
+    void CheckTranslation(const Tokens& statement);
+    Translation RunTranslation(const Tokens& statement);
 
     void AbortTransactionAfter(const ado::AdoError& error);
     void RunWaitFor(const Tokens& statement, int timeoutSeconds);
@@ -118,6 +123,7 @@ private:
     ado::DriverPtr m_inner;
     std::unique_ptr<EngineDialect> m_dialect;
     std::unique_ptr<StatementPipeline> m_pipeline; // PostgreSQL only
+    TranslationCache m_translations;
     ado::ConnectParams m_params;
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};
