@@ -204,8 +204,10 @@ bool cDBF::ReadRecord(std::uint32_t row) {
 // the same fields again and again, usually with the very same strings.
 const DbfField* cDBF::FindField(const QString& name) const {
     for (const auto& [known, field] : m_foundFields) {
-        if ((known.constData() == name.constData() && known.size() == name.size()) || known == name)
-            return field;
+        if (known.constData() == name.constData() && known.size() == name.size()) return field;
+    }
+    for (const auto& [known, field] : m_foundFields) {
+        if (known == name) return field;
     }
     const DbfField* field = m_table.FindField(name);
     if (field && m_foundFields.size() < kFoundFieldsKept) m_foundFields.emplace_back(name, field);

@@ -53,6 +53,46 @@ Variant ColumnValue(const Variant& value, std::int32_t type) {
     return value;
 }
 
+// A DBF field being loaded into its column.
+struct LoadedField {
+    const DbfField* field;
+    std::int32_t type;
+    ado::ColumnStore* column;
+    QString text; // the field's text buffer, reused record after record
+    DbfFieldCodec::PlainValue plain;
+    bool isPlain = false; // `plain` holds this record's value
+};
+
+// The field's value in the record as a Variant, as its column takes it.
+Variant VariantOf(const DbfTable& dbf, const char* record, LoadedField& field, QString& problem) {
+    return ColumnValue(dbf.ValueReusing(*field.field, record, problem, field.text), field.type);
+}
+
+// Appends the plain value read into the column, as storing its Variant would; false when
+// the column takes it only through the Variant.
+bool AppendPlain(LoadedField& loaded) {
+    using Kind = DbfFieldCodec::PlainValue::Kind;
+    const DbfFieldCodec::PlainValue& value = loaded.plain;
+    ado::ColumnStore& column = *loaded.column;
+    switch (value.kind) {
+    case Kind::Null:
+        column.AppendNull();
+        return true;
+    case Kind::Integer:
+        return column.AppendInteger(value.integer);
+    case Kind::Logical:
+        return loaded.type == zlxTblColumnTypeI1 && column.AppendInteger(value.integer);
+    case Kind::Currency:
+        return column.AppendCurrency(value.integer);
+    case Kind::Double:
+    case Kind::Date:
+        return column.AppendReal(value.real);
+    case Kind::Text:
+        return column.AppendText(value.text);
+    }
+    return false;
+}
+
 // The DBF field a column is written to; no type letter when the column has none (memo,
 // image, or a text column without a size).
 struct DbfShape {
@@ -139,11 +179,7 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
     }
     try {
         m_lastError = zlxDatosError_None;
-        struct Loaded {
-            const DbfField* field;
-            std::int32_t type;
-        };
-        std::vector<Loaded> loaded;
+        std::vector<LoadedField> loaded;
         BeginDefineColumns();
         for (const DbfField& field : dbf.Layout().fields) {
             const DbfColumn column = ColumnForDbfField(dbf.Layout(), field);
@@ -151,31 +187,53 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
             AddColumn(dbf.CodePage().Decode(field.name.constData(),
                                             static_cast<std::size_t>(field.name.size())),
                       column.type, column.size);
-            loaded.push_back({&field, column.type});
+            loaded.push_back({&field, column.type, nullptr, {}, {}});
         }
         EndDefineColumns();
+        m_rs->BeginLoading(dbf.RecordCount());
+        for (std::size_t c = 0; c < loaded.size(); ++c)
+            loaded[c].column = &m_rs->LoadingColumn(static_cast<int>(c));
         std::vector<char> record(dbf.RecordLength());
-        std::vector<Variant> values(loaded.size());
-        std::vector<QString> texts(loaded.size()); // each field's text buffer, reused
+        std::vector<Variant> values(loaded.size()); // the values read only as Variants
+        // The record is added with the fields read before the unreadable one.
+        const auto failRecord = [&](std::size_t failed, const QString& problem) {
+            m_rs->AddNew();
+            for (std::size_t done = 0; done < failed; ++done) {
+                QString ignored;
+                m_rs->SetCurrentValue(static_cast<int>(done),
+                                      VariantOf(dbf, record.data(), loaded[done], ignored));
+            }
+            return FailDbfLoad(m_lastError, problem);
+        };
         for (std::uint32_t r = 1; r <= dbf.RecordCount(); ++r) {
             if (!dbf.ReadRecord(r, record.data()))
                 return FailDbfLoad(m_lastError, DbfTexts::kRecordReadFailed);
             ++m_tally;
+            // The whole record is read before any of it is stored: a field that cannot be
+            // read (a memo) leaves the record being added with the fields before it.
             for (std::size_t c = 0; c < loaded.size(); ++c) {
+                LoadedField& field = loaded[c];
+                field.isPlain =
+                    dbf.PlainValue(*field.field, record.data(), field.text, field.plain);
+                if (field.isPlain) continue;
                 QString problem;
-                values[c] = Variant(); // lets the text buffer be reused
-                values[c] = ColumnValue(
-                    dbf.ValueReusing(*loaded[c].field, record.data(), problem, texts[c]),
-                    loaded[c].type);
-                if (!problem.isEmpty()) {
-                    // The record is added with the fields read before the unreadable one.
-                    m_rs->AddNew();
-                    for (std::size_t done = 0; done < c; ++done)
-                        m_rs->SetCurrentValue(static_cast<int>(done), values[done]);
-                    return FailDbfLoad(m_lastError, problem);
-                }
+                values[c] = VariantOf(dbf, record.data(), field, problem);
+                if (!problem.isEmpty()) return failRecord(c, problem);
             }
-            m_rs->AddNewRecord(values);
+            try {
+                for (std::size_t c = 0; c < loaded.size(); ++c) {
+                    LoadedField& field = loaded[c];
+                    if (field.isPlain && AppendPlain(field)) continue;
+                    QString ignored; // a plain value is never a memo's
+                    if (field.isPlain) values[c] = VariantOf(dbf, record.data(), field, ignored);
+                    field.column->Append(values[c]);
+                    values[c] = Variant(); // lets the text buffer be reused
+                }
+            } catch (...) {
+                m_rs->EndLoadedRecord(); // the record keeps the fields stored before
+                throw;
+            }
+            m_rs->EndLoadedRecord();
         }
         dbf.Close();
         const std::int32_t result = FinishLoad(static_cast<std::int32_t>(loaded.size()));

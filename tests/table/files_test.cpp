@@ -134,9 +134,9 @@ TEST(TableFiles, DbfTablesOtherProgramsWriteLoadWithTheirValues) {
     cDatos table;
     ASSERT_EQ(table.LoadFile_DBF(WriteShape(ForeignShapeNamed("visualfoxpro"))), 1);
     const std::vector<std::pair<QString, std::int32_t>> expected = {
-        {"NAME", zlxTblColumnTypeChar},     {"QTY", zlxTblColumnTypeI4},
+        {"NAME", zlxTblColumnTypeChar},      {"QTY", zlxTblColumnTypeI4},
         {"PRICE", zlxTblColumnTypeCurrency}, {"STAMP", zlxTblColumnTypeDateTime},
-        {"RATIO", zlxTblColumnTypeDouble},  {"NOTE", zlxTblColumnTypeChar},
+        {"RATIO", zlxTblColumnTypeDouble},   {"NOTE", zlxTblColumnTypeChar},
         {"DISC", zlxTblColumnTypeCurrency}};
     ASSERT_EQ(table.FieldCount(), 7);
     for (int c = 0; c < 7; ++c) {
@@ -164,6 +164,77 @@ TEST(TableFiles, DbfTablesOtherProgramsWriteLoadWithTheirValues) {
     ASSERT_EQ(mixed.LoadFile_DBF(WriteShape(ForeignShapeNamed("lowercase"))), 1);
     EXPECT_EQ(mixed.ColumnInfo(1).cName, "Amount");
     EXPECT_EQ(mixed.DataCell("Amount", 1).ToCurrency().scaled, 125000);
+}
+
+// Each cell holds what the file reader reads from the same field, in the column's type:
+// plain numbers, dates and texts, and the values only the general reading takes (exponents,
+// decimals in a whole-number field, impossible dates, wide numbers), row after row.
+TEST(TableFiles, DbfLoadHoldsWhatTheFileReaderReads) {
+    HandTable shape;
+    shape.fields = {{"NAME", 'C', 6},  {"QTY", 'N', 8},       {"PRICE", 'N', 10, 2},
+                    {"WIDE", 'N', 16}, {"RATIO", 'N', 12, 6}, {"BORN", 'D', 8},
+                    {"OK", 'L', 1}};
+    const std::vector<QByteArray> odd = {"Ana   "
+                                         "    12.5"
+                                         "     1.5E2"
+                                         "1234567890123456"
+                                         "   0.5000000"
+                                         "20230229"
+                                         "?",
+                                         "      "
+                                         "        "
+                                         "          "
+                                         "                "
+                                         "            "
+                                         "        "
+                                         " ",
+                                         "\xd1u    "
+                                         "-0000007"
+                                         "    -0.01 "
+                                         "    -12345678901"
+                                         "  -3.1415926"
+                                         "19000228"
+                                         "t"};
+    for (int i = 0; i < 300; ++i)
+        shape.records.push_back(i % 100 < 3
+                                    ? odd[i % 100]
+                                    : QStringLiteral("C%1").arg(i, -5).toLatin1() +
+                                          QByteArray::number(i * 7).rightJustified(8) +
+                                          QByteArray::number(i * 0.25, 'f', 2).rightJustified(10) +
+                                          QByteArray::number(i).rightJustified(16) +
+                                          QByteArray::number(i / 8.0, 'f', 6).rightJustified(12) +
+                                          QStringLiteral("2024%1%2")
+                                              .arg(1 + i % 12, 2, 10, QLatin1Char('0'))
+                                              .arg(1 + i % 28, 2, 10, QLatin1Char('0'))
+                                              .toLatin1() +
+                                          (i % 2 ? "T" : "F"));
+    const QString path = TestScratchPath("mixed.dbf");
+    WriteAll(path, BuildTable(shape));
+    cDatos table;
+    ASSERT_EQ(table.LoadFile_DBF(path), 1);
+    ASSERT_EQ(table.RecCount(), 300);
+    cDBF dbf;
+    dbf.ShowErrors(false);
+    ASSERT_TRUE(dbf.OpenRaw(path));
+    for (std::int32_t row = 1; row <= 300; ++row) {
+        dbf.CurrentRow(row);
+        for (const HandField& field : shape.fields) {
+            const Variant read = dbf.Field(field.name);
+            const Variant cell = table.DataCell(field.name, row);
+            const std::string where = std::string(field.name) + " " + std::to_string(row);
+            ASSERT_EQ(cell.IsNull(), read.IsNull()) << where;
+            if (read.IsNull()) continue;
+            if (field.type == 'L') {
+                EXPECT_EQ(cell.ToLong(), read.ToBool() ? 1 : 0) << where;
+            } else {
+                EXPECT_EQ(cell.Compare(read), 0) << where << " " << cell.ToString().toStdString();
+            }
+        }
+    }
+    EXPECT_EQ(table.DataCell("QTY", 1).ToLong(), 12);
+    EXPECT_EQ(table.DataCell("PRICE", 1).ToCurrency().scaled, 1500000);
+    EXPECT_TRUE(table.DataCell("BORN", 1).IsNull());
+    EXPECT_EQ(table.DataCell("NAME", 3).ToString(), QString::fromUtf8("Ñu    "));
 }
 
 TEST(TableFiles, DbfFilesThatCannotBeReadRightFailWithTheirMessage) {

@@ -33,6 +33,36 @@ std::int64_t CheckedRange(std::int64_t v, std::int64_t low, std::int64_t high) {
     return v;
 }
 
+// Whether an integer type holds `v` as it is (Set's conversion would refuse it otherwise).
+bool HoldsInteger(DataTypeEnum type, std::int64_t v) {
+    switch (type) {
+    case adBoolean:
+        return false; // a flag keeps VB's True, not the number
+    case adUnsignedTinyInt:
+        return v >= 0 && v <= 255;
+    case adTinyInt:
+        return v >= -128 && v <= 127;
+    case adSmallInt:
+        return v >= std::numeric_limits<std::int16_t>::min() &&
+               v <= std::numeric_limits<std::int16_t>::max();
+    case adInteger:
+        return v >= std::numeric_limits<std::int32_t>::min() &&
+               v <= std::numeric_limits<std::int32_t>::max();
+    case adUnsignedSmallInt:
+        return v >= 0 && v <= 65535;
+    case adUnsignedInt:
+        return v >= 0 && v <= std::numeric_limits<std::uint32_t>::max();
+    default:
+        return true;
+    }
+}
+
+// |v| for v >= 0, |v| - 1 below: the bits that bound a value's magnitude.
+std::uint64_t MagnitudeBits(std::int64_t v) {
+    const auto bits = static_cast<std::uint64_t>(v);
+    return bits ^ (0 - (bits >> 63));
+}
+
 } // namespace
 
 ColumnStore::ColumnStore(DataTypeEnum type, std::int32_t definedSize, bool isLong,
@@ -117,8 +147,7 @@ void ColumnStore::AppendDefault() {
         m_others.emplace_back();
         break;
     }
-    if (!m_null.empty()) m_null.push_back(0);
-    ++m_size;
+    EndAppend();
 }
 
 void ColumnStore::AppendNull() {
@@ -127,14 +156,7 @@ void ColumnStore::AppendNull() {
 }
 
 void ColumnStore::Append(const Variant& value) {
-    // A text that fits goes straight in: the common case of a fetched text column.
-    if (const QString* text = value.Get<QString>();
-        text && m_kind == Kind::Text && (m_maxChars == 0 || text->size() <= m_maxChars)) {
-        m_texts.Append(*text);
-        if (!m_null.empty()) m_null.push_back(0);
-        ++m_size;
-        return;
-    }
+    if (AppendDirect(value)) return;
     AppendDefault();
     try {
         Set(m_size - 1, value);
@@ -144,9 +166,84 @@ void ColumnStore::Append(const Variant& value) {
     }
 }
 
+void ColumnStore::EndAppend() {
+    if (!m_null.empty()) m_null.push_back(0);
+    ++m_size;
+}
+
+// The values fetched most often go in without the general conversion: a text that fits, and
+// numbers, flags and dates already of the column's kind.
+bool ColumnStore::AppendDirect(const Variant& value) {
+    switch (m_kind) {
+    case Kind::Text: {
+        const QString* text = value.Get<QString>();
+        if (!text || (m_maxChars > 0 && text->size() > m_maxChars)) return false;
+        m_texts.Append(*text);
+        EndAppend();
+        return true;
+    }
+    case Kind::Integer:
+        if (const auto* flag = value.Get<bool>(); flag && m_type == adBoolean) {
+            m_ints.push_back(*flag ? -1 : 0); // VB's True
+            EndAppend();
+            return true;
+        }
+        if (const auto* v = value.Get<std::int32_t>()) return AppendInteger(*v);
+        if (const auto* v = value.Get<std::int16_t>()) return AppendInteger(*v);
+        return false;
+    case Kind::Currency: {
+        const auto* v = value.Get<Currency>();
+        return v && AppendCurrency(v->scaled);
+    }
+    case Kind::Real:
+        if (const auto* v = value.Get<Date>()) return AppendReal(v->value);
+        if (const auto* v = value.Get<double>()) return AppendReal(*v);
+        return false;
+    case Kind::Decimal:
+        if (!value.Get<Decimal>() && !value.Get<Currency>()) return false;
+        AppendDefault();
+        StoreDecimal(m_size - 1, value.ToDecimal());
+        return true;
+    case Kind::Other:
+        return false;
+    }
+    return false;
+}
+
+bool ColumnStore::AppendInteger(std::int64_t value) {
+    if (m_kind != Kind::Integer || !HoldsInteger(m_type, value)) return false;
+    m_ints.push_back(value);
+    EndAppend();
+    return true;
+}
+
+bool ColumnStore::AppendCurrency(std::int64_t scaled) {
+    if (m_kind != Kind::Currency) return false;
+    m_ints.push_back(scaled);
+    m_magnitudes |= MagnitudeBits(scaled);
+    EndAppend();
+    return true;
+}
+
+bool ColumnStore::AppendReal(double value) {
+    if (m_kind != Kind::Real || m_type == adSingle) return false;
+    m_reals.push_back(value);
+    EndAppend();
+    return true;
+}
+
+bool ColumnStore::AppendText(QStringView text) {
+    if (m_kind != Kind::Text || (m_maxChars > 0 && text.size() > m_maxChars)) return false;
+    m_texts.Append(text);
+    EndAppend();
+    return true;
+}
+
 void ColumnStore::Clear() {
     m_size = 0;
     m_null.clear();
+    m_nullCount = 0;
+    m_magnitudes = 0;
     m_ints.clear();
     m_reals.clear();
     m_scales.clear();
@@ -157,11 +254,16 @@ void ColumnStore::Clear() {
 
 void ColumnStore::SetNull(std::size_t row, bool null) {
     if (null && m_null.empty()) m_null.assign(m_size, 0);
-    if (!m_null.empty()) m_null[row] = null ? 1 : 0;
+    if (m_null.empty() || m_null[row] == (null ? 1 : 0)) return;
+    m_null[row] = null ? 1 : 0;
+    if (null)
+        ++m_nullCount;
+    else
+        --m_nullCount;
 }
 
 bool ColumnStore::HasNoNulls() const {
-    return std::none_of(m_null.begin(), m_null.end(), [](std::uint8_t n) { return n != 0; });
+    return m_nullCount == 0;
 }
 
 void ColumnStore::Set(std::size_t row, const Variant& value) {
@@ -209,6 +311,7 @@ void ColumnStore::StoreConverted(std::size_t row, const Variant& value) {
         }
     case Kind::Currency:
         m_ints[row] = value.ToCurrency().scaled;
+        m_magnitudes |= MagnitudeBits(m_ints[row]);
         return;
     case Kind::Real:
         if (m_type == adSingle)
@@ -326,28 +429,17 @@ bool ColumnStore::CurrencyAt(std::size_t row, Currency& value) const {
     return true;
 }
 
-// True when no partial sum of the rows' currency values can leave 64 bits, whatever their
-// order: every magnitude below 2^b and fewer than 2^n rows, with b + n at most 63.
-bool ColumnStore::AddsUpWithoutOverflow(const std::vector<std::uint32_t>& rows) const {
-    std::uint64_t magnitudes = 0;
-    const auto add = [&magnitudes](std::int64_t v) {
-        const auto bits = static_cast<std::uint64_t>(v);
-        magnitudes |= bits ^ (0 - (bits >> 63)); // |v| for v >= 0, |v| - 1 below
-    };
-    if (rows.size() == m_size) {
-        for (std::int64_t v : m_ints)
-            add(v);
-    } else {
-        for (std::uint32_t row : rows)
-            add(m_ints[row]);
-    }
-    const int valueBits = 64 - std::countl_zero(magnitudes);
-    const int countBits = 64 - std::countl_zero(static_cast<std::uint64_t>(rows.size()));
+// True when no partial sum of `count` currency values of the column can leave 64 bits,
+// whatever their order: every magnitude ever stored below 2^b and fewer than 2^n rows, with
+// b + n at most 63.
+bool ColumnStore::AddsUpWithoutOverflow(std::size_t count) const {
+    const int valueBits = 64 - std::countl_zero(m_magnitudes);
+    const int countBits = 64 - std::countl_zero(static_cast<std::uint64_t>(count));
     return valueBits + countBits <= 63;
 }
 
 bool ColumnStore::CurrencyTotal(const std::vector<std::uint32_t>& rows, Currency& total) const {
-    if (m_kind == Kind::Currency && HasNoNulls() && AddsUpWithoutOverflow(rows)) {
+    if (m_kind == Kind::Currency && HasNoNulls() && AddsUpWithoutOverflow(rows.size())) {
         // No partial sum overflows, so the order does not matter: all rows (a view holds each
         // row once) are added up in store order.
         std::uint64_t sum = 0;

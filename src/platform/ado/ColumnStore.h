@@ -33,6 +33,14 @@ public:
     void AppendNull();
     // Appends a row holding `value`, converted as Set does; on an error the row is left null.
     void Append(const Variant& value);
+    // Loaders' appends of a value already of the column's kind, stored as Set stores the
+    // matching Variant (an integer as Long, currency's scaled value, a date's or a double's
+    // value, a text within the defined size); each answers false, appending nothing, when the
+    // column is of another kind.
+    bool AppendInteger(std::int64_t value);
+    bool AppendCurrency(std::int64_t scaled);
+    bool AppendReal(double value);
+    bool AppendText(QStringView text);
     void Clear();
     // Converts `value` to the column's type; throws AdoError 3421 (wrong type) or 0x80040E21
     // (text longer than the defined size). Empty and Null store a null.
@@ -44,6 +52,8 @@ public:
 
     // Fast access for the numeric kinds (currency, decimals and dates as their double value).
     double NumberAt(std::size_t row) const;
+    // The stored integer of the integer and currency kinds (currency scaled by 10,000).
+    std::int64_t IntegerAt(std::size_t row) const { return m_ints[row]; }
     // The value as Currency, as CCur of Get(row) gives it, for the number kinds (not Boolean);
     // false for the others. Throws VariantError 94 for a Null, 6 on overflow.
     bool CurrencyAt(std::size_t row, Currency& value) const;
@@ -56,17 +66,23 @@ public:
 
 private:
     void StoreConverted(std::size_t row, const Variant& value);
+    bool AppendDirect(const Variant& value);
+    void EndAppend();
     void AppendDefault();
     void SetNull(std::size_t row, bool null);
     void StoreDecimal(std::size_t row, const Decimal& value);
     Decimal DecimalAt(std::size_t row) const;
-    bool AddsUpWithoutOverflow(const std::vector<std::uint32_t>& rows) const;
+    bool AddsUpWithoutOverflow(std::size_t count) const;
 
     DataTypeEnum m_type;
     Kind m_kind;
     std::int32_t m_maxChars; // 0: unlimited
     std::size_t m_size = 0;
-    std::vector<std::uint8_t> m_null;    // empty while no row is null
+    std::vector<std::uint8_t> m_null; // empty while no row is null
+    std::size_t m_nullCount = 0;
+    // The magnitudes of every currency value ever stored, OR-ed together: a bound that tells a
+    // total it cannot overflow without reading the values.
+    std::uint64_t m_magnitudes = 0;
     std::vector<std::int64_t> m_ints;    // integers; currency scaled by 10,000; decimal mantissas
     std::vector<double> m_reals;         // reals, dates, and the decimals' values
     std::vector<std::uint8_t> m_scales;  // decimals: the scale, or kWideDecimal

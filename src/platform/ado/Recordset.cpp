@@ -11,6 +11,7 @@
 #include <QHash>
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
 #include <limits>
 #include <numeric>
@@ -172,7 +173,9 @@ void RanksOfManyValues(const FoldedTexts& folded, const RankedTexts& texts,
         const std::string_view text = folded.At(r);
         items.push_back({bytesFrom(text, 0), bytesFrom(text, 8), static_cast<std::uint32_t>(r)});
     }
-    std::sort(items.begin(), items.end(), [&](const Item& a, const Item& b) {
+    // A merge sort: the rows of a loaded column often come in patterns that push a quicksort
+    // into its slow fallback.
+    std::stable_sort(items.begin(), items.end(), [&](const Item& a, const Item& b) {
         if (!a.SamePrefix(b)) return a.PrefixBefore(b);
         return folded.At(a.row) < folded.At(b.row);
     });
@@ -245,6 +248,109 @@ void OrderOnFlatKeys(const std::vector<FlatKey>& keys, std::vector<std::uint32_t
     });
     for (std::size_t i = 0; i < entries.size(); ++i)
         order[i] = entries[i].row;
+}
+
+// A sort key read as exact integers that order the rows as its doubles do: an integer or
+// currency column whose values lie within 2^40 of zero (there every stored value has a
+// double of its own), or a text column's ranks. Each row's code runs from 0 (Null) up to
+// Range(), a descending key counting down instead.
+class IntegerKey {
+public:
+    static constexpr std::int64_t kLargest = std::int64_t{1} << 40;
+
+    explicit IntegerKey(const FlatKey& key) : m_column(*key.column), m_descending(key.descending) {}
+
+    // Whether the key can be read so: false for other kinds and for larger values.
+    bool Readable() {
+        if (m_column.GetKind() == ColumnStore::Kind::Text) return true;
+        const bool integral = m_column.GetKind() == ColumnStore::Kind::Integer ||
+                              m_column.GetKind() == ColumnStore::Kind::Currency;
+        if (!integral) return false;
+        bool any = false;
+        for (std::size_t row = 0; row < m_column.Size(); ++row) {
+            if (m_column.IsNull(row)) continue;
+            const std::int64_t v = m_column.IntegerAt(row);
+            if (v < -kLargest || v > kLargest) return false;
+            m_low = any ? std::min(m_low, v) : v;
+            m_high = any ? std::max(m_high, v) : v;
+            any = true;
+        }
+        return true;
+    }
+    // The bits the codes need at most, before the ranks of a text are known.
+    int MostBits() const {
+        const std::size_t values = m_column.GetKind() == ColumnStore::Kind::Text
+                                       ? m_column.Size()
+                                       : static_cast<std::size_t>(m_high - m_low) + 1;
+        return std::bit_width(static_cast<std::uint64_t>(values) + 1);
+    }
+    // Ranks a text key; the codes are known from here on.
+    void Prepare() {
+        if (m_column.GetKind() != ColumnStore::Kind::Text) return;
+        m_ranks.emplace(m_column);
+        m_low = 0;
+        m_high = 0;
+        for (std::size_t row = 0; row < m_column.Size(); ++row)
+            m_high = std::max<std::int64_t>(m_high, m_ranks->Of(row));
+    }
+    std::uint64_t Range() const { return static_cast<std::uint64_t>(m_high - m_low) + 1; }
+    std::uint64_t Code(std::size_t row) const {
+        if (m_column.IsNull(row)) return m_descending ? Range() : 0;
+        const std::int64_t v = m_ranks ? m_ranks->Of(row) : m_column.IntegerAt(row);
+        const std::uint64_t up = static_cast<std::uint64_t>(v - m_low) + 1;
+        return m_descending ? Range() - up : up;
+    }
+
+private:
+    const ColumnStore& m_column;
+    bool m_descending;
+    std::optional<TextRanks> m_ranks;
+    std::int64_t m_low = 0;
+    std::int64_t m_high = 0;
+};
+
+// Sorts the rows (`order` holding every row) on their keys packed into one 64-bit number, the
+// first key highest, by a stable radix sort from the row order, so that records with equal keys
+// keep their order as with the flat keys. False, having done nothing, when the keys do not
+// all read as integers or need more than 64 bits together.
+bool OrderOnPackedKeys(const std::vector<FlatKey>& flat, std::vector<std::uint32_t>& order) {
+    std::vector<IntegerKey> keys(flat.begin(), flat.end());
+    int bits = 0;
+    for (IntegerKey& key : keys) {
+        if (!key.Readable()) return false;
+        bits += key.MostBits();
+    }
+    if (bits > 64) return false;
+    std::vector<std::uint64_t> packed(order.size(), 0);
+    bits = 0;
+    for (IntegerKey& key : keys) {
+        key.Prepare();
+        const int width = std::bit_width(key.Range());
+        bits += width;
+        for (std::size_t row = 0; row < packed.size(); ++row)
+            packed[row] = (packed[row] << width) | key.Code(row);
+    }
+    std::iota(order.begin(), order.end(), 0u);
+    constexpr int kDigitBits = 11;
+    constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
+    std::vector<std::uint64_t> nextPacked(packed.size());
+    std::vector<std::uint32_t> nextOrder(order.size());
+    for (int shift = 0; shift < bits; shift += kDigitBits) {
+        std::vector<std::size_t> start(kDigits + 1, 0);
+        for (std::uint64_t key : packed)
+            ++start[((key >> shift) & (kDigits - 1)) + 1];
+        if (std::count(start.begin(), start.end(), 0) == static_cast<std::ptrdiff_t>(kDigits))
+            continue; // every record has the same digit here
+        std::partial_sum(start.begin(), start.end(), start.begin());
+        for (std::size_t i = 0; i < packed.size(); ++i) {
+            const std::size_t at = start[(packed[i] >> shift) & (kDigits - 1)]++;
+            nextPacked[at] = packed[i];
+            nextOrder[at] = order[i];
+        }
+        packed.swap(nextPacked);
+        order.swap(nextOrder);
+    }
+    return true;
 }
 
 } // namespace
@@ -517,6 +623,7 @@ void Recordset::SortByFlatKeys(const std::vector<SortKey>& keys) {
     std::vector<FlatKey> flat;
     for (const SortKey& key : keys)
         flat.push_back({&m_columns[key.field], key.descending});
+    if (OrderOnPackedKeys(flat, m_order)) return;
     switch (flat.size()) {
     case 1:
         OrderOnFlatKeys<1>(flat, m_order);
@@ -975,7 +1082,12 @@ void Recordset::AddNew() {
     if (m_lockType == adLockReadOnly && m_link) RaiseAdoError(adErrFeatureNotAvailable);
     FlushEdit();
     std::vector<Variant> none;
-    const std::size_t physical = AppendRow(none);
+    AddedAsNew(AppendRow(none));
+    m_editMode = adEditAdd;
+}
+
+// A row just appended becomes a new record, the last of the view and the current one.
+void Recordset::AddedAsNew(std::size_t physical) {
     m_status[physical] = adRecNew;
     for (auto& index : m_indexes) {
         if (index) index->Invalidate();
@@ -985,21 +1097,33 @@ void Recordset::AddNew() {
     m_positionsValid = false;
     m_pos = static_cast<long long>(m_view.size()) - 1;
     m_onDeleted = false;
-    m_editMode = adEditAdd;
 }
 
-void Recordset::AddNewRecord(const std::vector<Variant>& values) {
-    AddNew();
-    if (!values.empty()) m_fields.Item(static_cast<int>(values.size()) - 1);
-    if (WritesBack()) {
-        for (std::size_t i = 0; i < values.size(); ++i)
-            SetCurrentValue(static_cast<int>(i), values[i]);
-    } else {
-        const std::size_t physical = CurrentPhysical();
-        for (std::size_t i = 0; i < values.size(); ++i)
-            WriteCell(physical, static_cast<int>(i), values[i]);
+void Recordset::BeginLoading(std::size_t records) {
+    RequireOpen();
+    if (m_lockType == adLockReadOnly && m_link) RaiseAdoError(adErrFeatureNotAvailable);
+    FlushEdit();
+    if (WritesBack()) RaiseAdoError(adErrFeatureNotAvailable);
+    const std::size_t rows = m_status.size() + records;
+    for (ColumnStore& column : m_columns)
+        column.Reserve(rows);
+    m_status.reserve(rows);
+    m_order.reserve(rows);
+    m_view.reserve(m_view.size() + records);
+}
+
+ColumnStore& Recordset::LoadingColumn(int field) {
+    m_fields.Item(field); // 3265 for a bad number
+    return m_columns[field];
+}
+
+void Recordset::EndLoadedRecord() {
+    const std::size_t physical = m_status.size();
+    for (ColumnStore& column : m_columns) {
+        if (column.Size() == physical) column.AppendNull();
     }
-    Update();
+    m_status.push_back(adRecNew);
+    AddedAsNew(physical);
 }
 
 std::vector<int> Recordset::FieldListIndexes(const Variant& fieldList) const {

@@ -103,10 +103,13 @@ public:
     // Editing
     void AddNew();
     void AddNew(const Variant& fieldList, const Variant& values);
-    // AddNew, the first values.size() fields set and Update, for loaders: on a recordset that
-    // keeps its changes to itself each value goes once, converted, straight into its column.
-    // A refused value leaves the new record being added, as SetCurrentValue does.
-    void AddNewRecord(const std::vector<Variant>& values);
+    // For loaders that fill the columns themselves (a DBF file into a table), on a recordset
+    // that keeps its changes to itself: after BeginLoading, each record appends one value to
+    // the LoadingColumn of each field (a field given none is Null), then EndLoadedRecord adds
+    // it as AddNew and Update would, leaving it current. `records`: how many are coming.
+    void BeginLoading(std::size_t records);
+    ColumnStore& LoadingColumn(int field);
+    void EndLoadedRecord();
     void Update();
     void Update(const Variant& fieldList, const Variant& values);
     void CancelUpdate();
@@ -191,6 +194,7 @@ private:
     ColumnStore& ProbeOf(int field);
     void RememberOriginal(std::size_t physical);
     void MarkChanged(std::size_t physical);
+    void AddedAsNew(std::size_t physical);
     void WriteCell(std::size_t physical, int field, const Variant& value);
     std::vector<int> FieldListIndexes(const Variant& fieldList) const;
     std::vector<Variant> ValueList(const Variant& values, std::size_t count) const;

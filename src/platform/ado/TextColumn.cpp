@@ -29,7 +29,18 @@ void TextColumn::Clear() {
 
 void TextColumn::Append(const QString& text) {
     if (HasDictionary()) {
-        const std::uint32_t code = CodeOf(text);
+        const std::uint32_t code = CodeOf(text, &text);
+        if (HasDictionary()) {
+            m_codes.push_back(code);
+            return;
+        }
+    }
+    AppendToBuffer(text);
+}
+
+void TextColumn::Append(QStringView text) {
+    if (HasDictionary()) {
+        const std::uint32_t code = CodeOf(text, nullptr);
         if (HasDictionary()) {
             m_codes.push_back(code);
             return;
@@ -40,7 +51,7 @@ void TextColumn::Append(const QString& text) {
 
 void TextColumn::Set(std::size_t row, const QString& text) {
     if (HasDictionary()) {
-        const std::uint32_t code = CodeOf(text);
+        const std::uint32_t code = CodeOf(text, &text);
         if (HasDictionary()) {
             m_codes[row] = code;
             return;
@@ -61,16 +72,17 @@ QString TextColumn::Get(std::size_t row) const {
 
 // The value's number, added when new; a value past the most kept moves the column to the
 // buffer layout (and the caller then stores the text there).
-std::uint32_t TextColumn::CodeOf(const QString& text) {
-    const auto found = m_codeOf.constFind(text);
+std::uint32_t TextColumn::CodeOf(QStringView text, const QString* shared) {
+    // A QString over the caller's characters, for the lookup only: nothing is copied.
+    const auto found = m_codeOf.constFind(QString::fromRawData(text.data(), text.size()));
     if (found != m_codeOf.constEnd()) return *found;
     if (m_values.size() == kMostValues) {
         MoveToBuffer();
         return 0;
     }
     const auto code = static_cast<std::uint32_t>(m_values.size());
-    m_values.push_back(text);
-    m_codeOf.insert(text, code);
+    m_values.push_back(shared ? *shared : text.toString());
+    m_codeOf.insert(m_values.back(), code);
     return code;
 }
 
@@ -78,7 +90,9 @@ void TextColumn::MoveToBuffer() {
     std::size_t chars = 0;
     for (std::uint32_t code : m_codes)
         chars += static_cast<std::size_t>(m_values[code].size());
-    m_chars.reserve(chars + chars / 2);
+    // Room for the rows reserved at the length of the texts so far, or half as many again.
+    const std::size_t rows = std::max<std::size_t>(m_codes.size(), 1);
+    m_chars.reserve(std::max(chars + chars / 2, chars * m_codes.capacity() / rows));
     m_starts.reserve(m_codes.capacity());
     m_lengths.reserve(m_codes.capacity());
     m_layout = Layout::Buffer;

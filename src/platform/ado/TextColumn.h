@@ -25,6 +25,8 @@ public:
     void Reserve(std::size_t rows);
     void Clear();
     void Append(const QString& text);
+    // As Append, the text copied only when the column keeps it as a new value.
+    void Append(QStringView text);
     void Set(std::size_t row, const QString& text);
     // Valid until the column next changes.
     QStringView At(std::size_t row) const;
@@ -37,7 +39,8 @@ public:
     std::uint32_t CodeAt(std::size_t row) const { return m_codes[row]; }
 
 private:
-    std::uint32_t CodeOf(const QString& text);
+    // `shared`: the same text as a QString the table of values can share, when there is one.
+    std::uint32_t CodeOf(QStringView text, const QString* shared);
     void MoveToBuffer();
     void AppendToBuffer(QStringView text);
     void WriteToBuffer(std::size_t row, QStringView text);

@@ -67,17 +67,41 @@ constexpr std::int64_t kPowersOfTen[] = {1, 10, 100, 1000, 10000};
 constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
                                         1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
 
-Variant DecodeNumber(const char* bytes, std::size_t length, std::size_t decimals) {
+// A plain decimal text read into the kind its field's shape gives it: currency for one to
+// four decimals and for whole numbers of 10 to 14 characters, a Long below 10 characters, a
+// double past four decimals. False when the text or its shape needs the general reading.
+bool PlainNumber(const char* bytes, std::size_t length, std::size_t decimals, PlainValue& value) {
     const std::optional<FixedNumber> fixed = ParseFixed(bytes, length);
+    if (!fixed) return false;
+    const bool currency = decimals >= 1 && decimals <= 4;
+    if ((currency || (decimals == 0 && length >= 10 && length <= 14)) && fixed->scale <= 4) {
+        value.kind = PlainValue::Kind::Currency;
+        value.integer = fixed->digits * kPowersOfTen[4 - fixed->scale];
+    } else if (decimals == 0 && length < 10 && fixed->scale == 0) {
+        value.kind = PlainValue::Kind::Integer;
+        value.integer = static_cast<std::int32_t>(fixed->digits);
+    } else if (decimals > 4 && std::llabs(fixed->digits) < (std::int64_t{1} << 53)) {
+        value.kind = PlainValue::Kind::Double;
+        value.real = static_cast<double>(fixed->digits) / kExactPowersOfTen[fixed->scale];
+    } else {
+        return false;
+    }
+    return true;
+}
+
+Variant DecodeNumber(const char* bytes, std::size_t length, std::size_t decimals) {
     const bool currency = decimals >= 1 && decimals <= 4;
     try {
-        if (fixed && (currency || (decimals == 0 && length >= 10 && length <= 14)) &&
-            fixed->scale <= 4)
-            return Currency{fixed->digits * kPowersOfTen[4 - fixed->scale]};
-        if (fixed && decimals == 0 && length < 10 && fixed->scale == 0)
-            return static_cast<std::int32_t>(fixed->digits);
-        if (fixed && decimals > 4 && std::llabs(fixed->digits) < (std::int64_t{1} << 53))
-            return static_cast<double>(fixed->digits) / kExactPowersOfTen[fixed->scale];
+        if (PlainValue plain; PlainNumber(bytes, length, decimals, plain)) {
+            switch (plain.kind) {
+            case PlainValue::Kind::Currency:
+                return Currency{plain.integer};
+            case PlainValue::Kind::Integer:
+                return static_cast<std::int32_t>(plain.integer);
+            default:
+                return plain.real;
+            }
+        }
         const double value = GeneralValue(bytes, length);
         if (decimals > 4) return value;
         if (currency || (length >= 10 && length <= 14)) return Currency::FromDouble(value);
@@ -104,12 +128,39 @@ bool IsCalendarDate(int year, int month, int day) {
     return day <= kDaysInMonth[month - 1] + (month == 2 && leap ? 1 : 0);
 }
 
+// The days from 1899-12-30 (day 0 of the dates) to a calendar date of the Gregorian
+// calendar, counted back before 1582 as well, as MakeDate counts them.
+std::int64_t DayNumber(int year, int month, int day) {
+    const std::int64_t y = year - (month <= 2 ? 1 : 0);
+    const std::int64_t era = (y >= 0 ? y : y - 399) / 400;
+    const std::int64_t yearOfEra = y - era * 400;
+    const std::int64_t dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
+    const std::int64_t dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
+    constexpr std::int64_t kDayZero = 693899; // 1899-12-30, in days from 0000-03-01
+    return era * 146097 + dayOfEra - kDayZero;
+}
+
+// Nothing for a blank or impossible date.
+std::optional<Date> DateOf(const char* bytes, std::size_t length) {
+    if (length < 8) return std::nullopt;
+    int digits[8];
+    bool plain = true;
+    for (int i = 0; i < 8; ++i) {
+        digits[i] = bytes[i] - '0';
+        plain = plain && digits[i] >= 0 && digits[i] <= 9;
+    }
+    // Eight digits, as nearly every date is written, are read as they stand.
+    const int year = plain ? ((digits[0] * 10 + digits[1]) * 10 + digits[2]) * 10 + digits[3]
+                           : DigitsValue(bytes, 4);
+    const int month = plain ? digits[4] * 10 + digits[5] : DigitsValue(bytes + 4, 2);
+    const int day = plain ? digits[6] * 10 + digits[7] : DigitsValue(bytes + 6, 2);
+    if (!IsCalendarDate(year, month, day)) return std::nullopt;
+    return Date{static_cast<double>(DayNumber(year, month, day))};
+}
+
 Variant DecodeDate(const char* bytes, std::size_t length) {
-    if (length < 8) return Variant::Null();
-    const int year = DigitsValue(bytes, 4), month = DigitsValue(bytes + 4, 2),
-              day = DigitsValue(bytes + 6, 2);
-    if (!IsCalendarDate(year, month, day)) return Variant::Null();
-    return MakeDate(year, month, day);
+    const std::optional<Date> date = DateOf(bytes, length);
+    return date ? Variant(*date) : Variant::Null();
 }
 
 bool DecodeLogical(const char* bytes, std::size_t length) {
@@ -198,6 +249,35 @@ Variant DecodeReusing(char type, const char* bytes, std::size_t length, std::siz
     }
     codePage.DecodeInto(bytes, length, text);
     return text;
+}
+
+bool DecodePlain(char type, const char* bytes, std::size_t length, std::size_t decimals,
+                 const DbfCodePage& codePage, QString& text, PlainValue& value) {
+    switch (type) {
+    case 'N':
+    case 'F':
+        return PlainNumber(bytes, length, decimals, value);
+    case 'D':
+        if (const std::optional<Date> date = DateOf(bytes, length)) {
+            value.kind = PlainValue::Kind::Date;
+            value.real = date->value;
+        } else {
+            value.kind = PlainValue::Kind::Null;
+        }
+        return true;
+    case 'L':
+        value.kind = PlainValue::Kind::Logical;
+        value.integer = DecodeLogical(bytes, length) ? 1 : 0;
+        return true;
+    case 'C':
+    case 'V':
+        codePage.DecodeInto(bytes, length, text);
+        value.kind = PlainValue::Kind::Text;
+        value.text = text;
+        return true;
+    default:
+        return false;
+    }
 }
 
 bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals,

@@ -5,9 +5,20 @@
 #include "platform/dbfformat/DbfCodePage.h"
 #include "platform/variant/Variant.h"
 
+#include <QStringView>
 #include <cstddef>
+#include <cstdint>
 
 namespace zlx::DbfFieldCodec {
+
+// A value as DecodePlain reads it: the kind Decode's Variant would have, and its contents.
+struct PlainValue {
+    enum class Kind { Null, Integer, Currency, Double, Date, Logical, Text };
+    Kind kind = Kind::Null;
+    std::int64_t integer = 0; // Integer (a Long); Currency (scaled by 10,000); Logical (1 or 0)
+    double real = 0.0;        // Double; Date (its day number)
+    QStringView text;         // Text: the characters of the `text` buffer DecodePlain was given
+};
 
 // Reads `length` bytes of a field of type `type` with `decimals` decimal places. Text is in
 // `codePage`; in a Visual FoxPro table B is a binary double (elsewhere a memo block number).
@@ -18,6 +29,12 @@ Variant Decode(char type, const char* bytes, std::size_t length, std::size_t dec
 // it) and answered as a Variant sharing it.
 Variant DecodeReusing(char type, const char* bytes, std::size_t length, std::size_t decimals,
                       const DbfCodePage& codePage, bool visualFoxPro, QString& text);
+
+// The value Decode gives, without a Variant, for plain decimal numbers (no exponent, at most
+// 18 digits), dates, logicals and character fields (decoded into `text`, as DecodeReusing
+// does); false for anything else, which only Decode reads.
+bool DecodePlain(char type, const char* bytes, std::size_t length, std::size_t decimals,
+                 const DbfCodePage& codePage, QString& text, PlainValue& value);
 
 // Writes the value into `length` bytes; false (the bytes untouched) when it does not fit.
 bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals,

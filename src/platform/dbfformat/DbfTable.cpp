@@ -217,18 +217,34 @@ Variant DbfTable::Value(const DbfField& field, const char* record, QString& prob
     return ValueReusing(field, record, problem, text);
 }
 
+// A variable-length value shorter than its field keeps its length in the last byte.
+std::size_t DbfTable::ValueLength(const DbfField& field, const char* record) const {
+    const std::size_t length = field.length;
+    if (!FlagIn(field.varLengthBit, record) || length == 0) return length;
+    return std::min<std::size_t>(length - 1,
+                                 static_cast<unsigned char>(record[field.offset + length - 1]));
+}
+
 Variant DbfTable::ValueReusing(const DbfField& field, const char* record, QString& problem,
                                QString& text) const {
     if (IsNullIn(field, record)) return Variant::Null();
     const char* bytes = record + field.offset;
     if (m_layout.IsMemo(field)) return MemoValue(field, bytes, problem);
-    std::size_t length = field.length;
-    // A variable-length value shorter than its field keeps its length in the last byte.
-    if (FlagIn(field.varLengthBit, record) && length > 0)
-        length = std::min<std::size_t>(length - 1, static_cast<unsigned char>(bytes[length - 1]));
+    const std::size_t length = ValueLength(field, record);
     if (field.type == 'Q') return ByteArrayValue(bytes, length);
     return DbfFieldCodec::DecodeReusing(field.type, bytes, length, field.decimals, m_codePage,
                                         m_layout.visualFoxPro, text);
+}
+
+bool DbfTable::PlainValue(const DbfField& field, const char* record, QString& text,
+                          DbfFieldCodec::PlainValue& value) const {
+    if (IsNullIn(field, record)) {
+        value.kind = DbfFieldCodec::PlainValue::Kind::Null;
+        return true;
+    }
+    if (m_layout.IsMemo(field)) return false;
+    return DbfFieldCodec::DecodePlain(field.type, record + field.offset, ValueLength(field, record),
+                                      field.decimals, m_codePage, text, value);
 }
 
 Variant DbfTable::MemoValue(const DbfField& field, const char* bytes, QString& problem) const {

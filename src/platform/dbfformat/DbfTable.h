@@ -4,6 +4,7 @@
 // here: failures come back as results and Spanish texts for the layer above to report.
 
 #include "platform/dbfformat/DbfCodePage.h"
+#include "platform/dbfformat/DbfFieldCodec.h"
 #include "platform/dbfformat/DbfFile.h"
 #include "platform/dbfformat/DbfLayout.h"
 #include "platform/dbfformat/DbfMemoFile.h"
@@ -59,12 +60,17 @@ public:
     // that reading the same field record after record does not allocate.
     Variant ValueReusing(const DbfField& field, const char* record, QString& problem,
                          QString& text) const;
+    // As ValueReusing without a Variant, for the values DbfFieldCodec::DecodePlain reads (and
+    // Nulls); false for the others (memos, binary fields, numbers that are not plain).
+    bool PlainValue(const DbfField& field, const char* record, QString& text,
+                    DbfFieldCodec::PlainValue& value) const;
     // Writes the value into a character, numeric, date or logical field of the record; false
     // (the record untouched) when it does not fit or the field is of another type.
     bool SetValue(const DbfField& field, char* record, const Variant& value) const;
 
 private:
     bool IsNullIn(const DbfField& field, const char* record) const;
+    std::size_t ValueLength(const DbfField& field, const char* record) const;
     void SetNullIn(const DbfField& field, char* record, bool isNull) const;
     bool FlagIn(int bit, const char* record) const;
     Variant MemoValue(const DbfField& field, const char* bytes, QString& problem) const;

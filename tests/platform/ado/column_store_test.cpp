@@ -173,3 +173,111 @@ TEST(CurrencyTotal, MatchesAddingEveryValueInTurn) {
     flags.Append(Variant(true));
     EXPECT_FALSE(flags.CurrencyTotal({0}, total));
 }
+
+namespace {
+
+// What a column makes of `value`: the Variant it gives back, or the error it raised.
+struct Stored {
+    Variant value;
+    std::int32_t error = 0;
+};
+
+Stored StoredBySet(DataTypeEnum type, const Variant& value) {
+    ColumnStore column(type, 6, false);
+    column.AppendNull();
+    const std::int32_t error = AdoErrorOf([&] { column.Set(0, value); });
+    return {column.Get(0), error};
+}
+
+Stored StoredByAppend(DataTypeEnum type, const Variant& value) {
+    ColumnStore column(type, 6, false);
+    const std::int32_t error = AdoErrorOf([&] { column.Append(value); });
+    return {column.Get(0), error};
+}
+
+} // namespace
+
+// Appending takes shortcuts for the values fetched most often; every value must still come
+// out as setting it on a null row gives it, or be refused alike.
+TEST(ColumnStoreAppend, StoresWhatSetStoresForEveryKindOfValue) {
+    const std::vector<DataTypeEnum> types = {
+        adBoolean, adUnsignedTinyInt, adTinyInt,  adSmallInt,     adInteger,
+        adBigInt,  adCurrency,        adNumeric,  adSingle,       adDouble,
+        adDBDate,  adDBTimeStamp,     adVarWChar, adLongVarWChar, adVariant};
+    const std::vector<Variant> values = {
+        Variant(true),
+        Variant(false),
+        Variant(std::int32_t(200)),
+        Variant(std::int32_t(-129)),
+        Variant(std::int32_t(70000)),
+        Variant(std::int16_t(-5)),
+        Variant(Currency{-123456789}),
+        Variant(Currency{std::numeric_limits<std::int64_t>::min()}),
+        Variant(2.5),
+        Variant(Date{45000.75}),
+        Variant(QStringLiteral("12")),
+        Variant(QStringLiteral("Zaragoza")),
+        Variant(Decimal::FromString(QStringLiteral("-7.250"))),
+        Variant::Null(),
+        Variant()};
+    for (DataTypeEnum type : types) {
+        for (std::size_t v = 0; v < values.size(); ++v) {
+            const Stored bySet = StoredBySet(type, values[v]);
+            const Stored byAppend = StoredByAppend(type, values[v]);
+            EXPECT_EQ(byAppend.error, bySet.error) << type << " " << v;
+            EXPECT_EQ(byAppend.value.VarType(), bySet.value.VarType()) << type << " " << v;
+            if (!bySet.value.IsNull()) {
+                EXPECT_EQ(byAppend.value.Compare(bySet.value), 0) << type << " " << v;
+            }
+        }
+    }
+}
+
+TEST(ColumnStoreAppend, TypedAppendsTakeOnlyWhatTheColumnHoldsAsItIs) {
+    ColumnStore flags(adBoolean, 2, false);
+    EXPECT_FALSE(flags.AppendInteger(1)); // a flag keeps VB's True, so it goes through Set
+    ColumnStore bytes(adUnsignedTinyInt, 1, false);
+    EXPECT_TRUE(bytes.AppendInteger(255));
+    EXPECT_FALSE(bytes.AppendInteger(256));
+    EXPECT_FALSE(bytes.AppendCurrency(10000));
+    EXPECT_FALSE(bytes.AppendText(u"1"));
+    ASSERT_EQ(bytes.Size(), 1u);
+    EXPECT_EQ(bytes.Get(0).VarType(), vbByte);
+    EXPECT_EQ(bytes.Get(0).ToLong(), 255);
+
+    ColumnStore singles(adSingle, 4, false);
+    EXPECT_FALSE(singles.AppendReal(0.1)); // a Single rounds: Set does that
+    ColumnStore dates(adDBTimeStamp, 8, false);
+    EXPECT_TRUE(dates.AppendReal(45000.5));
+    EXPECT_EQ(dates.Get(0).ToDate(), (Date{45000.5}));
+
+    ColumnStore names(adVarWChar, 5, false);
+    EXPECT_TRUE(names.AppendText(u"Vigo"));
+    EXPECT_FALSE(names.AppendText(u"Bilbao"));
+    EXPECT_TRUE(names.AppendText(u"Vigo"));
+    ASSERT_EQ(names.Size(), 2u);
+    EXPECT_EQ(names.Texts().Values().size(), 1u);
+    EXPECT_EQ(names.Get(1).ToString(), "Vigo");
+}
+
+TEST(CurrencyTotal, StaysExactAfterValuesAreReplacedAndNullsCleared) {
+    ColumnStore column(adCurrency, 8, false);
+    const std::int64_t most = std::numeric_limits<std::int64_t>::max();
+    column.Append(Variant(Currency{most}));
+    column.AppendCurrency(-5);
+    column.AppendNull();
+    Currency total;
+    EXPECT_EQ(VariantErrorOf([&] {
+                  column.CurrencyTotal({0, 1, 2}, total);
+              }),
+              vbErrInvalidUseOfNull);
+    column.Set(0, Variant(Currency{8})); // the large value is gone, its bound stays
+    column.Set(2, Variant(Currency{-2}));
+    EXPECT_TRUE(column.HasNoNulls());
+    ASSERT_TRUE(column.CurrencyTotal({0, 1, 2}, total));
+    EXPECT_EQ(total.scaled, 1);
+    column.Set(1, Variant(Currency{most - 7}));
+    EXPECT_EQ(VariantErrorOf([&] { column.CurrencyTotal({0, 1, 2}, total); }), vbErrOverflow);
+    ASSERT_TRUE(column.CurrencyTotal({2, 0, 1}, total));
+    EXPECT_EQ(total.scaled, most - 1);
+}

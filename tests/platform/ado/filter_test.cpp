@@ -284,3 +284,43 @@ TEST(RecordsetFilter, OptimizedTextFieldFollowsEdits) {
     EXPECT_EQ(Filtered(*rs, "ciudad = 'Bilbao'"), (std::vector<int>{2, 4, 5, 7}));
     EXPECT_EQ(Filtered(*rs, "ciudad = 'Sevilla'"), (std::vector<int>{}));
 }
+
+// Keys that read as integers (integers, currency, text ranks) are sorted packed together; with
+// more than three keys every kind is compared value by value. Both must give one order, nulls
+// and ties included, whatever the keys' signs, sizes and directions.
+TEST(RecordsetSort, PackedKeysOrderAsKeysComparedOneByOne) {
+    Recordset rs;
+    Fields& fields = rs.GetFields();
+    fields.Append("n", adInteger);
+    fields.Append("small", adSmallInt);
+    fields.Append("money", adCurrency);
+    fields.Append("huge", adCurrency);
+    fields.Append("city", adVarWChar, 12);
+    fields.Append("name", adVarWChar, 12);
+    fields.Append("flag", adBoolean);
+    fields.Append("same", adInteger);
+    rs.Open();
+    const char* const cities[] = {"Vigo", "ávila", "Lugo", "VIGO", "León"};
+    for (int i = 0; i < 3000; ++i) {
+        const auto nullEvery = [i](int n, Variant value) {
+            return i % n ? value : Variant::Null();
+        };
+        rs.AddNew(Names({"n", "small", "money", "huge", "city", "name", "flag", "same"}),
+                  Values({Variant(std::int32_t(i)),
+                          nullEvery(11, Variant(std::int16_t((i * 37) % 19 - 9))),
+                          nullEvery(7, Variant(Currency{(i * 7919) % 1000 - 500})),
+                          Variant(Currency{(i % 3 - 1) * (std::int64_t{1} << 50) + i % 5}),
+                          nullEvery(13, Variant(cities[i % 5])),
+                          Variant(QStringLiteral("N%1").arg((i * 31) % 997)), Variant(i % 4 == 0),
+                          Variant(std::int32_t(0))}));
+    }
+    const std::vector<QString> sorts = {
+        "small",           "small DESC, money",          "city, small DESC", "money DESC, name",
+        "flag, huge DESC", "name DESC, city DESC, small"};
+    for (const QString& sort : sorts) {
+        rs.SetSort(sort);
+        const std::vector<int> packed = Codes(rs, "n");
+        rs.SetSort(sort + ", same, same, same");
+        EXPECT_EQ(packed, Codes(rs, "n")) << sort.toStdString();
+    }
+}

@@ -251,25 +251,40 @@ TEST(RecordsetWriterLiterals, ByteArraysAreBinaryLiteralsAndOtherArraysAreRefuse
                  VariantError);
 }
 
-TEST(RecordsetEditing, AddNewRecordAddsOneNewRecordOrStopsAtTheRefusedValue) {
+TEST(RecordsetEditing, LoadedRecordsAreNewRecordsLikeAddedOnes) {
     auto rs = MakeCustomers();
     const long before = rs->RecordCount();
-    rs->AddNewRecord({Variant("Ruiz"), Variant("Vigo"), Variant(std::int32_t(7))});
+    rs->GetFields().Item("codigo").GetProperties().SetItem("Optimize", Variant(true));
+    rs->Find("codigo = 2"); // builds the index
+    rs->SetFilter(Variant("ciudad = 'Madrid'"));
+    rs->MoveFirst();
+    rs->Update(Variant("importe"), Variant(Currency{10000})); // pending until loading starts
+    rs->SetCollect(Variant("importe"), Variant(Currency{20000}));
+    rs->BeginLoading(2);
     EXPECT_EQ(rs->EditMode(), adEditNone);
-    EXPECT_EQ(rs->RecordCount(), before + 1);
+    ColumnStore& name = rs->LoadingColumn(0);
+    ColumnStore& code = rs->LoadingColumn(2);
+    for (std::int32_t i = 0; i < 2; ++i) {
+        EXPECT_TRUE(name.AppendText(i ? u"Sanz" : u"Ruiz"));
+        EXPECT_TRUE(code.AppendInteger(7 + i));
+        rs->EndLoadedRecord();
+    }
+    EXPECT_EQ(AdoErrorOf([&] { rs->LoadingColumn(6); }), adErrItemNotFound);
+    // Like added records, they join the view whatever the filter, the last one current.
+    EXPECT_EQ(rs->RecordCount(), 3 + 2);
     EXPECT_EQ(rs->Status(), adRecNew);
-    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Ruiz");
-    EXPECT_EQ(rs->Collect(Variant("codigo")).ToLong(), 7);
-    EXPECT_TRUE(rs->Collect(Variant("importe")).IsNull());
-
-    EXPECT_EQ(AdoErrorOf([&] {
-                  rs->AddNewRecord({Variant("Sanz"), Variant("Vigo"), Variant("siete")});
-              }),
-              adErrDataConversion);
-    EXPECT_EQ(rs->EditMode(), adEditAdd);
     EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Sanz");
-    rs->CancelUpdate();
-    EXPECT_EQ(rs->RecordCount(), before + 1);
-    rs->MoveLast();
-    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Ruiz");
+    EXPECT_TRUE(rs->Collect(Variant("ciudad")).IsNull());
+    rs->MovePrevious();
+    EXPECT_EQ(rs->Collect(Variant("codigo")).ToLong(), 7);
+    rs->SetFilter(Variant());
+    EXPECT_EQ(rs->RecordCount(), before + 2);
+    rs->Find("codigo = 8", 0, adSearchForward, Variant(std::int32_t(adBookmarkFirst)));
+    ASSERT_FALSE(rs->IsEOF());
+    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Sanz");
+    rs->Find("codigo = 1", 0, adSearchForward, Variant(std::int32_t(adBookmarkFirst)));
+    EXPECT_EQ(rs->Collect(Variant("importe")).ToCurrency().scaled, 20000);
+
+    Recordset closed;
+    EXPECT_EQ(AdoErrorOf([&] { closed.BeginLoading(1); }), adErrObjectClosed);
 }
