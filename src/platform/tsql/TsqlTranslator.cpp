@@ -767,15 +767,20 @@ private:
         const bool blank = text.trimmed().isEmpty();
         const QString word = text.trimmed().toUpper();
         const bool truth = word == u"TRUE" || word == u"FALSE";
-        if (!m_context.tableColumns || !(blank || truth || HasDateShape(text))) return {};
+        if (!m_context.tableColumns) return {};
         const std::optional<ColumnKind> kind = StoredColumnKind(i);
         if (!kind) return {};
         if (blank) return BlankAs(*kind);
+        // An integer column takes a text of an integer only ('12.5' is error 245).
+        if (*kind == ColumnKind::Integer) {
+            RequireIntegerText(text);
+            return text.trimmed();
+        }
         // A BIT takes the words TRUE and FALSE.
         if (truth && *kind == ColumnKind::Bit)
             return word == u"TRUE" ? QStringLiteral("1") : QStringLiteral("0");
         // A text of a date's shape that is no date (30/02/2024) is refused as SQL Server does.
-        if (*kind == ColumnKind::Date &&
+        if (*kind == ColumnKind::Date && HasDateShape(text) &&
             NormalizedDateLiteral(text, m_context.dayMonthYear).isEmpty())
             return DateWriter().CastLiteral(CallArgument{QuoteString(text), true, text},
                                             QStringLiteral("DATETIME"));
@@ -941,19 +946,24 @@ private:
         return At(i) && At(i)->kind == TokenKind::String && NumberOperandBeside(i);
     }
 
+    // A text that must read as an integer; SQL Server's error 245 when it does not.
+    static void RequireIntegerText(const QString& text) {
+        static const QRegularExpression integer(QStringLiteral(R"(^\s*[+-]?\d+\s*$)"));
+        if (!integer.match(text).hasMatch())
+            ThrowStatementError(QStringLiteral("Conversion failed when converting the varchar "
+                                               "value '%1' to data type int.")
+                                    .arg(text),
+                                ado::kNativeValueConversion, QStringLiteral("22018"));
+    }
+
     // A text literal as a number of the type of `number`; SQL Server's error when it is none.
     static QString TextAsNumber(const QString& text, const Token& number) {
-        static const QRegularExpression integer(QStringLiteral(R"(^\s*[+-]?\d+\s*$)"));
         static const QRegularExpression decimal(
             QStringLiteral(R"(^\s*[+-]?(\d+\.?\d*|\.\d+)\s*$)"));
         const bool integral = !number.text.contains(u'.') && !number.text.contains(u'e') &&
                               !number.text.contains(u'E');
         if (integral && text.trimmed().isEmpty()) return QStringLiteral("0");
-        if (integral && !integer.match(text).hasMatch())
-            ThrowStatementError(QStringLiteral("Conversion failed when converting the varchar "
-                                               "value '%1' to data type int.")
-                                    .arg(text),
-                                ado::kNativeValueConversion, QStringLiteral("22018"));
+        if (integral) RequireIntegerText(text);
         if (!integral && !decimal.match(text).hasMatch())
             ThrowStatementError(QStringLiteral("Error converting data type varchar to numeric."),
                                 ado::kNativeNumericConversion, QStringLiteral("22018"));
@@ -1533,6 +1543,8 @@ private:
             }
         }
         const bool textLiteral = as == cast + 3 && m_t[cast + 2].kind == TokenKind::String;
+        if (textLiteral && KindOfTsqlType(type) == ColumnKind::Integer)
+            RequireIntegerText(m_t[cast + 2].text);
         const QString sql = m_dialect.Cast(Range(cast + 2, as).trimmed(), type, textLiteral);
         if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CAST AS ") + type);
         out += lead + sql;

@@ -1,5 +1,4 @@
 -- CAST of a text with a fraction to INT is error 245.
--- gap sqlite: SELECT CAST('12.5' AS INT) answers row 12, not error 245
 -- run
 SELECT CAST('12.5' AS INT)
 -- expect

@@ -1,5 +1,5 @@
 -- A BIT column takes 'TRUE' and 'FALSE' and answers Booleans.
--- gap postgres: SELECT b FROM t ORDER BY id answers row 1 / row 0, not row True / row False
+-- gap postgres: INSERT INTO t VALUES (1, 'TRUE') answers error 245, not success
 -- run
 CREATE TABLE t (id INT, b BIT)
 -- run

@@ -1,5 +1,4 @@
 -- A text number stored in an INT column is converted.
--- gap sqlite: INSERT INTO t VALUES ('12.5') answers count 1, not error 245
 -- run
 CREATE TABLE t (n INT)
 -- run
