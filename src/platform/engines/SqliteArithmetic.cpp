@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 #include <QString>
+#include <cmath>
 #include <sqlite3.h>
 
 namespace zlx::ado::SqliteArithmetic {
@@ -73,6 +74,34 @@ void Decimal(sqlite3_context* context, int, sqlite3_value** values) {
         sqlite3_result_int64(context, rounded.toLongLong());
 }
 
+// ROUND(x, places) as SQL Server rounds: half away from zero, a negative count of places
+// rounding to tens, hundreds...; an integer stays an integer.
+void Round(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL ||
+        sqlite3_value_type(values[1]) == SQLITE_NULL)
+        return sqlite3_result_null(context);
+    const int places = sqlite3_value_int(values[1]);
+    if (sqlite3_value_numeric_type(values[0]) == SQLITE_INTEGER) {
+        const sqlite3_int64 value = sqlite3_value_int64(values[0]);
+        if (places >= 0) return sqlite3_result_int64(context, value);
+        if (places < -18) return sqlite3_result_int64(context, 0);
+        sqlite3_int64 unit = 1;
+        for (int i = 0; i < -places; ++i)
+            unit *= 10;
+        const sqlite3_int64 rest = value % unit;
+        const sqlite3_int64 away =
+            2 * (rest < 0 ? -rest : rest) >= unit ? (rest < 0 ? -unit : unit) : 0;
+        return sqlite3_result_int64(context, value - rest + away);
+    }
+    const double value = sqlite3_value_double(values[0]);
+    if (places >= 0)
+        return sqlite3_result_double(context,
+                                     RoundedDecimal(NumberText(values[0]), places).toDouble());
+    const double unit = std::pow(10.0, -places);
+    sqlite3_result_double(
+        context, RoundedDecimal(QString::number(value / unit, 'f', 15), 0).toDouble() * unit);
+}
+
 } // namespace
 
 void Install(sqlite3* db) {
@@ -80,6 +109,8 @@ void Install(sqlite3* db) {
                             &Divisor, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_decimal", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                             &Decimal, nullptr, nullptr);
+    sqlite3_create_function(db, "round", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Round,
+                            nullptr, nullptr);
 }
 
 } // namespace zlx::ado::SqliteArithmetic

@@ -37,6 +37,7 @@ constexpr FaultNumber kPostgresStates[] = {
 constexpr FaultNumber kSqliteTexts[] = {
     {"NOT NULL constraint failed", ado::kNativeNullNotAllowed},
     {"ambiguous column name", ado::kNativeAmbiguousColumn},
+    {"has no column named", ado::kNativeInvalidColumn},
     {"no such function", ado::kNativeUnknownFunction},
     {"syntax error", ado::kNativeSyntax},
     {"incomplete input", ado::kNativeSyntax},

@@ -1,5 +1,4 @@
 -- An unknown column in an INSERT's list is error 207.
--- gap sqlite: INSERT INTO t (no_existe) VALUES (1) answers error, not error 207
 -- run
 CREATE TABLE t (id INT)
 -- run
