@@ -11,6 +11,7 @@
 #include <QRegularExpression>
 #include <QTime>
 #include <algorithm>
+#include <limits>
 #include <map>
 
 namespace zlx::tsql {
@@ -719,6 +720,7 @@ private:
                 out += t.leading + m_dialect.BinaryLiteral(HexDigits(t.text));
                 return i + 1;
             }
+            CheckIntegerLiterals(i);
             break;
         }
         out += t.leading + t.text;
@@ -944,6 +946,52 @@ private:
 
     bool IsTextWithNumber(size_t i) const {
         return At(i) && At(i)->kind == TokenKind::String && NumberOperandBeside(i);
+    }
+
+    // 2147483647 + 1, 100000 * 100000: arithmetic of INT literals that leaves the INT range is
+    // SQL Server's error 8115 (the engines compute in 64 bits). `i` may begin such a chain.
+    void CheckIntegerLiterals(size_t i) const {
+        static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs};
+        const auto isOperator = [&](size_t k) {
+            return At(k) && At(k)->kind == TokenKind::Symbol && operators.contains(At(k)->text);
+        };
+        if (!isOperator(i + 1) ||
+            (i > 0 && (isOperator(i - 1) || SymbolAt(i - 1, u"/") || SymbolAt(i - 1, u"%"))))
+            return;
+        std::vector<qint64> terms; // the chain's sum, its products worked out first
+        qint64 product = 0;
+        QChar sign = u'+';
+        size_t k = i;
+        for (;; k += 2) {
+            bool integer = false;
+            const qint64 value =
+                At(k) && At(k)->kind == TokenKind::Number && !IsBinaryLiteral(*At(k))
+                    ? At(k)->text.toLongLong(&integer)
+                    : 0;
+            if (!integer || value > std::numeric_limits<std::int32_t>::max()) return;
+            product = k == i || !SymbolAt(k - 1, u"*") ? value : CheckedInt(product * value);
+            const bool productEnds = !SymbolAt(k + 1, u"*");
+            if (productEnds) {
+                terms.push_back(sign == u'-' ? -product : product);
+                if (!isOperator(k + 1)) break;
+                sign = m_t[k + 1].text[0];
+            }
+            if (SymbolAt(k + 2, u"(") || SymbolAt(k + 2, u".")) return;
+        }
+        // A division or modulo of the last literal binds first: the chain is no sum of these.
+        if (SymbolAt(k + 1, u"/") || SymbolAt(k + 1, u"%")) return;
+        qint64 sum = 0;
+        for (const qint64 term : terms)
+            sum = CheckedInt(sum + term);
+    }
+
+    static qint64 CheckedInt(qint64 value) {
+        if (value > std::numeric_limits<std::int32_t>::max() ||
+            value < std::numeric_limits<std::int32_t>::min())
+            ThrowStatementError(QStringLiteral("Arithmetic overflow error converting expression to "
+                                               "data type int."),
+                                ado::kNativeArithmeticOverflow, QStringLiteral("22003"));
+        return value;
     }
 
     // A text that must read as an integer; SQL Server's error 245 when it does not.
