@@ -1,7 +1,7 @@
 #include "platform/ado/Properties.h"
 
-#include "platform/engines/AdoConstants.h"
 #include "platform/ado/AdoErrorTexts.h"
+#include "platform/engines/AdoConstants.h"
 
 namespace zlx::ado {
 
