@@ -34,8 +34,12 @@ public:
 };
 
 // #name is a temporary table: a quoted name for the engine ("#t" is no identifier there).
+// The engines keep no tempdb whose catalog could be asked by name (OBJECT_ID('tempdb..#t')).
 Tokens WithTemporaryNames(Tokens tokens) {
     for (Token& token : tokens) {
+        if (token.kind == TokenKind::String &&
+            token.text.startsWith(u"tempdb.", Qt::CaseInsensitive))
+            ThrowUnsupported(u'\'' + token.text + u'\'');
         if (token.kind != TokenKind::Word || !token.text.startsWith(u'#')) continue;
         if (token.text.startsWith(u"##")) ThrowUnsupported(token.text);
         token.kind = TokenKind::QuotedName;

@@ -147,6 +147,8 @@ TEST_P(BatchInterpreterTest, WhatDoesNotCompileRunsNothing) {
          "SELECT @s = @s + name FROM sysobjects",
          102},
         {"CREATE TABLE nada (n INT) DECLARE @a INT DECLARE @A INT", 134},
+        {"CREATE TABLE nada (n INT) IF OBJECT_ID('tempdb..#t') IS NOT NULL DROP TABLE #t", 102},
+        {"CREATE TABLE nada (n INT) CREATE TABLE ##global (n INT)", 102},
         {"CREATE TABLE nada (n INT) SET @sin = 1", 137},
     };
     for (const auto& c : cases) {
