@@ -36,5 +36,9 @@ for work in ["Insert", "Lookups"]:
         goal = goals.get((work, engine))
         goal = f"{goal:.1f}" if goal else "-"
         print(f"{work:<10}{engine:<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}{goal:>7}")
+if "BM_Library_Lookups_SQLite" in times and "BM_Bare_LookupsToEnd_SQLite" in times:
+    lib, bare = times["BM_Library_Lookups_SQLite"], times["BM_Bare_LookupsToEnd_SQLite"]
+    print(f"{'Lookups':<10}{'SQLite':<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}{'1.3':>7}"
+          "   (bare statements stepped to their end, as the library steps them)")
 print(f"peak resident memory: cConexion {peak['Library']:.0f} MB, bare engines {peak['Bare']:.0f} MB")
 PY
