@@ -1190,6 +1190,17 @@ private:
     // Names, possibly qualified: db..t and db.dbo.t become db.t, dbo.t becomes t; the SQL
     // Server catalog tables become queries over the engine's catalog.
     size_t EmitQualifiedName(size_t i, QString& out) {
+        const Token& first = m_t[i];
+        // A name on its own, the usual case, is written without taking it apart.
+        const bool qualified = SymbolAt(i + 1, u".") && At(i + 2) && m_t[i + 1].leading.isEmpty() &&
+                               m_t[i + 2].leading.isEmpty();
+        if (!qualified && !IsCatalogTable(first.text) &&
+            !(m_context.locksSchema && first.text.compare(u"locks", Qt::CaseInsensitive) == 0)) {
+            out += first.leading;
+            out +=
+                first.kind == TokenKind::QuotedName ? m_dialect.QuoteName(first.text) : first.text;
+            return i + 1;
+        }
         struct Part {
             QString name;
             bool quoted;
@@ -1310,12 +1321,15 @@ private:
     }
 
     // The SQL Server catalog tables are views of the session (master..sysdatabases included).
+    static bool IsCatalogTable(const QString& table) {
+        for (const char16_t* name :
+             {u"sysobjects", u"syscolumns", u"sysdatabases", u"sysprocesses"})
+            if (table.compare(QStringView(name), Qt::CaseInsensitive) == 0) return true;
+        return false;
+    }
+
     static QString CatalogTable(const QString& table) {
-        static const QStringList catalog = {
-            QStringLiteral("sysobjects"), QStringLiteral("syscolumns"),
-            QStringLiteral("sysdatabases"), QStringLiteral("sysprocesses")};
-        const QString name = table.toLower();
-        return catalog.contains(name) ? name : QString();
+        return IsCatalogTable(table) ? table.toLower() : QString();
     }
 
     size_t EmitTop(size_t select, size_t end, QString& out,
