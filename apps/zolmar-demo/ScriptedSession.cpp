@@ -85,7 +85,8 @@ bool ScriptedSession::CreateClient(std::int32_t& nID) {
     form.findChild<::btn*>(QStringLiteral("optTipo"))->setValue(2);
     form.findChild<::get*>(QStringLiteral("txtNombreMunicipio"))->setText(QStringLiteral("Sevi"));
     if (!Check(form.ChooseTown() &&
-                   form.Control(QStringLiteral("municipio"))->Value().toInt() == 41091,
+                   form.Control(QStringLiteral("municipio"))->Value().toInt() == 41091 &&
+                   form.Control(QStringLiteral("municipio"))->Text() == QStringLiteral("41091"),
                QStringLiteral("\"Sevi\" elige el municipio Sevilla (41091)")))
         return false;
     Type(QStringLiteral("limite"), QStringLiteral("25000,5"));

@@ -7,18 +7,21 @@
 namespace zlx {
 
 GetMask::GetMask(const QString& mask) : m_text(mask) {
-    static const QRegularExpression numberMask(QStringLiteral(R"(^\((\d+)(?:,(\d+))?\)$)"));
+    static const QRegularExpression numberMask(
+        QStringLiteral(R"(^\((\d+)(?:,(\d+))?\)(?:;(.+))?$)"));
     const QRegularExpressionMatch match = numberMask.match(mask.trimmed());
     if (!match.hasMatch()) return;
     m_number = true;
     m_digits = match.captured(1).toInt();
     m_decimals = match.captured(2).isEmpty() ? 0 : match.captured(2).toInt();
+    m_layout = match.captured(3);
+    if (m_layout.isEmpty())
+        m_layout = QStringLiteral("#,##0") +
+                   (m_decimals > 0 ? u'.' + QString(m_decimals, u'0') : QString());
 }
 
 QString GetMask::Display(double value) const {
-    const QString layout =
-        QStringLiteral("#,##0") + (m_decimals > 0 ? u'.' + QString(m_decimals, u'0') : QString());
-    return SearchGridWindow::FormatNumber(Variant(value), layout);
+    return SearchGridWindow::FormatNumber(Variant(value), m_layout);
 }
 
 std::optional<double> GetMask::Parse(const QString& typed) const {

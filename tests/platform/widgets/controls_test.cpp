@@ -60,6 +60,15 @@ TEST_F(Controls, NumberBoxTakesSpanishInputWithinItsMask) {
     EXPECT_EQ(box.property("Text").toString(), "15");
     box.setProperty("Text", "");
     EXPECT_EQ(box.property("Value").toDouble(), 0.0);
+
+    // A code shows through its own layout: no grouping, leading zeros kept.
+    box.FormatoMascara("(5,0);00000");
+    box.setProperty("Value", 4013);
+    EXPECT_EQ(box.property("Text").toString(), "04013");
+    box.setProperty("Text", "");
+    Type(box.Editor(), "410915", true);
+    EXPECT_EQ(box.property("Text").toString(), "41091");
+    EXPECT_EQ(box.property("Value").toDouble(), 41091.0);
 }
 
 TEST_F(Controls, TextBoxKeepsItsLengthAndResetValueClearsTheChange) {
