@@ -4,51 +4,14 @@
 // LIKE, date literals, DEFAULT in VALUES and SET, table hints, IDENTITY and AUTOINCREMENT columns,
 // @@ variables, ServerProperty, object_id and the SQL Server catalog tables.
 
-#include "platform/tsql/TableColumns.h"
+#include "platform/tsql/TranslationContext.h"
 #include "platform/tsql/TsqlToken.h"
 
 #include <QStringList>
 #include <cstdint>
-#include <functional>
 #include <optional>
 
 namespace zlx::tsql {
-
-class EngineDialect;
-
-// What the translator asks of the session it works for.
-struct TranslationContext {
-    const EngineDialect* dialect = nullptr; // the engine's spellings; required
-    bool dayMonthYear = true;               // SET DATEFORMAT dmy
-    int dateFirst = 7;                      // SET DATEFIRST
-    bool spanishNames = false;              // SET LANGUAGE names months and days in Spanish
-    // A Jet database file: the date numbered 0 is 1899-12-30 (SQL Server's is 1900-01-01).
-    bool jetDates = false;
-    // The literal that stands for a @@ variable ("@@IDENTITY" -> "12"); empty: unsupported.
-    std::function<QString(const QString& name)> globalValue;
-    // SQLite: the default expression of a column, for "DEFAULT" in VALUES and SET lists.
-    std::function<QString(const QString& table, const QString& column)> columnDefault;
-    // The engine's name for a database named in db..table (an attached file or a schema);
-    // unset: the name itself.
-    std::function<QString(const QString& database)> databaseAlias;
-    // SQLite keeps each database's `locks` table in a file of its own: the schema that holds
-    // it for `database` ("" for the current one). Unset: `locks` is an ordinary table.
-    std::function<QString(const QString& database)> locksSchema;
-    // Whether a column of that name in the current database holds text, so that "+" next to
-    // it joins texts. Unset: no column does.
-    std::function<bool(const QString& column)> isTextColumn;
-    // Whether a column of that name in the current database holds dates, so that "+ n" next
-    // to it adds days. Unset: no column does.
-    std::function<bool(const QString& column)> isDateColumn;
-    // Whether a column of that name holds integers, so that its AVG is an integer too.
-    std::function<bool(const QString& column)> isIntegerColumn;
-    // Whether some column of that name in the current database accepts NULL, so that ordering
-    // by it must place the NULLs. Unset: every column may.
-    std::function<bool(const QString& column)> mayBeNull;
-    // The columns of a table named as written, so that a text stored in a number or date column
-    // is converted as SQL Server converts it. Unset: texts are stored as written.
-    std::function<TableColumns(const QString& table)> tableColumns;
-};
 
 struct Translation {
     QString sql;

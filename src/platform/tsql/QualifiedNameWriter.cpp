@@ -1,0 +1,78 @@
+#include "platform/tsql/QualifiedNameWriter.h"
+
+#include "platform/tsql/EngineDialect.h"
+
+namespace zlx::tsql {
+
+QualifiedNameWriter::QualifiedNameWriter(const StatementTokens& tokens,
+                                         const TranslationContext& context)
+    : m_t(tokens), m_context(context), m_dialect(DialectOf(context)) {}
+
+size_t QualifiedNameWriter::Write(size_t i, QString& out) {
+    const Token& first = m_t[i];
+    // A name on its own, the usual case, is written without taking it apart.
+    const bool qualified = m_t.SymbolAt(i + 1, u".") && m_t.At(i + 2) &&
+                           m_t[i + 1].leading.isEmpty() && m_t[i + 2].leading.isEmpty();
+    if (!qualified && !IsCatalogTable(first.text) &&
+        !(m_context.locksSchema && first.text.compare(u"locks", Qt::CaseInsensitive) == 0)) {
+        out += first.leading;
+        out += first.kind == TokenKind::QuotedName ? m_dialect.QuoteName(first.text) : first.text;
+        return i + 1;
+    }
+    struct Part {
+        QString name;
+        bool quoted;
+    };
+    std::vector<Part> parts{{m_t[i].text, m_t[i].kind == TokenKind::QuotedName}};
+    size_t j = i + 1;
+    while (m_t.SymbolAt(j, u".") && m_t.At(j + 1) && m_t[j].leading.isEmpty() &&
+           m_t[j + 1].leading.isEmpty()) {
+        if (m_t[j + 1].IsSymbol(u".")) {
+            parts.push_back({QString(), false}); // db..t
+            ++j;
+            continue;
+        }
+        if (m_t[j + 1].kind != TokenKind::Word && m_t[j + 1].kind != TokenKind::QuotedName) break;
+        parts.push_back({m_t[j + 1].text, m_t[j + 1].kind == TokenKind::QuotedName});
+        j += 2;
+    }
+    auto isOwner = [](const Part& part) {
+        return part.name.isEmpty() || part.name.compare(u"dbo", Qt::CaseInsensitive) == 0;
+    };
+    // Only db..t and db.dbo.t name another database; a.b is a column of table (or alias)
+    // a, or table b of owner a.
+    const bool inDatabase = parts.size() == 3 && isOwner(parts[1]);
+    if (inDatabase) parts.erase(parts.begin() + 1);
+    if (parts.size() == 2 && isOwner(parts[0])) parts.erase(parts.begin());
+    const QString catalog = CatalogTable(parts.back().name);
+    if (!catalog.isEmpty()) {
+        out += m_t[i].leading + catalog;
+        return j;
+    }
+    if (m_context.locksSchema && parts.back().name.compare(u"locks", Qt::CaseInsensitive) == 0) {
+        const QString database = parts.size() == 2 ? parts[0].name : QString();
+        out += m_t[i].leading + m_context.locksSchema(database) + QStringLiteral(".locks");
+        return j;
+    }
+    if (inDatabase && parts.size() == 2) {
+        m_databases << parts[0].name;
+        if (m_context.databaseAlias) parts[0] = {m_context.databaseAlias(parts[0].name), false};
+    }
+    QStringList written;
+    for (const Part& part : parts)
+        written << (part.quoted ? m_dialect.QuoteName(part.name) : part.name);
+    out += m_t[i].leading + written.join(u'.');
+    return j;
+}
+
+bool QualifiedNameWriter::IsCatalogTable(const QString& table) {
+    for (const char16_t* name : {u"sysobjects", u"syscolumns", u"sysdatabases", u"sysprocesses"})
+        if (table.compare(QStringView(name), Qt::CaseInsensitive) == 0) return true;
+    return false;
+}
+
+QString QualifiedNameWriter::CatalogTable(const QString& table) {
+    return IsCatalogTable(table) ? table.toLower() : QString();
+}
+
+} // namespace zlx::tsql

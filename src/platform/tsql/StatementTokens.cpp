@@ -1,0 +1,175 @@
+#include "platform/tsql/StatementTokens.h"
+
+#include "platform/tsql/TsqlErrors.h"
+
+namespace zlx::tsql {
+
+Token Raw(const QString& text, const QString& leading) {
+    return Token{TokenKind::Symbol, text, leading};
+}
+
+bool IsTextFunction(const Token& token) {
+    static const QStringList names = {
+        QStringLiteral("RTRIM"), QStringLiteral("LTRIM"),     QStringLiteral("RIGHT"),
+        QStringLiteral("LEFT"),  QStringLiteral("SUBSTRING"), QStringLiteral("UPPER"),
+        QStringLiteral("LOWER"), QStringLiteral("REPLACE"),   QStringLiteral("STR")};
+    return token.kind == TokenKind::Word && names.contains(token.text, Qt::CaseInsensitive);
+}
+
+bool IsName(const Token& token) {
+    return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
+}
+
+bool IsClauseWord(const Token& token) {
+    for (QStringView word : {u"FROM", u"JOIN", u"ON", u"WHERE", u"INNER", u"OUTER", u"LEFT",
+                             u"RIGHT", u"CROSS", u"AND", u"OR"})
+        if (token.IsWord(word)) return true;
+    return false;
+}
+
+size_t StatementTokens::Close(size_t open) const {
+    int depth = 0;
+    for (size_t i = open; i < m_t.size(); ++i) {
+        if (m_t[i].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[i].IsSymbol(u")") && --depth == 0)
+            return i;
+    }
+    ThrowStatementError(QStringLiteral("Incorrect syntax near '('."), ado::kNativeSyntax);
+}
+
+std::vector<size_t> StatementTokens::Commas(size_t open, size_t close) const {
+    std::vector<size_t> commas;
+    int depth = 0;
+    for (size_t i = open + 1; i < close; ++i) {
+        if (m_t[i].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[i].IsSymbol(u")"))
+            --depth;
+        else if (depth == 0 && m_t[i].IsSymbol(u","))
+            commas.push_back(i);
+    }
+    return commas;
+}
+
+size_t StatementTokens::DepthZeroWord(size_t from, QStringView word) const {
+    for (int depth = 0; from < m_t.size(); ++from) {
+        if (m_t[from].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[from].IsSymbol(u")"))
+            --depth;
+        else if (depth == 0 && m_t[from].IsWord(word))
+            return from;
+    }
+    return from;
+}
+
+size_t StatementTokens::QualifiedNameEnd(size_t name) const {
+    if (!At(name) || !IsName(*At(name))) return name;
+    size_t end = name + 1;
+    while (SymbolAt(end, u".")) {
+        ++end;
+        if (At(end) && IsName(*At(end))) ++end;
+    }
+    return end;
+}
+
+std::pair<size_t, size_t> StatementTokens::ColumnDefinitionAround(size_t i) const {
+    size_t first = i;
+    for (int depth = 0; first > 0; --first) {
+        const Token& t = m_t[first - 1];
+        if (t.IsSymbol(u")"))
+            ++depth;
+        else if (t.IsSymbol(u"(") && depth-- == 0)
+            break;
+        else if (t.IsSymbol(u",") && depth == 0)
+            break;
+    }
+    size_t last = i + 1;
+    for (int depth = 0; last < m_t.size(); ++last) {
+        const Token& t = m_t[last];
+        if (t.IsSymbol(u"("))
+            ++depth;
+        else if (t.IsSymbol(u")") && depth-- == 0)
+            break;
+        else if (t.IsSymbol(u",") && depth == 0)
+            break;
+    }
+    return {first, last};
+}
+
+std::vector<std::pair<size_t, size_t>>
+StatementTokens::Items(size_t open, size_t close, const std::vector<size_t>& commas) const {
+    std::vector<std::pair<size_t, size_t>> items;
+    size_t start = open + 1;
+    for (size_t comma : commas) {
+        items.emplace_back(start, comma);
+        start = comma + 1;
+    }
+    items.emplace_back(start, close);
+    return items;
+}
+
+size_t StatementTokens::ValuePosition(size_t i) const {
+    size_t position = 0;
+    for (int depth = 0; i-- > 0;) {
+        if (m_t[i].IsSymbol(u")"))
+            ++depth;
+        else if (m_t[i].IsSymbol(u"(") && depth-- == 0)
+            break;
+        else if (depth == 0 && m_t[i].IsSymbol(u","))
+            ++position;
+    }
+    return position;
+}
+
+QStringList StatementTokens::ColumnList(size_t open) const {
+    QStringList names;
+    const size_t close = Close(open);
+    for (const auto& [first, last] : Items(open, close, Commas(open, close)))
+        names << (last > first ? m_t[last - 1].text : QString());
+    return names;
+}
+
+bool StatementTokens::IsComparison(size_t i) const {
+    static const QStringList comparisons = {u"="_qs, u"<>"_qs, u"!="_qs, u"<"_qs,
+                                            u">"_qs, u"<="_qs, u">="_qs};
+    const Token* token = At(i); // i may have wrapped round from 0 - 1: At answers nullptr
+    return token && token->kind == TokenKind::Symbol && comparisons.contains(token->text);
+}
+
+size_t StatementTokens::PrimaryEnd(size_t i) const {
+    const Token* first = At(i);
+    if (!first) return i;
+    if (first->IsSymbol(u"(")) return Close(i) + 1;
+    if (first->kind == TokenKind::String || first->kind == TokenKind::Number) return i + 1;
+    if (first->kind != TokenKind::Word && first->kind != TokenKind::QuotedName) return i;
+    if (SymbolAt(i + 1, u"(")) return Close(i + 1) + 1;
+    size_t end = i + 1;
+    while (SymbolAt(end, u".") && At(end + 1) && !At(end + 1)->IsSymbol(u"."))
+        end += 2;
+    return end;
+}
+
+size_t StatementTokens::ExpressionEnd(size_t i) const {
+    static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs, u"/"_qs, u"%"_qs, u"||"_qs};
+    size_t end = PrimaryEnd(i);
+    while (end > i && At(end) && At(end)->kind == TokenKind::Symbol &&
+           operators.contains(At(end)->text)) {
+        const size_t next = PrimaryEnd(end + 1);
+        if (next == end + 1) break;
+        end = next;
+    }
+    return end;
+}
+
+const Token* StatementTokens::NamedColumn(size_t first, size_t end) const {
+    for (size_t i = first; i < end; i += 2) {
+        if (m_t[i].kind != TokenKind::Word && m_t[i].kind != TokenKind::QuotedName) return nullptr;
+        if (i + 1 == end) return &m_t[i];
+        if (!m_t[i + 1].IsSymbol(u".")) return nullptr;
+    }
+    return nullptr;
+}
+
+} // namespace zlx::tsql

@@ -1,0 +1,466 @@
+#include "platform/tsql/StatementWriter.h"
+
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlLiterals.h"
+#include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TsqlTranslator.h"
+
+#include <limits>
+
+namespace zlx::tsql {
+
+StatementWriter::StatementWriter(StatementTokens& tokens, const TranslationContext& context,
+                                 StoredValues& stored)
+    : m_context(context), m_dialect(DialectOf(context)), m_t(tokens), m_stored(stored),
+      m_names(tokens, context) {}
+
+QString StatementWriter::Write() {
+    const size_t index = IndexKeyword();
+    return index ? IndexDefinition(index) : Range(0, m_t.size());
+}
+
+size_t StatementWriter::IndexKeyword() const {
+    if (!m_t.WordAt(0, u"CREATE")) return 0;
+    size_t k = 1;
+    if (m_t.WordAt(k, u"UNIQUE")) ++k;
+    if (m_t.WordAt(k, u"CLUSTERED") || m_t.WordAt(k, u"NONCLUSTERED")) ++k;
+    return m_t.WordAt(k, u"INDEX") && m_t.WordAt(k + 2, u"ON") ? k : 0;
+}
+
+QString StatementWriter::IndexDefinition(size_t index) {
+    const size_t name = index + 1;
+    const size_t table = index + 3;
+    size_t open = table;
+    while (open < m_t.size() && !m_t[open].IsSymbol(u"("))
+        ++open;
+    if (open == table || open == m_t.size())
+        return Range(0, m_t.size()); // malformed: left to the engine
+    QString engineTable = Range(table, open).trimmed();
+    QString schema;
+    const qsizetype dot = engineTable.lastIndexOf(u'.');
+    if (m_dialect.SchemaOnIndexName() && dot >= 0) {
+        schema = engineTable.left(dot + 1);
+        engineTable = engineTable.mid(dot + 1);
+    }
+    QString indexName = EngineIndexName(m_t[open - 1].text, m_t[name].text);
+    if (m_t[name].kind == TokenKind::QuotedName || m_t[open - 1].kind == TokenKind::QuotedName)
+        indexName = m_dialect.QuoteName(indexName);
+    // The keys are ordered as ORDER BY orders them, so that the engine can read in the
+    // index's order.
+    const size_t close = m_t.Close(open);
+    QString keys;
+    EmitOrderedItems(open + 1, close, keys);
+    return Range(0, name) + m_t[name].leading + schema + indexName + QStringLiteral(" ON ") +
+           engineTable + m_t[open].leading + m_t[open].text + keys + Range(close, m_t.size());
+}
+
+QString StatementWriter::Range(size_t begin, size_t end) {
+    QString out;
+    std::multimap<size_t, QString> limits; // " LIMIT n" written before the token at the key
+    for (size_t i = begin; i < end;) {
+        for (auto [from, to] = limits.equal_range(i); from != to; ++from)
+            out += from->second;
+        limits.erase(i);
+        i = Emit(i, end, out, limits);
+    }
+    for (auto [from, to] = limits.equal_range(end); from != to; ++from)
+        out += from->second;
+    return out;
+}
+
+size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
+                             std::multimap<size_t, QString>& limits) {
+    const Token& t = m_t[i];
+    switch (t.kind) {
+    case TokenKind::QuotedName:
+    case TokenKind::Word:
+        return EmitName(i, end, out, limits);
+    case TokenKind::String: {
+        if (const Token* number = NumberOperandBeside(i)) {
+            out += t.leading + TextAsNumber(t.text, *number);
+            return i + 1;
+        }
+        if (const QString stored = m_stored.StoredText(i); !stored.isEmpty()) {
+            out += t.leading + stored;
+            return i + 1;
+        }
+        const QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
+        out += t.leading + QuoteString(!iso.isEmpty() ? iso
+                                       : m_stored.DropsTrailingBlanks(i)
+                                           ? WithoutTrailingBlanks(t.text)
+                                           : t.text);
+        // Two literals compared have no column to give them the database collation.
+        if ((m_t.IsComparison(i + 1) && m_t.At(i + 2) &&
+             m_t.At(i + 2)->kind == TokenKind::String) ||
+            (m_t.WordAt(i + 1, u"IN") && m_t.SymbolAt(i + 2, u"(") && m_t.At(i + 3) &&
+             m_t.At(i + 3)->kind == TokenKind::String))
+            out += u' ' + m_dialect.CaseInsensitiveCollation();
+        return i + 1;
+    }
+    case TokenKind::Global:
+        out += t.leading + GlobalValue(t.text);
+        return i + 1;
+    case TokenKind::Variable:
+        ThrowUnsupported(QStringLiteral("variable ") + t.text);
+    case TokenKind::Symbol:
+        if (t.IsSymbol(u"+") && IsConcatenation(i)) {
+            out += t.leading + QStringLiteral("||");
+            return i + 1;
+        }
+        if ((t.IsSymbol(u"/") || t.IsSymbol(u"%")) && !m_dialect.CheckedDivisor({}).isEmpty())
+            return EmitCheckedDivisor(i, out);
+        if (t.IsSymbol(u"(") && IsTableHint(i + 1) && i > 0 &&
+            (m_t[i - 1].kind == TokenKind::Word || m_t[i - 1].kind == TokenKind::QuotedName))
+            return SkipBareHints(i);
+        out += t.leading + t.text;
+        return i + 1;
+    case TokenKind::Number:
+        if (IsBinaryLiteral(t)) {
+            out += t.leading + m_dialect.BinaryLiteral(HexDigits(t.text));
+            return i + 1;
+        }
+        CheckIntegerLiterals(i);
+        break;
+    }
+    out += t.leading + t.text;
+    return i + 1;
+}
+
+QString StatementWriter::GlobalValue(const QString& name) const {
+    const QString value = m_context.globalValue ? m_context.globalValue(name.toUpper()) : QString();
+    if (value.isEmpty()) ThrowUnsupported(name);
+    return value;
+}
+
+const Token* StatementWriter::NumberOperandBeside(size_t i) const {
+    static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs, u"/"_qs, u"%"_qs};
+    const auto isNumber = [](const Token* token) {
+        return token && token->kind == TokenKind::Number && !IsBinaryLiteral(*token);
+    };
+    const auto isOperator = [&](size_t k) {
+        return m_t.At(k) && m_t.At(k)->kind == TokenKind::Symbol &&
+               operators.contains(m_t.At(k)->text);
+    };
+    if (i >= 2 && isOperator(i - 1) && isNumber(m_t.At(i - 2))) return m_t.At(i - 2);
+    if (isOperator(i + 1) && isNumber(m_t.At(i + 2))) return m_t.At(i + 2);
+    return nullptr;
+}
+
+bool StatementWriter::IsTextWithNumber(size_t i) const {
+    return m_t.At(i) && m_t.At(i)->kind == TokenKind::String && NumberOperandBeside(i);
+}
+
+void StatementWriter::CheckIntegerLiterals(size_t i) const {
+    static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs};
+    const auto isOperator = [&](size_t k) {
+        return m_t.At(k) && m_t.At(k)->kind == TokenKind::Symbol &&
+               operators.contains(m_t.At(k)->text);
+    };
+    if (!isOperator(i + 1) ||
+        (i > 0 && (isOperator(i - 1) || m_t.SymbolAt(i - 1, u"/") || m_t.SymbolAt(i - 1, u"%"))))
+        return;
+    std::vector<qint64> terms; // the chain's sum, its products worked out first
+    qint64 product = 0;
+    QChar sign = u'+';
+    size_t k = i;
+    for (;; k += 2) {
+        bool integer = false;
+        const qint64 value =
+            m_t.At(k) && m_t.At(k)->kind == TokenKind::Number && !IsBinaryLiteral(*m_t.At(k))
+                ? m_t.At(k)->text.toLongLong(&integer)
+                : 0;
+        if (!integer || value > std::numeric_limits<std::int32_t>::max()) return;
+        product = k == i || !m_t.SymbolAt(k - 1, u"*") ? value : CheckedInt(product * value);
+        const bool productEnds = !m_t.SymbolAt(k + 1, u"*");
+        if (productEnds) {
+            terms.push_back(sign == u'-' ? -product : product);
+            if (!isOperator(k + 1)) break;
+            sign = m_t[k + 1].text[0];
+        }
+        if (m_t.SymbolAt(k + 2, u"(") || m_t.SymbolAt(k + 2, u".")) return;
+    }
+    // A division or modulo of the last literal binds first: the chain is no sum of these.
+    if (m_t.SymbolAt(k + 1, u"/") || m_t.SymbolAt(k + 1, u"%")) return;
+    qint64 sum = 0;
+    for (const qint64 term : terms)
+        sum = CheckedInt(sum + term);
+}
+
+size_t StatementWriter::EmitCheckedDivisor(size_t i, QString& out) {
+    const size_t end = m_t.PrimaryEnd(i + 1);
+    if (end == i + 1) {
+        out += m_t[i].leading + m_t[i].text;
+        return i + 1;
+    }
+    out += m_t[i].leading + m_t[i].text + m_t[i + 1].leading +
+           m_dialect.CheckedDivisor(Range(i + 1, end).trimmed());
+    return end;
+}
+
+bool StatementWriter::IsConcatenation(size_t plus) const {
+    if ((plus > 0 && IsTextWithNumber(plus - 1)) || IsTextWithNumber(plus + 1)) return false;
+    const Token* next = m_t.At(plus + 1);
+    if (next && (next->kind == TokenKind::String || IsTextFunction(*next) || IsTextCast(plus + 1)))
+        return true;
+    // The column of a following t.column is two tokens further on.
+    if (IsTextColumnName(m_t.SymbolAt(plus + 2, u".") ? plus + 3 : plus + 1)) return true;
+    if (plus == 0) return false;
+    const Token& previous = m_t[plus - 1];
+    if (previous.kind == TokenKind::String || IsTextColumnName(plus - 1)) return true;
+    if (!previous.IsSymbol(u")")) return false;
+    for (size_t j = plus - 1; j-- > 0;) {
+        if (m_t[j].IsSymbol(u"(") && m_t.Close(j) == plus - 1)
+            return j > 0 && (IsTextFunction(m_t[j - 1]) || IsTextCast(j - 1));
+    }
+    return false;
+}
+
+size_t StatementWriter::EmitLike(size_t like, bool negated, QString& out) {
+    const size_t patternEnd = m_t.ExpressionEnd(like + 1);
+    out += (negated ? m_t[like - 1].leading : m_t[like].leading) + m_dialect.LikeOperator(negated) +
+           QStringLiteral(" (");
+    if (!m_t.WordAt(patternEnd, u"ESCAPE")) {
+        out += Range(like + 1, patternEnd).trimmed() + u')';
+        return patternEnd;
+    }
+    const Token* escape = m_t.At(patternEnd + 1);
+    if (patternEnd != like + 2 || m_t[like + 1].kind != TokenKind::String || !escape ||
+        escape->kind != TokenKind::String || escape->text.size() != 1)
+        ThrowUnsupported(QStringLiteral("LIKE ... ESCAPE"));
+    out += QuoteString(WithoutEscapes(m_t[like + 1].text, escape->text[0])) + u')';
+    return patternEnd + 2;
+}
+
+bool StatementWriter::IsTextColumnName(size_t i) const {
+    const Token* name = m_t.At(i);
+    if (!name || !m_context.isTextColumn || m_t.SymbolAt(i + 1, u"(") ||
+        (name->kind != TokenKind::Word && name->kind != TokenKind::QuotedName))
+        return false;
+    return m_context.isTextColumn(name->text);
+}
+
+bool StatementWriter::IsTextCast(size_t i) const {
+    if (!m_t.WordAt(i, u"CAST") || !m_t.SymbolAt(i + 1, u"(")) return false;
+    const size_t close = m_t.Close(i + 1);
+    for (size_t j = i + 2; j + 1 < close; ++j) {
+        if (m_t[j].IsWord(u"AS")) {
+            const Token& type = m_t[j + 1];
+            return type.IsWord(u"CHAR") || type.IsWord(u"VARCHAR") || type.IsWord(u"NCHAR") ||
+                   type.IsWord(u"NVARCHAR");
+        }
+    }
+    return false;
+}
+
+size_t StatementWriter::EmitName(size_t i, size_t end, QString& out,
+                                 std::multimap<size_t, QString>& limits) {
+    const Token& t = m_t[i];
+    if (i != m_plainOperand) {
+        const size_t next = EmitDateArithmetic(i, out);
+        if (next != i) return next;
+    }
+    const bool call = m_t.SymbolAt(i + 1, u"(");
+    if (t.kind == TokenKind::Word) {
+        if (t.IsWord(u"SELECT") && m_t.WordAt(i + 1, u"TOP")) return EmitTop(i, end, out, limits);
+        if (call && IsTextFunction(t) && !m_dialect.TextResultCollation().isEmpty()) {
+            const size_t after = m_t.Close(i + 1) + 1;
+            // Written after the call, before a LIMIT that may follow it.
+            if (m_t.IsComparison(i - 1) || m_t.IsComparison(after) || m_t.WordAt(i - 1, u"BY"))
+                limits.emplace_hint(limits.lower_bound(after), after,
+                                    m_dialect.TextResultCollation());
+        }
+        if (call) {
+            const size_t next = EmitFunction(i, out);
+            if (next != i) return next;
+        }
+        if (t.IsWord(u"ORDER") && m_t.WordAt(i + 1, u"BY")) return EmitOrderBy(i, end, out);
+        if (!m_dialect.LikeOperator(false).isEmpty()) {
+            if (t.IsWord(u"LIKE")) return EmitLike(i, false, out);
+            if (t.IsWord(u"NOT") && m_t.WordAt(i + 1, u"LIKE")) return EmitLike(i + 1, true, out);
+        }
+        if (t.IsWord(u"WITH") && m_t.SymbolAt(i + 1, u"(") && IsTableHint(i + 2))
+            return SkipHints(i);
+        if (t.IsWord(u"DEFAULT") && i >= 2 && m_t[i - 1].IsSymbol(u"=") &&
+            !m_dialect.HasDefaultValues() && m_t.WordAt(0, u"UPDATE"))
+            return EmitSetDefault(i, out);
+        if (!m_dialect.AlterColumnTypeWord().isEmpty() && t.IsWord(u"COLUMN") && i > 0 &&
+            m_t[i - 1].IsWord(u"ALTER") && i + 1 < end) {
+            out += t.leading + t.text; // ALTER COLUMN c <word> t
+            const size_t next = m_names.Write(i + 1, out);
+            out += m_dialect.AlterColumnTypeWord();
+            return next;
+        }
+        if (t.IsWord(u"NONCLUSTERED") || t.IsWord(u"CLUSTERED")) return i + 1;
+        if (t.IsWord(u"ON") && m_t.At(i + 1) &&
+            m_t.At(i + 1)->Is(TokenKind::QuotedName, u"PRIMARY"))
+            return i + 2; // filegroup clause
+        if (m_t.IsDdl()) {
+            const QString type = m_dialect.ColumnType(t.text);
+            if (!type.isEmpty() && i > 0 &&
+                (m_t[i - 1].kind != TokenKind::Symbol || m_t[i - 1].text.isEmpty())) {
+                out += t.leading + type;
+                if (m_t.SymbolAt(i + 1, u"(") && !m_dialect.KeepsTypeLength(t.text))
+                    return m_t.Close(i + 1) + 1;
+                return i + 1;
+            }
+        }
+    }
+    return m_names.Write(i, out);
+}
+
+size_t StatementWriter::EmitOrderBy(size_t order, size_t end, QString& out) {
+    out += m_t[order].leading + m_t[order].text + m_t[order + 1].leading + m_t[order + 1].text;
+    const size_t last = OrderByEnd(order + 2, end);
+    EmitOrderedItems(order + 2, last, out);
+    return last;
+}
+
+size_t StatementWriter::OrderByEnd(size_t from, size_t end) const {
+    static const QStringList after = {QStringLiteral("FOR"),    QStringLiteral("OPTION"),
+                                      QStringLiteral("OFFSET"), QStringLiteral("UNION"),
+                                      QStringLiteral("EXCEPT"), QStringLiteral("INTERSECT"),
+                                      QStringLiteral("COMPUTE")};
+    int depth = 0;
+    for (size_t i = from; i < end; ++i) {
+        if (m_t[i].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[i].IsSymbol(u")") && --depth < 0)
+            return i;
+        else if (depth == 0 && m_t[i].kind == TokenKind::Word &&
+                 after.contains(m_t[i].text, Qt::CaseInsensitive))
+            return i;
+    }
+    return end;
+}
+
+void StatementWriter::EmitOrderedItems(size_t from, size_t end, QString& out) {
+    for (size_t item = from; item < end;) {
+        size_t next = item;
+        for (int depth = 0; next < end && !(depth == 0 && m_t[next].IsSymbol(u",")); ++next) {
+            if (m_t[next].IsSymbol(u"("))
+                ++depth;
+            else if (m_t[next].IsSymbol(u")"))
+                --depth;
+        }
+        out += Range(item, next) + NullsOrder(item, next);
+        if (next < end) out += m_t[next].leading + m_t[next].text;
+        item = next + 1;
+    }
+}
+
+QString StatementWriter::NullsOrder(size_t first, size_t last) const {
+    if (first == last || m_dialect.NullsOrder(false).isEmpty()) return {};
+    if (last - first >= 2 && m_t[last - 2].IsWord(u"NULLS")) return {};
+    const bool descending = m_t[last - 1].IsWord(u"DESC");
+    const size_t expressionEnd = descending || m_t[last - 1].IsWord(u"ASC") ? last - 1 : last;
+    const Token* column = m_t.NamedColumn(first, expressionEnd);
+    if (column && m_context.mayBeNull && !m_context.mayBeNull(column->text)) return {};
+    return m_dialect.NullsOrder(descending);
+}
+
+bool StatementWriter::IsIntegerColumn(size_t first, size_t end) const {
+    const Token* column = m_t.NamedColumn(first, end);
+    return column && m_context.isIntegerColumn && m_context.isIntegerColumn(column->text);
+}
+
+size_t StatementWriter::EmitTop(size_t select, size_t end, QString& out,
+                                std::multimap<size_t, QString>& limits) {
+    size_t count = select + 2;
+    QString n;
+    size_t next;
+    if (m_t.SymbolAt(count, u"(")) {
+        const size_t close = m_t.Close(count);
+        n = Range(count + 1, close).trimmed();
+        next = close + 1;
+    } else if (m_t.At(count) && m_t.At(count)->kind == TokenKind::Number) {
+        n = m_t[count].text;
+        next = count + 1;
+    } else {
+        ThrowStatementError(QStringLiteral("Incorrect syntax near 'TOP'."), ado::kNativeSyntax);
+    }
+    const size_t scopeEnd = ScopeEnd(select, end);
+    QString limit = QStringLiteral(" LIMIT ") + n;
+    if (m_t.WordAt(next, u"PERCENT")) {
+        limit = QStringLiteral(" LIMIT ") + PercentCount(select, scopeEnd, n);
+        ++next;
+    }
+    if (m_t.WordAt(next, u"WITH") && m_t.WordAt(next + 1, u"TIES")) {
+        limit = m_t.WordAt(next - 1, u"PERCENT") ? QString() : m_dialect.FirstRowsWithTies(n);
+        if (limit.isEmpty()) ThrowUnsupported(QStringLiteral("TOP ... WITH TIES"));
+        next += 2;
+    }
+    limits.emplace(scopeEnd, limit);
+    out += m_t[select].leading + m_t[select].text;
+    return next;
+}
+
+QString StatementWriter::PercentCount(size_t select, size_t scopeEnd, const QString& percent) {
+    bool whole = false;
+    percent.toInt(&whole);
+    const size_t from = m_t.DepthZeroWord(select + 1, u"FROM");
+    const size_t order = std::min(m_t.DepthZeroWord(from, u"ORDER"), scopeEnd);
+    if (!whole || from >= scopeEnd || m_t.DepthZeroWord(from, u"GROUP") < scopeEnd)
+        ThrowUnsupported(QStringLiteral("TOP ") + percent + QStringLiteral(" PERCENT"));
+    return QStringLiteral("(SELECT (count(*) * %1 + 99) / 100 ").arg(percent) +
+           Range(from, order).trimmed() + u')';
+}
+
+size_t StatementWriter::ScopeEnd(size_t select, size_t end) const {
+    int depth = 0;
+    for (size_t i = select + 1; i < end; ++i) {
+        if (m_t[i].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[i].IsSymbol(u")") && --depth < 0)
+            return i;
+        else if (depth == 0 && m_t[i].IsWord(u"UNION"))
+            ThrowUnsupported(QStringLiteral("TOP con UNION"));
+    }
+    return end;
+}
+
+bool StatementWriter::IsTableHint(size_t i) const {
+    static const QStringList hints = {QStringLiteral("TABLOCKX"), QStringLiteral("TABLOCK"),
+                                      QStringLiteral("NOLOCK"),   QStringLiteral("HOLDLOCK"),
+                                      QStringLiteral("UPDLOCK"),  QStringLiteral("ROWLOCK"),
+                                      QStringLiteral("XLOCK"),    QStringLiteral("READPAST")};
+    return m_t.At(i) && m_t.At(i)->kind == TokenKind::Word &&
+           hints.contains(m_t.At(i)->text, Qt::CaseInsensitive);
+}
+
+size_t StatementWriter::SkipHints(size_t with) {
+    const size_t close = m_t.Close(with + 1);
+    for (size_t j = with + 2; j < close; ++j) {
+        if (m_t[j].IsWord(u"TABLOCKX") || m_t[j].IsWord(u"XLOCK")) m_exclusive << HintedTable(with);
+    }
+    return close + 1;
+}
+
+size_t StatementWriter::SkipBareHints(size_t open) {
+    const size_t close = m_t.Close(open);
+    for (size_t j = open + 1; j < close; ++j) {
+        if (m_t[j].IsWord(u"TABLOCKX") || m_t[j].IsWord(u"XLOCK")) m_exclusive << HintedTable(open);
+    }
+    return close + 1;
+}
+
+QString StatementWriter::HintedTable(size_t with) const {
+    size_t j = with;
+    while (j > 0 && !(m_t[j - 1].IsWord(u"FROM") || m_t[j - 1].IsWord(u"UPDATE") ||
+                      m_t[j - 1].IsWord(u"INTO")))
+        --j;
+    StatementTokens table(Tokens(m_t.begin() + j, m_t.begin() + with));
+    StoredValues stored(table, m_context);
+    return StatementWriter(table, m_context, stored).Range(0, with - j).trimmed();
+}
+
+size_t StatementWriter::EmitSetDefault(size_t i, QString& out) {
+    const QString column = m_t[i - 2].text;
+    const QString table = m_t[1].text;
+    const QString value =
+        m_context.columnDefault ? m_context.columnDefault(table, column) : QString();
+    out += m_t[i].leading + (value.isEmpty() ? QStringLiteral("NULL") : value);
+    return i + 1;
+}
+
+} // namespace zlx::tsql

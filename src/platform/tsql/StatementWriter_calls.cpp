@@ -1,0 +1,173 @@
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/StatementWriter.h"
+#include "platform/tsql/TsqlDateFunctions.h"
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlLiterals.h"
+#include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TsqlTranslator.h"
+
+namespace zlx::tsql {
+
+size_t StatementWriter::EmitFunction(size_t i, QString& out) {
+    const Token& t = m_t[i];
+    const size_t open = i + 1;
+    const size_t close = m_t.Close(open);
+    const auto commas = m_t.Commas(open, close);
+    auto arg = [&](size_t k) {
+        if (k > commas.size())
+            ThrowStatementError(
+                QStringLiteral("The %1 function requires more arguments.").arg(t.text), 174);
+        const size_t from = k == 0 ? open + 1 : commas[k - 1] + 1;
+        const size_t to = k < commas.size() ? commas[k] : close;
+        return Range(from, to).trimmed();
+    };
+    const QString lead = t.leading;
+    if (const FunctionSpelling* spelling = m_dialect.FindFunction(t.text)) {
+        const int count = close == open + 1 ? 0 : static_cast<int>(commas.size()) + 1;
+        if (!spelling->exact || count == spelling->arguments) {
+            QStringList arguments;
+            for (int k = 0; k < spelling->arguments; ++k)
+                arguments << arg(static_cast<size_t>(k));
+            out += lead + FillPattern(spelling->pattern, arguments);
+            return close + 1;
+        }
+    }
+    if (t.IsWord(u"SERVERPROPERTY")) {
+        if (arg(0).compare(u"'ProductVersion'", Qt::CaseInsensitive) != 0)
+            ThrowUnsupported(QStringLiteral("ServerProperty(") + arg(0) + u')');
+        out += lead + QuoteString(QString::fromLatin1(kProductVersion));
+        return close + 1;
+    }
+    if (t.IsWord(u"DATABASEPROPERTY")) {
+        // The engines have no offline or shut-down databases.
+        const QString property = arg(1);
+        if (property.compare(u"'IsShutDown'", Qt::CaseInsensitive) != 0 &&
+            property.compare(u"'IsOffline'", Qt::CaseInsensitive) != 0)
+            ThrowUnsupported(QStringLiteral("DATABASEPROPERTY(") + property + u')');
+        out += lead + QStringLiteral("0");
+        return close + 1;
+    }
+    if (t.IsWord(u"DB_NAME") && close == open + 1) {
+        out += lead + m_dialect.CurrentDatabaseName();
+        return close + 1;
+    }
+    if (t.IsWord(u"AVG") && IsIntegerColumn(open + 1, close)) {
+        // The average of integers is an integer, its fraction dropped.
+        out += lead + m_dialect.TruncatingCast(
+                          QStringLiteral("AVG(%1)").arg(Range(open + 1, close).trimmed()),
+                          m_dialect.CastType(QStringLiteral("BIGINT")));
+        return close + 1;
+    }
+    if (DateFunctionWriter::Handles(t.text)) {
+        out += lead + DateWriterFor(m_context).Call(t.text, CallArguments(open, close, commas));
+        return close + 1;
+    }
+    if (t.IsWord(u"CAST")) return EmitCast(i, close, out);
+    if (t.IsWord(u"LEN")) {
+        out += lead + QStringLiteral("length(rtrim(%1))").arg(arg(0));
+        return close + 1;
+    }
+    return i;
+}
+
+CallArgument StatementWriter::ArgumentOf(size_t from, size_t to) {
+    const bool text = to == from + 1 && m_t[from].kind == TokenKind::String;
+    return CallArgument{Range(from, to), text, text ? m_t[from].text : QString()};
+}
+
+std::vector<CallArgument> StatementWriter::CallArguments(size_t open, size_t close,
+                                                         const std::vector<size_t>& commas) {
+    std::vector<CallArgument> arguments;
+    if (close == open + 1) return arguments;
+    for (const auto& [from, to] : m_t.Items(open, close, commas))
+        arguments.push_back(ArgumentOf(from, to));
+    return arguments;
+}
+
+size_t StatementWriter::EmitDateArithmetic(size_t i, QString& out) {
+    const size_t end = m_t.PrimaryEnd(i);
+    const bool plus = m_t.SymbolAt(end, u"+");
+    if (end == i || !(plus || m_t.SymbolAt(end, u"-"))) return i;
+    const Token* days = m_t.At(end + 1);
+    if (!days || days->kind != TokenKind::Number || IsBinaryLiteral(*days) ||
+        m_t.SymbolAt(end + 2, u"*") || m_t.SymbolAt(end + 2, u"/") || m_t.SymbolAt(end + 2, u"%") ||
+        !IsDateOperand(i, end))
+        return i;
+    m_plainOperand = i;
+    const QString value = Range(i, end).trimmed();
+    m_plainOperand = kNone;
+    out += m_t[i].leading +
+           m_dialect.DatePlusDays(value, (plus ? QString() : QStringLiteral("-")) + days->text);
+    return end + 2;
+}
+
+bool StatementWriter::IsDateOperand(size_t i, size_t end) const {
+    const Token& t = m_t[i];
+    if (m_t.SymbolAt(i + 1, u"(") && t.kind == TokenKind::Word) {
+        if (t.IsWord(u"GETDATE") || t.IsWord(u"DATEADD")) return true;
+        if (t.IsWord(u"CONVERT"))
+            return m_t.At(i + 2) && DateFunctionWriter::IsDateType(m_t.At(i + 2)->text);
+        if (!t.IsWord(u"CAST")) return false;
+        const size_t close = m_t.Close(i + 1);
+        return m_t.WordAt(close - 2, u"AS") && DateFunctionWriter::IsDateType(m_t[close - 1].text);
+    }
+    const Token& column = m_t[end - 1];
+    return (column.kind == TokenKind::Word || column.kind == TokenKind::QuotedName) &&
+           m_context.isDateColumn && m_context.isDateColumn(column.text);
+}
+
+size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
+    size_t as = close;
+    int depth = 0;
+    for (size_t j = cast + 2; j < close; ++j) {
+        if (m_t[j].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[j].IsSymbol(u")"))
+            --depth;
+        else if (depth == 0 && m_t[j].IsWord(u"AS"))
+            as = j;
+    }
+    if (as == close)
+        ThrowStatementError(QStringLiteral("Incorrect syntax near 'CAST'."), ado::kNativeSyntax);
+    const QString type =
+        TokensToSql(Tokens(m_t.begin() + as + 1, m_t.begin() + close)).simplified().toUpper();
+    const QString lead = m_t[cast].leading;
+    if (type == u"DATETIME" && m_t.WordAt(cast + 2, u"FLOOR") && m_t.WordAt(cast + 4, u"CAST")) {
+        const size_t innerClose = m_t.Close(cast + 5);
+        size_t innerAs = innerClose - 2;
+        if (m_t[innerAs].IsWord(u"AS") && m_t[innerAs + 1].IsWord(u"FLOAT")) {
+            const QString value = Range(cast + 6, innerAs).trimmed();
+            out += lead + m_dialect.DateOnly(value);
+            return close + 1;
+        }
+    }
+    if (as == cast + 3 && m_t[cast + 2].kind == TokenKind::String &&
+        m_t[cast + 2].text.trimmed().isEmpty()) {
+        // CAST('' AS INT) is 0, CAST('' AS DATETIME) the date numbered 0.
+        const ColumnKind kind = KindOfTsqlType(type);
+        const QString blank = m_stored.BlankAs(kind);
+        if (!blank.isEmpty()) {
+            const QString engineType =
+                kind == ColumnKind::Date ? QString() : m_dialect.CastType(type);
+            out += lead + (engineType.isEmpty() ? blank : m_dialect.Cast(blank, type, false));
+            return close + 1;
+        }
+    }
+    if (as == cast + 3 && m_t[cast + 2].kind == TokenKind::String) {
+        if (const QString date =
+                DateWriterFor(m_context).CastLiteral(ArgumentOf(cast + 2, as), type);
+            !date.isEmpty()) {
+            out += lead + date;
+            return close + 1;
+        }
+    }
+    const bool textLiteral = as == cast + 3 && m_t[cast + 2].kind == TokenKind::String;
+    if (textLiteral && KindOfTsqlType(type) == ColumnKind::Integer)
+        RequireIntegerText(m_t[cast + 2].text);
+    const QString sql = m_dialect.Cast(Range(cast + 2, as).trimmed(), type, textLiteral);
+    if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CAST AS ") + type);
+    out += lead + sql;
+    return close + 1;
+}
+
+} // namespace zlx::tsql

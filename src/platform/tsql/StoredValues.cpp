@@ -1,0 +1,204 @@
+#include "platform/tsql/StoredValues.h"
+
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlDateFunctions.h"
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlLiterals.h"
+#include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TsqlTranslator.h"
+#include "platform/tsql/TypeNames.h"
+
+#include <algorithm>
+
+namespace zlx::tsql {
+
+StoredValues::StoredValues(StatementTokens& tokens, const TranslationContext& context)
+    : m_t(tokens), m_context(context), m_dialect(DialectOf(context)) {}
+
+void StoredValues::PrepareStoredDecimals() {
+    const bool insert = m_t.WordAt(0, u"INSERT");
+    if (!m_context.tableColumns || (!insert && !m_t.WordAt(0, u"UPDATE")) ||
+        m_dialect.ScaledDecimal(QStringLiteral("x"), 1, 0).isEmpty())
+        return;
+    m_target = StoreTarget(insert);
+    if (std::none_of(m_target->columns.begin(), m_target->columns.end(),
+                     [](const TableColumn& c) { return DecimalType(c.type).has_value(); }))
+        return;
+    const std::vector<StoredItem> items = insert ? InsertedItems() : SetItems();
+    for (auto item = items.rbegin(); item != items.rend(); ++item) {
+        const TableColumn* column = FindColumn(m_target->columns, item->column);
+        const auto digits = column ? DecimalType(column->type) : std::nullopt;
+        // DEFAULT stays as written; a blank text is StoredText's.
+        const Token& value = m_t[item->first];
+        const bool single = item->last == item->first + 1;
+        if (!digits || (single && (value.IsWord(u"DEFAULT") || (value.kind == TokenKind::String &&
+                                                                value.text.trimmed().isEmpty()))))
+            continue;
+        const QString call =
+            m_dialect.ScaledDecimal(QStringLiteral("\x01"), digits->precision, digits->scale);
+        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->last),
+                   Raw(call.section(u'\x01', 1)));
+        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->first),
+                   Raw(call.section(u'\x01', 0, 0), m_t[item->first].leading));
+        m_t[item->first + 1].leading.clear();
+    }
+}
+
+std::vector<StoredValues::StoredItem> StoredValues::InsertedItems() const {
+    std::vector<StoredItem> items;
+    for (size_t open = m_t.DepthZeroWord(0, u"VALUES") + 1; m_t.SymbolAt(open, u"("); open += 2) {
+        const size_t close = m_t.Close(open);
+        size_t position = 0;
+        for (const auto& [first, last] : m_t.Items(open, close, m_t.Commas(open, close))) {
+            const QString column =
+                m_target->listed ? m_target->listed->value(static_cast<qsizetype>(position))
+                : position < m_target->columns.size() ? m_target->columns[position].name
+                                                      : QString();
+            if (last > first) items.push_back({first, last, column});
+            ++position;
+        }
+        open = close;
+        if (!m_t.SymbolAt(open + 1, u",")) break;
+    }
+    return items;
+}
+
+std::vector<StoredValues::StoredItem> StoredValues::SetItems() const {
+    std::vector<StoredItem> items;
+    size_t first = m_t.DepthZeroWord(0, u"SET") + 1;
+    for (size_t i = first, depth = 0; i <= m_t.size(); ++i) {
+        const bool end =
+            i == m_t.size() || (depth == 0 && (m_t[i].IsSymbol(u",") || m_t[i].IsWord(u"WHERE") ||
+                                               m_t[i].IsWord(u"FROM") || m_t[i].IsWord(u"OPTION")));
+        if (end) {
+            if (i > first + 2 && m_t[first + 1].IsSymbol(u"=") && IsName(m_t[first]))
+                items.push_back({first + 2, i, m_t[first].text});
+            if (i == m_t.size() || !m_t[i].IsSymbol(u",")) break;
+            first = i + 1;
+        } else if (m_t[i].IsSymbol(u"(")) {
+            ++depth;
+        } else if (m_t[i].IsSymbol(u")")) {
+            --depth;
+        }
+    }
+    return items;
+}
+
+bool StoredValues::DropsTrailingBlanks(size_t i) const {
+    if (!m_dialect.TrailingBlanksCount()) return false;
+    if (InSetList(i)) return IsWholeSetValue(i);
+    return m_t.IsComparison(i - 1) || m_t.IsComparison(i + 1) || IsInsertedValue(i);
+}
+
+bool StoredValues::IsInsertedValue(size_t i) const {
+    if (!m_t.WordAt(0, u"INSERT") || !(m_t.SymbolAt(i - 1, u"(") || m_t.SymbolAt(i - 1, u",")) ||
+        !(m_t.SymbolAt(i + 1, u")") || m_t.SymbolAt(i + 1, u",")))
+        return false;
+    size_t open = i;
+    for (int depth = 0; open-- > 0;) {
+        if (m_t[open].IsSymbol(u")"))
+            ++depth;
+        else if (m_t[open].IsSymbol(u"(") && depth-- == 0)
+            break;
+    }
+    return open > 0 && open < i &&
+           (m_t.WordAt(open - 1, u"VALUES") || m_t.SymbolAt(open - 1, u","));
+}
+
+QString StoredValues::StoredText(size_t i) {
+    const QString& text = m_t[i].text;
+    const bool blank = text.trimmed().isEmpty();
+    const QString word = text.trimmed().toUpper();
+    const bool truth = word == u"TRUE" || word == u"FALSE";
+    if (!m_context.tableColumns) return {};
+    const std::optional<ColumnKind> kind = StoredColumnKind(i);
+    if (!kind) return {};
+    if (blank) return BlankAs(*kind);
+    // An integer column takes a text of an integer only ('12.5' is error 245).
+    if (*kind == ColumnKind::Integer) {
+        RequireIntegerText(text);
+        return text.trimmed();
+    }
+    // A BIT takes the words TRUE and FALSE.
+    if (truth && *kind == ColumnKind::Bit)
+        return word == u"TRUE" ? QStringLiteral("1") : QStringLiteral("0");
+    // A text of a date's shape that is no date (30/02/2024) is refused as SQL Server does.
+    if (*kind == ColumnKind::Date && HasDateShape(text) &&
+        NormalizedDateLiteral(text, m_context.dayMonthYear).isEmpty())
+        return DateWriterFor(m_context).CastLiteral(CallArgument{QuoteString(text), true, text},
+                                                    QStringLiteral("DATETIME"));
+    return {};
+}
+
+QString StoredValues::BlankAs(ColumnKind kind) const {
+    switch (kind) {
+    case ColumnKind::Integer:
+    case ColumnKind::Bit:
+    case ColumnKind::Float:
+    case ColumnKind::Money:
+        return QStringLiteral("0");
+    case ColumnKind::Decimal:
+        ThrowStatementError(QStringLiteral("Error converting data type varchar to numeric."),
+                            ado::kNativeNumericConversion, QStringLiteral("22018"));
+    case ColumnKind::Date:
+        return m_dialect.DateLiteral(QuoteString(m_context.jetDates
+                                                     ? QStringLiteral("1899-12-30 00:00:00")
+                                                     : QStringLiteral("1900-01-01 00:00:00")));
+    case ColumnKind::Text:
+    case ColumnKind::Other:
+        break;
+    }
+    return {};
+}
+
+std::optional<ColumnKind> StoredValues::StoredColumnKind(size_t i) {
+    const bool inserted = IsInsertedValue(i);
+    if (!inserted && !(IsWholeSetValue(i) && i >= 2 && IsName(m_t[i - 2]))) return std::nullopt;
+    // The target's columns are looked up once per statement.
+    if (!m_target) m_target = StoreTarget(inserted);
+    QString column;
+    if (!inserted) {
+        column = m_t[i - 2].text;
+    } else {
+        const size_t position = m_t.ValuePosition(i);
+        if (!m_target->listed.has_value()) {
+            if (position >= m_target->columns.size()) return std::nullopt;
+            return m_target->columns[position].kind;
+        }
+        if (position >= static_cast<size_t>(m_target->listed->size())) return std::nullopt;
+        column = m_target->listed->at(static_cast<qsizetype>(position));
+    }
+    const TableColumn* found = FindColumn(m_target->columns, column);
+    return found ? std::optional(found->kind) : std::nullopt;
+}
+
+StoredValues::StoreTargetColumns StoredValues::StoreTarget(bool insert) const {
+    const size_t name = insert && m_t.WordAt(1, u"INTO") ? 2 : 1;
+    const size_t end = m_t.QualifiedNameEnd(name);
+    StoreTargetColumns target;
+    if (end == name) return target;
+    target.columns = m_context.tableColumns(
+        TokensToSql(Tokens(m_t.begin() + name, m_t.begin() + end)).trimmed());
+    if (insert && m_t.SymbolAt(end, u"(")) target.listed = m_t.ColumnList(end);
+    return target;
+}
+
+bool StoredValues::IsWholeSetValue(size_t i) const {
+    return InSetList(i) && m_t.SymbolAt(i - 1, u"=") &&
+           (!m_t.At(i + 1) || m_t.SymbolAt(i + 1, u",") || m_t.WordAt(i + 1, u"WHERE") ||
+            m_t.WordAt(i + 1, u"FROM"));
+}
+
+bool StoredValues::InSetList(size_t i) const {
+    if (!m_t.WordAt(0, u"UPDATE")) return false;
+    bool inSet = false;
+    for (size_t j = 0; j < i; ++j) {
+        if (m_t[j].IsWord(u"SET"))
+            inSet = true;
+        else if (m_t[j].IsWord(u"WHERE") || m_t[j].IsWord(u"FROM"))
+            inSet = false;
+    }
+    return inSet;
+}
+
+} // namespace zlx::tsql

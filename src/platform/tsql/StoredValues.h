@@ -1,0 +1,79 @@
+#pragma once
+// The values an INSERT's VALUES or an UPDATE's SET list stores, as SQL Server stores them in the
+// column's type: decimals rounded to the column's scale, texts in number, BIT or date columns
+// converted (or refused with SQL Server's error), trailing blanks of stored texts dropped on an
+// engine whose comparisons count them. Looks the target table's columns up once per statement.
+
+#include "platform/tsql/StatementTokens.h"
+#include "platform/tsql/TableColumns.h"
+#include "platform/tsql/TranslationContext.h"
+
+#include <optional>
+#include <vector>
+
+namespace zlx::tsql {
+
+class StoredValues {
+public:
+    StoredValues(StatementTokens& tokens, const TranslationContext& context);
+
+    // On an engine whose numeric columns keep any number, what an INSERT's VALUES or an
+    // UPDATE's SET list stores in a DECIMAL or MONEY column is rounded to the column's scale
+    // (and held to its precision) by the engine's function.
+    void PrepareStoredDecimals();
+
+    // On an engine whose comparisons count trailing blanks, a string literal loses them where
+    // it is compared (an operand of =, <>, <, >, <= or >=) or stored (a whole value of VALUES
+    // or of an UPDATE's SET list), so that stored texts and the texts compared with them
+    // differ as on SQL Server.
+    bool DropsTrailingBlanks(size_t i) const;
+
+    // A text stored in a column of another type, converted as SQL Server converts it; empty
+    // when the literal is written as it is.
+    QString StoredText(size_t i);
+
+    // A blank text is 0 in a number column and the date numbered 0 in a date column; a
+    // DECIMAL has no such reading. Empty: the text stays a text.
+    QString BlankAs(ColumnKind kind) const;
+
+private:
+    // A value stored by an INSERT or UPDATE: tokens [first, last) going into `column`.
+    struct StoredItem {
+        size_t first;
+        size_t last;
+        QString column;
+    };
+
+    // The values of each row of VALUES, with the column each goes into.
+    std::vector<StoredItem> InsertedItems() const;
+
+    // The c = value items of an UPDATE's SET list.
+    std::vector<StoredItem> SetItems() const;
+
+    bool IsInsertedValue(size_t i) const;
+
+    // The kind of the column that the literal at `i` is stored in: a whole value of an
+    // INSERT's VALUES or of an UPDATE's SET list. nullopt for any other literal.
+    std::optional<ColumnKind> StoredColumnKind(size_t i);
+
+    // The table an INSERT or UPDATE stores in, with an INSERT's column list when it has one.
+    struct StoreTargetColumns {
+        TableColumns columns;
+        std::optional<QStringList> listed;
+    };
+
+    StoreTargetColumns StoreTarget(bool insert) const;
+
+    // A whole value of an UPDATE's SET list: c = <literal> followed by a comma, WHERE, FROM or
+    // the end.
+    bool IsWholeSetValue(size_t i) const;
+
+    bool InSetList(size_t i) const;
+
+    StatementTokens& m_t;
+    const TranslationContext& m_context;
+    const EngineDialect& m_dialect;
+    std::optional<StoreTargetColumns> m_target; // what StoredColumnKind looked up
+};
+
+} // namespace zlx::tsql

@@ -1,0 +1,147 @@
+#include "platform/tsql/TableDefinitionRewriter.h"
+
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlTokenizer.h"
+
+namespace zlx::tsql {
+
+TableDefinitionRewriter::TableDefinitionRewriter(StatementTokens& tokens,
+                                                 const TranslationContext& context)
+    : m_t(tokens), m_context(context), m_dialect(DialectOf(context)) {}
+
+std::optional<std::int64_t> TableDefinitionRewriter::Rewrite() {
+    PrepareDefinitions();
+    return m_identityStart;
+}
+
+void TableDefinitionRewriter::PrepareDefinitions() {
+    if (!m_t.IsDdl()) return;
+    for (size_t i = 0; i < m_t.size(); ++i) {
+        AddColumnCheck(i);
+        if (IsTextColumnType(i)) {
+            CollateWithoutCase(i);
+        } else if (m_t[i].IsWord(u"DEFAULT") && m_t.At(i + 1) &&
+                   m_t.At(i + 1)->Is(TokenKind::Number, u"0") && IsDateColumnBefore(i)) {
+            // A date column's default 0 is the date numbered 0.
+            m_t[i + 1].kind = TokenKind::String;
+            m_t[i + 1].text = m_context.jetDates ? QStringLiteral("1899-12-30 00:00:00")
+                                                 : QStringLiteral("1900-01-01 00:00:00");
+        } else if (m_t[i].IsWord(u"DEFAULT") && m_t.WordAt(i + 1, u"GETDATE") &&
+                   m_t.SymbolAt(i + 2, u"(")) {
+            // A call as a column's default goes in parentheses, which SQLite requires.
+            m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(m_t.Close(i + 2)) + 1,
+                       Raw(QStringLiteral(")")));
+            m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(i) + 1,
+                       Raw(QStringLiteral("("), m_t[i + 1].leading));
+            m_t[i + 2].leading.clear();
+        } else if (m_t[i].IsWord(u"IDENTITY") && m_t.SymbolAt(i + 1, u"(")) {
+            const size_t close = m_t.Close(i + 1);
+            const QString arguments =
+                TokensToSql(Tokens(m_t.begin() + i + 2, m_t.begin() + close)).simplified();
+            const QStringList parts = QString(arguments).remove(u' ').split(u',');
+            bool seedOk = false, stepOk = false;
+            const qint64 seed = parts.value(0).toLongLong(&seedOk);
+            const qint64 step = parts.value(1).toLongLong(&stepOk);
+            const IdentitySpelling identity = parts.size() == 2 && seedOk && stepOk && step != 0
+                                                  ? m_dialect.Identity(seed, step)
+                                                  : IdentitySpelling();
+            if (identity.text.isEmpty())
+                ThrowUnsupported(QStringLiteral("IDENTITY(") + arguments + u')');
+            m_t.erase(m_t.begin() + i + 1, m_t.begin() + close + 1);
+            if (identity.integerKey) {
+                RetypeAsInteger(i);
+                i -= DropColumnPrimaryKey(i);
+            }
+            m_t[i] = Raw(identity.text, m_t[i].leading);
+            m_identityStart = identity.start;
+        } else if (m_t[i].IsWord(u"AUTOINCREMENT")) {
+            m_t[i] = Raw(m_dialect.Autoincrement(), m_t[i].leading);
+            if (m_dialect.MarksAutoincrementKey()) MarkAutoincrementKey(i);
+        }
+    }
+}
+
+void TableDefinitionRewriter::AddColumnCheck(size_t type) {
+    if (m_t.WordAt(3, u"ALTER") || type == 0 || m_t[type].kind != TokenKind::Word) return;
+    if (m_t.WordAt(0, u"ALTER") && !m_dialect.ChecksAddedColumns()) return;
+    const Token& column = m_t[type - 1];
+    if ((column.kind != TokenKind::Word && column.kind != TokenKind::QuotedName) ||
+        column.IsWord(u"AS") || column.IsWord(u"TABLE") || column.IsWord(u"COLUMN"))
+        return;
+    size_t end = type + 1;
+    if (m_t.SymbolAt(end, u"(")) end = m_t.Close(end) + 1;
+    const auto [first, last] = m_t.ColumnDefinitionAround(type);
+    for (size_t j = first; j < last; ++j)
+        if (m_t[j].IsWord(u"IDENTITY")) return;
+    const QString typeText =
+        TokensToSql(Tokens(m_t.begin() + type, m_t.begin() + end)).simplified().toUpper();
+    const QString check = m_dialect.ColumnCheck(
+        column.kind == TokenKind::QuotedName ? m_dialect.QuoteName(column.text) : column.text,
+        typeText);
+    if (!check.isEmpty())
+        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end), Raw(check, QStringLiteral(" ")));
+}
+
+bool TableDefinitionRewriter::IsDateColumnBefore(size_t i) const {
+    for (size_t j = i; j-- > 0;) {
+        if (m_t[j].IsSymbol(u",") || m_t[j].IsSymbol(u"(") || m_t[j].IsWord(u"ADD")) break;
+        if (m_t[j].IsWord(u"DATETIME") || m_t[j].IsWord(u"SMALLDATETIME") || m_t[j].IsWord(u"DATE"))
+            return true;
+    }
+    return false;
+}
+
+bool TableDefinitionRewriter::IsTextColumnType(size_t i) const {
+    static const QStringList types = {QStringLiteral("CHAR"),  QStringLiteral("VARCHAR"),
+                                      QStringLiteral("NCHAR"), QStringLiteral("NVARCHAR"),
+                                      QStringLiteral("TEXT"),  QStringLiteral("NTEXT")};
+    if (m_t[i].kind != TokenKind::Word || i == 0 ||
+        !types.contains(m_t[i].text, Qt::CaseInsensitive))
+        return false;
+    const Token& previous = m_t[i - 1];
+    return (previous.kind == TokenKind::Word || previous.kind == TokenKind::QuotedName) &&
+           !previous.IsWord(u"AS") && !previous.IsWord(u"TABLE");
+}
+
+void TableDefinitionRewriter::CollateWithoutCase(size_t type) {
+    size_t end = type + 1;
+    if (m_t.SymbolAt(end, u"(")) end = m_t.Close(end) + 1;
+    if (m_t.WordAt(end, u"COLLATE")) return;
+    m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end),
+               Raw(m_dialect.CaseInsensitiveCollation(), QStringLiteral(" ")));
+}
+
+void TableDefinitionRewriter::RetypeAsInteger(size_t identity) {
+    for (size_t j = identity; j-- > 0;) {
+        if (m_t[j].IsWord(u"INT") || m_t[j].IsWord(u"BIGINT") || m_t[j].IsWord(u"SMALLINT") ||
+            m_t[j].IsWord(u"INTEGER")) {
+            m_t[j].text = QStringLiteral("INTEGER");
+            return;
+        }
+    }
+}
+
+size_t TableDefinitionRewriter::DropColumnPrimaryKey(size_t identity) {
+    const auto [first, last] = m_t.ColumnDefinitionAround(identity);
+    for (size_t j = first; j + 1 < last; ++j) {
+        if (j == identity || !m_t[j].IsWord(u"PRIMARY") || !m_t[j + 1].IsWord(u"KEY")) continue;
+        size_t end = j + 2;
+        if (end < last && (m_t[end].IsWord(u"CLUSTERED") || m_t[end].IsWord(u"NONCLUSTERED")))
+            ++end;
+        m_t.erase(m_t.begin() + j, m_t.begin() + end);
+        return j < identity ? end - j : 0;
+    }
+    return 0;
+}
+
+void TableDefinitionRewriter::MarkAutoincrementKey(size_t from) {
+    for (size_t j = from; j + 1 < m_t.size(); ++j) {
+        if (m_t[j].IsWord(u"PRIMARY") && m_t[j + 1].IsWord(u"KEY")) {
+            m_t[j + 1].text = QStringLiteral("KEY AUTOINCREMENT");
+            return;
+        }
+    }
+}
+
+} // namespace zlx::tsql

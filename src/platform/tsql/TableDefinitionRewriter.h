@@ -1,0 +1,54 @@
+#pragma once
+// CREATE TABLE and ALTER TABLE column definitions for an engine: IDENTITY(seed, step) and Jet's
+// AUTOINCREMENT as the engine's identity, the checks that hold a type to SQL Server's limits, text
+// columns compared without regard to case, a date column's default 0 and DEFAULT GETDATE().
+
+#include "platform/tsql/StatementTokens.h"
+#include "platform/tsql/TranslationContext.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace zlx::tsql {
+
+class TableDefinitionRewriter {
+public:
+    TableDefinitionRewriter(StatementTokens& tokens, const TranslationContext& context);
+
+    // Edits the definitions in place; answers the first value of a new table's identity when
+    // the session must set it (see Translation::identityStart).
+    std::optional<std::int64_t> Rewrite();
+
+private:
+    // IDENTITY(1,1) and Jet's AUTOINCREMENT columns become each engine's own identity.
+    void PrepareDefinitions();
+
+    // A column type the engine does not hold to SQL Server's limits (a text's length, an
+    // integer's range) gets the engine's check after it. Not on ALTER COLUMN, nor on an identity.
+    void AddColumnCheck(size_t type);
+
+    // Whether the column definition that `i` is part of has a date type.
+    bool IsDateColumnBefore(size_t i) const;
+
+    // A text type right after a column's name (not a CAST's type).
+    bool IsTextColumnType(size_t i) const;
+
+    // Text columns compare without regard to case, as in SQL Server's default collation.
+    void CollateWithoutCase(size_t type);
+
+    void RetypeAsInteger(size_t identity);
+
+    // An identity spelled as the engine's integer key already makes its column the primary
+    // key, so a PRIMARY KEY [CLUSTERED|NONCLUSTERED] written in the same column definition
+    // goes. Answers how many tokens before `identity` were removed.
+    size_t DropColumnPrimaryKey(size_t identity);
+
+    void MarkAutoincrementKey(size_t from);
+
+    StatementTokens& m_t;
+    const TranslationContext& m_context;
+    const EngineDialect& m_dialect;
+    std::optional<std::int64_t> m_identityStart;
+};
+
+} // namespace zlx::tsql
