@@ -13,6 +13,28 @@ QString FieldKey(const QString& name) {
     return name.left(10).toUpper();
 }
 
+// The Variant the general decoding gives for a value DecodePlain read.
+Variant VariantOf(const DbfFieldCodec::PlainValue& value, const QString& text) {
+    using Kind = DbfFieldCodec::PlainValue::Kind;
+    switch (value.kind) {
+    case Kind::Integer:
+        return static_cast<std::int32_t>(value.integer);
+    case Kind::Currency:
+        return Currency{value.integer};
+    case Kind::Double:
+        return value.real;
+    case Kind::Date:
+        return Date{value.real};
+    case Kind::Logical:
+        return value.integer != 0;
+    case Kind::Text:
+        return text;
+    case Kind::Null:
+        break;
+    }
+    return Variant::Null();
+}
+
 } // namespace
 
 cDBF::cDBF() = default;
@@ -68,7 +90,8 @@ void cDBF::CodePage(std::int32_t nCodePage) {
     }
     m_namedCodePage = nCodePage;
     if (m_table.IsOpen() && nCodePage != 0) m_table.UseCodePage(nCodePage);
-    m_foundFields.clear();
+    m_foundFields.clear(); // names are compared in the file's bytes
+    m_nextFound = 0;
 }
 
 // ---- opening and closing ------------------------------------------------------------------
@@ -82,6 +105,7 @@ bool cDBF::OpenRaw(const QString& cRutaFicheroDBF) {
     }
     m_path = cRutaFicheroDBF;
     m_record.assign(m_table.RecordLength(), ' ');
+    PrepareReaders();
     if (RecordCount() > 0) CurrentRow(1);
     return true;
 }
@@ -102,7 +126,8 @@ void cDBF::CloseDBF() {
     if (m_headerChanged) Commit();
     m_table.Close();
     m_foundFields.clear();
-    m_textBuffers.clear();
+    m_nextFound = 0;
+    m_readers.clear();
     m_record.clear();
     if (m_cnFox) m_cnFox->Close_Connection();
     m_cnFox.reset();
@@ -200,45 +225,60 @@ bool cDBF::ReadRecord(std::uint32_t row) {
     return m_table.ReadRecord(row, m_record.data());
 }
 
+void cDBF::PrepareReaders() {
+    m_readers.clear();
+    m_readers.reserve(m_table.Layout().fields.size());
+    for (const DbfField& field : m_table.Layout().fields)
+        m_readers.push_back({&field, m_table.StandsAlone(field), QString()});
+}
+
 // Names already looked up answer from a short list: a caller reading every record names
-// the same fields again and again, usually with the very same strings.
-const DbfField* cDBF::FindField(const QString& name) const {
-    for (const auto& [known, field] : m_foundFields) {
-        if (known.constData() == name.constData() && known.size() == name.size()) return field;
+// the same fields again and again, in the same order, usually with the very same strings.
+cDBF::FieldReader* cDBF::FindReader(const QString& name) {
+    const std::size_t count = m_foundFields.size();
+    for (std::size_t tried = 0, i = m_nextFound; tried < count;
+         ++tried, i = i + 1 < count ? i + 1 : 0) {
+        const auto& [known, reader] = m_foundFields[i];
+        if (known.constData() == name.constData() && known.size() == name.size()) {
+            m_nextFound = i + 1 < count ? i + 1 : 0;
+            return &m_readers[reader];
+        }
     }
-    for (const auto& [known, field] : m_foundFields) {
-        if (known == name) return field;
+    for (const auto& [known, reader] : m_foundFields) {
+        if (known == name) return &m_readers[reader];
     }
     const DbfField* field = m_table.FindField(name);
-    if (field && m_foundFields.size() < kFoundFieldsKept) m_foundFields.emplace_back(name, field);
-    return field;
+    if (!field) return nullptr;
+    const auto reader = static_cast<std::size_t>(field - m_table.Layout().fields.data());
+    if (m_foundFields.size() < kFoundFieldsKept) m_foundFields.emplace_back(name, reader);
+    return &m_readers[reader];
 }
 
 Variant cDBF::Field(const QString& cCampo) {
-    const DbfField* field = FindField(cCampo);
-    if (!field) {
+    FieldReader* reader = FindReader(cCampo);
+    if (!reader) {
         Report(DbfMessages::NoSuchField(cCampo), DbfMessages::FieldReadTitle(-1));
         return QString();
     }
+    const DbfField& field = *reader->field;
+    DbfFieldCodec::PlainValue plain;
+    if (reader->plain &&
+        DbfFieldCodec::DecodePlain(field.type, m_record.data() + field.offset, field.length,
+                                   field.decimals, m_table.CodePage(), reader->text, plain))
+        return VariantOf(plain, reader->text);
     QString problem;
-    Variant value = m_table.ValueReusing(*field, m_record.data(), problem, TextBufferOf(*field));
+    Variant value = m_table.ValueReusing(field, m_record.data(), problem, reader->text);
     if (!problem.isEmpty()) Report(problem, DbfMessages::kRecordReadTitle);
     return value;
 }
 
-QString& cDBF::TextBufferOf(const DbfField& field) {
-    const std::vector<DbfField>& fields = m_table.Layout().fields;
-    if (m_textBuffers.size() != fields.size()) m_textBuffers.assign(fields.size(), QString());
-    return m_textBuffers[static_cast<std::size_t>(&field - fields.data())];
-}
-
 void cDBF::Field(const QString& cCampo, const Variant& value) {
-    const DbfField* field = FindField(cCampo);
-    if (!field) {
+    const FieldReader* reader = FindReader(cCampo);
+    if (!reader) {
         Report(DbfMessages::NoSuchField(cCampo), DbfMessages::FieldWriteTitle(-1));
         return;
     }
-    if (m_table.SetValue(*field, m_record.data(), value)) m_recordChanged = true;
+    if (m_table.SetValue(*reader->field, m_record.data(), value)) m_recordChanged = true;
 }
 
 void cDBF::BeginInsert() {

@@ -91,9 +91,18 @@ private:
         std::uint8_t decimals;
     };
 
+    // A field as it is read: its descriptor, whether its bytes decode on their own (no null
+    // or length flag, no memo), and its last text, whose buffer the next read reuses once the
+    // caller has let the value go.
+    struct FieldReader {
+        const DbfField* field = nullptr;
+        bool plain = false;
+        QString text;
+    };
+
     bool ReadRecord(std::uint32_t row);
-    const DbfField* FindField(const QString& name) const;
-    QString& TextBufferOf(const DbfField& field);
+    void PrepareReaders();
+    FieldReader* FindReader(const QString& name);
     void Report(const QString& message, const QString& title);
 
     cConexionPtr m_cnFox;
@@ -103,10 +112,12 @@ private:
     DbfTable m_table;
     std::vector<char> m_record;
     std::int32_t m_namedCodePage = 0;
+    std::vector<FieldReader> m_readers; // one per field, in order
+    // Names already looked up and the number of their reader; the next name is looked for
+    // first after the last one found.
     static constexpr std::size_t kFoundFieldsKept = 32;
-    mutable std::vector<std::pair<QString, const DbfField*>> m_foundFields;
-    // Each field's last text read, its buffer reused by the next read of that field.
-    std::vector<QString> m_textBuffers;
+    std::vector<std::pair<QString, std::size_t>> m_foundFields;
+    std::size_t m_nextFound = 0;
     std::uint32_t m_currentRow = 0;
     bool m_showErrors = true;
     bool m_inserting = false;

@@ -89,6 +89,56 @@ TEST(cDBFRead, TextsAlreadyReadKeepTheirValueWhateverIsReadNext) {
     }
 }
 
+// Callers name fields in order with the same strings each record, but also out of order, with
+// copies of the names and in another case: each name reads its own field every time.
+TEST(cDBFRead, FieldsNamedInAnyOrderAndByAnyCopyOfTheNameReadTheirOwnValues) {
+    const QString path = ScratchPath(QStringLiteral("order.dbf"));
+    test::WriteAll(path, HandBuiltTable(0x03, kForeignFields, kForeignRecords, true));
+    cDBF dbf;
+    dbf.ShowErrors(false);
+    ASSERT_TRUE(dbf.OpenRaw(path));
+    const QString names[] = {"CODE", "AMOUNT", "PAID", "NOTES", "RATE", "WHEN"};
+    const auto expectFirstRecord = [&](const QString& name) {
+        const Variant value = dbf.Field(name);
+        const QString key = name.toUpper();
+        if (key == "CODE") {
+            EXPECT_EQ(value.ToString(), QStringLiteral("Año "));
+        }
+        if (key == "AMOUNT") {
+            EXPECT_EQ(value.ToCurrency().scaled, 125000);
+        }
+        if (key == "PAID") {
+            EXPECT_TRUE(value.ToBool());
+        }
+        if (key == "NOTES") {
+            EXPECT_EQ(value.ToString(), QStringLiteral("         7"));
+        }
+        if (key == "RATE") {
+            EXPECT_EQ(value.ToCurrency().scaled, -15000);
+        }
+        if (key == "WHEN") {
+            EXPECT_EQ(value.ToDate(), MakeDate(2023, 1, 15));
+        }
+    };
+    for (int pass = 0; pass < 2; ++pass) {
+        for (const QString& name : names)
+            expectFirstRecord(name);
+    }
+    for (int i = 5; i >= 0; --i)
+        expectFirstRecord(names[i]);
+    for (int i : {3, 0, 5, 1, 1, 4, 2})
+        expectFirstRecord(names[i]);
+    for (const QString& name : names)
+        expectFirstRecord(QString(name.data(), name.size())); // equal text, other characters
+    for (const QString& name : names)
+        expectFirstRecord(name.toLower());
+    dbf.CurrentRow(2);
+    EXPECT_EQ(dbf.Field(names[3]).ToString(), QStringLiteral("          "));
+    EXPECT_TRUE(dbf.Field(names[5]).IsNull());
+    EXPECT_EQ(dbf.Field(names[0]).ToString(), QStringLiteral("B2  "));
+    EXPECT_EQ(dbf.GetLastErrorMsg(), QString());
+}
+
 TEST(cDBFRead, RecordsPastTheEndOfTheFileGiveTheReadError) {
     const QString path = ScratchPath(QStringLiteral("short.dbf"));
     const QByteArray original = HandBuiltTable(0x03, kForeignFields, kForeignRecords, false, {}, 5);

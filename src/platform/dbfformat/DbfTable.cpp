@@ -236,6 +236,11 @@ Variant DbfTable::ValueReusing(const DbfField& field, const char* record, QStrin
                                         m_layout.visualFoxPro, text);
 }
 
+bool DbfTable::StandsAlone(const DbfField& field) const {
+    const bool flagged = m_layout.nullFlags && (field.nullBit >= 0 || field.varLengthBit >= 0);
+    return !flagged && !m_layout.IsMemo(field);
+}
+
 bool DbfTable::PlainValue(const DbfField& field, const char* record, QString& text,
                           DbfFieldCodec::PlainValue& value) const {
     if (IsNullIn(field, record)) {

@@ -60,6 +60,9 @@ public:
     // that reading the same field record after record does not allocate.
     Variant ValueReusing(const DbfField& field, const char* record, QString& problem,
                          QString& text) const;
+    // True when the field's own bytes are its whole value (no null or length flag, no memo):
+    // DbfFieldCodec::DecodePlain may then read them at the field's offset and length.
+    bool StandsAlone(const DbfField& field) const;
     // As ValueReusing without a Variant, for the values DbfFieldCodec::DecodePlain reads (and
     // Nulls); false for the others (memos, binary fields, numbers that are not plain).
     bool PlainValue(const DbfField& field, const char* record, QString& text,
