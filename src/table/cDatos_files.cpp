@@ -57,6 +57,7 @@ Variant ColumnValue(const Variant& value, std::int32_t type) {
 struct LoadedField {
     const DbfField* field;
     std::int32_t type;
+    bool standsAlone; // its bytes are its whole value (see DbfTable::StandsAlone)
     ado::ColumnStore* column;
     QString text; // the field's text buffer, reused record after record
     DbfFieldCodec::PlainValue plain;
@@ -66,6 +67,15 @@ struct LoadedField {
 // The field's value in the record as a Variant, as its column takes it.
 Variant VariantOf(const DbfTable& dbf, const char* record, LoadedField& field, QString& problem) {
     return ColumnValue(dbf.ValueReusing(*field.field, record, problem, field.text), field.type);
+}
+
+// Reads the field's value in the record without a Variant where it can; false when only the
+// Variant reading takes it.
+bool ReadPlain(const DbfTable& dbf, const char* record, LoadedField& loaded) {
+    const DbfField& field = *loaded.field;
+    if (!loaded.standsAlone) return dbf.PlainValue(field, record, loaded.text, loaded.plain);
+    return DbfFieldCodec::DecodePlain(field.type, record + field.offset, field.length,
+                                      field.decimals, dbf.CodePage(), loaded.text, loaded.plain);
 }
 
 // Appends the plain value read into the column, as storing its Variant would; false when
@@ -187,7 +197,7 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
             AddColumn(dbf.CodePage().Decode(field.name.constData(),
                                             static_cast<std::size_t>(field.name.size())),
                       column.type, column.size);
-            loaded.push_back({&field, column.type, nullptr, {}, {}});
+            loaded.push_back({&field, column.type, dbf.StandsAlone(field), nullptr, {}, {}});
         }
         EndDefineColumns();
         m_rs->BeginLoading(dbf.RecordCount());
@@ -213,8 +223,7 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
             // read (a memo) leaves the record being added with the fields before it.
             for (std::size_t c = 0; c < loaded.size(); ++c) {
                 LoadedField& field = loaded[c];
-                field.isPlain =
-                    dbf.PlainValue(*field.field, record.data(), field.text, field.plain);
+                field.isPlain = ReadPlain(dbf, record.data(), field);
                 if (field.isPlain) continue;
                 QString problem;
                 values[c] = VariantOf(dbf, record.data(), field, problem);

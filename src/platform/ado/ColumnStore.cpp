@@ -1,6 +1,7 @@
 #include "platform/ado/ColumnStore.h"
 
 #include "platform/ado/AdoErrorTexts.h"
+#include "platform/ado/LargeReserve.h"
 
 #include <algorithm>
 #include <bit>
@@ -107,15 +108,15 @@ void ColumnStore::Reserve(std::size_t rows) {
     switch (m_kind) {
     case Kind::Integer:
     case Kind::Currency:
-        m_ints.reserve(rows);
+        ReserveLarge(m_ints, rows);
         break;
     case Kind::Real:
-        m_reals.reserve(rows);
+        ReserveLarge(m_reals, rows);
         break;
     case Kind::Decimal:
-        m_ints.reserve(rows);
-        m_reals.reserve(rows);
-        m_scales.reserve(rows);
+        ReserveLarge(m_ints, rows);
+        ReserveLarge(m_reals, rows);
+        ReserveLarge(m_scales, rows);
         break;
     case Kind::Text:
         m_texts.Reserve(rows);

@@ -1,5 +1,7 @@
 #include "platform/ado/TextColumn.h"
 
+#include "platform/ado/LargeReserve.h"
+
 #include <algorithm>
 
 namespace zlx::ado {
@@ -10,10 +12,10 @@ std::size_t TextColumn::Size() const {
 
 void TextColumn::Reserve(std::size_t rows) {
     if (HasDictionary()) {
-        m_codes.reserve(rows);
+        ReserveLarge(m_codes, rows);
     } else {
-        m_starts.reserve(rows);
-        m_lengths.reserve(rows);
+        ReserveLarge(m_starts, rows);
+        ReserveLarge(m_lengths, rows);
     }
 }
 
@@ -92,9 +94,9 @@ void TextColumn::MoveToBuffer() {
         chars += static_cast<std::size_t>(m_values[code].size());
     // Room for the rows reserved at the length of the texts so far, or half as many again.
     const std::size_t rows = std::max<std::size_t>(m_codes.size(), 1);
-    m_chars.reserve(std::max(chars + chars / 2, chars * m_codes.capacity() / rows));
-    m_starts.reserve(m_codes.capacity());
-    m_lengths.reserve(m_codes.capacity());
+    ReserveLarge(m_chars, std::max(chars + chars / 2, chars * m_codes.capacity() / rows));
+    ReserveLarge(m_starts, m_codes.capacity());
+    ReserveLarge(m_lengths, m_codes.capacity());
     m_layout = Layout::Buffer;
     for (std::uint32_t code : m_codes)
         AppendToBuffer(m_values[code]);
