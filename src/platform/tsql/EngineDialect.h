@@ -230,6 +230,19 @@ public:
     virtual TableColumns ColumnsOf(const QString& table) = 0;
     // The next identity of the table's column becomes value + 1.
     virtual void SetIdentity(const QString& table, const QString& column, std::int64_t value) = 0;
+    // Whether the table's identity has handed out a value since the table was made: DBCC
+    // CHECKIDENT's RESEED n then makes the next identity n + 1, before that n itself.
+    virtual bool IdentityTaken(const QString& table, const QString& column) = 0;
+    // The next identity follows the highest value the column holds when that is past it.
+    virtual void RaiseIdentity(const QString& table, const QString& column) = 0;
+    // An engine whose identity counters go back with a rolled-back transaction hears of each
+    // value taken inside one and puts the counters back up after a rollback (to a savepoint
+    // too; `ended`: the transaction is over).
+    virtual void NoteIdentityTaken(const QString& table, std::int64_t value) {
+        (void)table, (void)value;
+    }
+    virtual void IdentitiesRolledBack(bool ended) { (void)ended; }
+    virtual void IdentitiesCommitted() {}
     virtual QString ReindexSql(const QString& table) const = 0;
     // The schema, written "x.", that an index of the T-SQL table must name ("" when the index
     // goes with its table).

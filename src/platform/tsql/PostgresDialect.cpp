@@ -311,10 +311,33 @@ TableColumns PostgresDialect::ColumnsOf(const QString& table) {
     return columns;
 }
 
+// setval(s, n, true) makes the next value n + 1, setval(s, n, false) n itself; a next value
+// below 1 first lowers the sequence's least value.
 void PostgresDialect::SetIdentity(const QString& table, const QString& column, std::int64_t value) {
-    Access().Run(QStringLiteral("SELECT setval(pg_get_serial_sequence(%1, %2), %3, false)")
+    if (value < 0)
+        Access().Run(QStringLiteral("ALTER TABLE %1 ALTER COLUMN %2 SET MINVALUE %3")
+                         .arg(table, column)
+                         .arg(value + 1));
+    Access().Run(QStringLiteral("SELECT setval(pg_get_serial_sequence(%1, %2), %3, %4)")
                      .arg(SqlString(table), SqlString(column))
-                     .arg(value + 1));
+                     .arg(value >= 1 ? value : value + 1)
+                     .arg(value >= 1 ? QStringLiteral("true") : QStringLiteral("false")));
+}
+
+void PostgresDialect::RaiseIdentity(const QString& table, const QString& column) {
+    Access().Run(QStringLiteral("SELECT setval(s, m) FROM (SELECT max(%2) AS m FROM %1) x, "
+                                "CAST(pg_get_serial_sequence(%3, %4) AS regclass) s WHERE m > "
+                                "COALESCE(pg_sequence_last_value(s), 0)")
+                     .arg(table, column, SqlString(table), SqlString(column)));
+}
+
+// A sequence that has not handed out a value since it was made or restarted has no last one.
+bool PostgresDialect::IdentityTaken(const QString& table, const QString& column) {
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT pg_sequence_last_value(CAST(pg_get_serial_sequence(%1, %2) AS "
+                       "regclass)) IS NOT NULL")
+            .arg(SqlString(table), SqlString(column)));
+    return !rows.empty() && rows[0][0].ToBool();
 }
 
 QString PostgresDialect::ReindexSql(const QString& table) const {

@@ -60,6 +60,8 @@ public:
     QString FindIdentityColumn(const QString& table) override;
     TableColumns ColumnsOf(const QString& table) override;
     void SetIdentity(const QString& table, const QString& column, std::int64_t value) override;
+    bool IdentityTaken(const QString& table, const QString& column) override;
+    void RaiseIdentity(const QString& table, const QString& column) override;
     QString ReindexSql(const QString& table) const override;
     ado::ErrorRecord MapRecord(const ado::ErrorRecord& record) const override;
 

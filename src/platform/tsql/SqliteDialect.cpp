@@ -67,6 +67,11 @@ std::pair<QString, QString> SchemaAndCatalogName(const QString& table) {
     return {schema, Unquoted(name)};
 }
 
+SqliteIdentities::Table IdentityTable(const QString& table) {
+    const auto [schema, bare] = SchemaAndCatalogName(table);
+    return {schema, bare};
+}
+
 } // namespace
 
 std::span<const FunctionSpelling> SqliteDialect::Functions() const {
@@ -447,13 +452,36 @@ TableColumns SqliteDialect::ColumnsOf(const QString& table) {
     return columns;
 }
 
-void SqliteDialect::SetIdentity(const QString& table, const QString&, std::int64_t value) {
-    const auto [schema, bare] = SchemaAndCatalogName(table);
-    Access().Run(QStringLiteral("DELETE FROM %1.sqlite_sequence WHERE name = %2 COLLATE NOCASE")
-                     .arg(schema, SqlString(bare)));
-    Access().Run(QStringLiteral("INSERT INTO %1.sqlite_sequence (name, seq) VALUES (%2, %3)")
-                     .arg(schema, SqlString(bare))
-                     .arg(value));
+void SqliteDialect::SetIdentity(const QString& table, const QString& column, std::int64_t value) {
+    m_identities.Set(Access(), IdentityTable(table), column, value);
+}
+
+bool SqliteDialect::IdentityTaken(const QString& table, const QString&) {
+    return SqliteIdentities::Taken(Access(), IdentityTable(table));
+}
+
+void SqliteDialect::RaiseIdentity(const QString& table, const QString& column) {
+    m_identities.Raise(Access(), IdentityTable(table), column);
+}
+
+// INSERT INTO [schema.]name ...: only a table whose identity is set below its values answers
+// its own identity.
+QString SqliteDialect::InsertReturningIdentity(const QString& insert, const QString& column) const {
+    if (!m_identities.AnyBelow()) return {};
+    const Tokens tokens = Tokenize(insert);
+    if (tokens.size() < 3) return {};
+    const bool qualified = tokens.size() > 4 && tokens[3].IsSymbol(u".");
+    const QString table = qualified ? tokens[2].text + u'.' + tokens[4].text : tokens[2].text;
+    return m_identities.ExplicitInsert(Access(), IdentityTable(table), insert, column);
+}
+
+void SqliteDialect::NoteIdentityTaken(const QString& table, std::int64_t value) {
+    m_identities.NoteTaken(IdentityTable(table), value);
+}
+
+void SqliteDialect::IdentitiesRolledBack(bool ended) {
+    m_identities.RolledBack(Access());
+    if (ended) m_identities.Forget();
 }
 
 QString SqliteDialect::ReindexSql(const QString& table) const {

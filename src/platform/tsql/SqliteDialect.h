@@ -7,6 +7,7 @@
 #include "platform/engines/SqliteServerFolder.h"
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/KeyConstraints.h"
+#include "platform/tsql/SqliteIdentities.h"
 #include "platform/tsql/SqliteTableRebuild.h"
 
 namespace zlx::tsql {
@@ -68,6 +69,12 @@ public:
     QString FindIdentityColumn(const QString& table) override;
     TableColumns ColumnsOf(const QString& table) override;
     void SetIdentity(const QString& table, const QString& column, std::int64_t value) override;
+    bool IdentityTaken(const QString& table, const QString& column) override;
+    void RaiseIdentity(const QString& table, const QString& column) override;
+    QString InsertReturningIdentity(const QString& insert, const QString& column) const override;
+    void NoteIdentityTaken(const QString& table, std::int64_t value) override;
+    void IdentitiesRolledBack(bool ended) override;
+    void IdentitiesCommitted() override { m_identities.Forget(); }
     QString ReindexSql(const QString& table) const override;
     ado::ErrorRecord MapRecord(const ado::ErrorRecord& record) const override;
 
@@ -86,6 +93,7 @@ private:
 
     QStringList m_attached;          // aliases of the attached files
     KeyConstraints m_keyConstraints; // by the "t.a, t.b" that SQLite's message names
+    mutable SqliteIdentities m_identities;
     // Whether the connection's target is a server folder; every translation asks, so the
     // file system is asked again only while the answer is no.
     bool IsServerFolder() const;

@@ -12,8 +12,8 @@ bool StatementPipeline::MayJoin(const Tokens& statement) {
     return true;
 }
 
-void StatementPipeline::Add(std::size_t index, const QString& sql, bool answersIdentity) {
-    m_pending.push_back({index, answersIdentity});
+void StatementPipeline::Add(std::size_t index, const QString& sql, IdentityEffect identity) {
+    m_pending.push_back({index, identity});
     m_texts.push_back(sql.toUtf8());
 }
 
@@ -28,7 +28,10 @@ void StatementPipeline::Flush(SessionCounts counts, ado::ResultSink& sink, int t
     for (std::size_t i = 0; i < run.done.size(); ++i) {
         const ado::PipelinedOutcome& outcome = run.done[i];
         counts.rowCount = outcome.count;
-        if (pending[i].answersIdentity && outcome.lastValue) counts.identity = outcome.lastValue;
+        if (pending[i].identity == IdentityEffect::Answers && outcome.lastValue)
+            counts.identity = outcome.lastValue;
+        else if (pending[i].identity == IdentityEffect::Clears)
+            counts.identity.reset();
         if (!counts.noCount) sink.RowsAffected(outcome.count);
     }
     if (run.failure)

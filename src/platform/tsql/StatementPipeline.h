@@ -33,8 +33,11 @@ public:
     // Whether the statement may wait in a run: it changes data and reads no session value
     // (@@IDENTITY, @@ROWCOUNT) that the statements before it set.
     static bool MayJoin(const Tokens& statement);
-    // `sql` is single engine statement; `answersIdentity`: it returns the new identities.
-    void Add(std::size_t index, const QString& sql, bool answersIdentity);
+    // What a statement does to @@IDENTITY: an INSERT into a table with an identity returns
+    // the new identities, one into a table without sets it to NULL, others leave it.
+    enum class IdentityEffect { Keeps, Answers, Clears };
+    // `sql` is single engine statement.
+    void Add(std::size_t index, const QString& sql, IdentityEffect identity);
     bool Full() const { return m_pending.size() >= kLongestRun; }
     // Runs what waits, if anything; throws Failure at the first statement that fails, after
     // counting those before it.
@@ -45,7 +48,7 @@ private:
     static constexpr std::size_t kLongestRun = 50;
     struct Pending {
         std::size_t index;
-        bool answersIdentity;
+        IdentityEffect identity;
     };
     ado::PostgresDriver& m_driver;
     const EngineDialect& m_dialect;

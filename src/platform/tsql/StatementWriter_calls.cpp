@@ -47,6 +47,11 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
         out += lead + QStringLiteral("0");
         return close + 1;
     }
+    if (t.IsWord(u"SCOPE_IDENTITY") && close == open + 1) {
+        // Without triggers the last identity of the scope is the session's.
+        out += lead + GlobalValue(QStringLiteral("@@IDENTITY"));
+        return close + 1;
+    }
     if (t.IsWord(u"DB_NAME") && close == open + 1) {
         out += lead + m_dialect.CurrentDatabaseName();
         return close + 1;

@@ -73,11 +73,13 @@ void TranslationCache::DefinitionsChanged() {
     m_kept.clear();
 }
 
-// @@ values are written into the text as they stand when it is translated, @ variables may
-// be too; the locks tables are named per database by the session.
+// @@ values (SCOPE_IDENTITY() too) are written into the text as they stand when it is
+// translated, @ variables may be too; the locks tables are named per database by the session.
 bool TranslationCache::MayKeep(const Tokens& statement) {
     for (const Token& token : statement) {
-        if (token.kind == TokenKind::Global || token.kind == TokenKind::Variable) return false;
+        if (token.kind == TokenKind::Global || token.kind == TokenKind::Variable ||
+            token.IsWord(u"SCOPE_IDENTITY"))
+            return false;
         if ((token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName) &&
             token.text.compare(u"locks", Qt::CaseInsensitive) == 0)
             return false;

@@ -266,11 +266,15 @@ bool TsqlSession::Pipelined(std::size_t index, const Tokens& statement, ado::Res
     if (translation.sql.contains(u';') ||
         (m_tranCount > 0 && !translation.exclusiveTables.isEmpty()))
         return false;
+    using Effect = StatementPipeline::IdentityEffect;
+    const Effect identity = !identityColumn.isEmpty()             ? Effect::Answers
+                            : statement.front().IsWord(u"INSERT") ? Effect::Clears
+                                                                  : Effect::Keeps;
     m_pipeline->Add(index,
                     identityColumn.isEmpty()
                         ? translation.sql
                         : m_dialect->InsertReturningIdentity(translation.sql, identityColumn),
-                    !identityColumn.isEmpty());
+                    identity);
     if (m_pipeline->Full()) FlushPipeline(sink, timeoutSeconds);
     return true;
 }
@@ -320,6 +324,7 @@ void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
     } catch (const ado::AdoError&) {
         // the engine may have ended the transaction itself (a broken link, a victim)
     }
+    m_dialect->IdentitiesRolledBack(true);
 }
 
 void TsqlSession::Check(const Tokens& statement) {
@@ -481,7 +486,10 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
                 ado::kNativeRollbackWithoutBegin, QStringLiteral("25000"));
         // Only the outermost transaction's name may be rolled back to.
         const QString name = NameAfterTransactionWord(statement);
-        if (!name.isEmpty() && m_savepoints.RollBackTo(name, *m_dialect, run)) return true;
+        if (!name.isEmpty() && m_savepoints.RollBackTo(name, *m_dialect, run)) {
+            m_dialect->IdentitiesRolledBack(false);
+            return true;
+        }
         if (!name.isEmpty() && name != m_transactionName)
             ThrowStatementError(
                 QStringLiteral("Cannot roll back %1. No transaction or savepoint of that name "
@@ -515,6 +523,7 @@ void TsqlSession::Commit() {
         } catch (const ado::AdoError& error) {
             throw m_dialect->MapError(error);
         }
+        m_dialect->IdentitiesCommitted();
     }
     m_tranCount = std::max(0, m_tranCount - 1);
 }
@@ -527,6 +536,7 @@ void TsqlSession::Rollback() {
     } catch (const ado::AdoError& error) {
         throw m_dialect->MapError(error);
     }
+    m_dialect->IdentitiesRolledBack(true);
 }
 
 void TsqlSession::RunIf(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {
@@ -548,7 +558,8 @@ void TsqlSession::RunDbcc(const Tokens& statement) {
         const QString table = EngineObjectName(arguments.value(0));
         std::optional<std::int64_t> seed;
         if (arguments.size() > 2) seed = arguments[2].toLongLong();
-        Reseed(table, seed);
+        // NORESEED only reports the identity.
+        if (arguments.value(1).compare(u"NORESEED", Qt::CaseInsensitive) != 0) Reseed(table, seed);
     } else if (command.IsWord(u"DBREINDEX")) {
         Run(m_dialect->ReindexSql(EngineObjectName(arguments.value(0))));
     } else if (!command.IsWord(u"SHRINKDATABASE")) {
@@ -567,21 +578,18 @@ QString TsqlSession::EngineObjectName(const QString& tsqlName) {
     return name;
 }
 
-// Without a seed the identity moves up to the highest value in the table; with one, the
-// next row gets seed + 1.
+// Without a seed the identity moves up to the highest value in the table when that is past
+// it; with one, the next row gets seed + 1 (seed itself before the identity's first value).
 void TsqlSession::Reseed(const QString& table, std::optional<std::int64_t> seed) {
     const QString column = IdentityColumn(table);
     if (column.isEmpty())
         ThrowStatementError(QStringLiteral("'%1' does not contain an identity column.").arg(table),
                             7997);
-    std::int64_t value = 0;
-    if (seed) {
-        value = *seed;
-    } else {
-        const auto rows = Query(QStringLiteral("SELECT max(%1) FROM %2").arg(column, table));
-        value = rows.empty() || rows[0][0].IsNull() ? 0 : rows[0][0].ToDouble();
-    }
-    m_dialect->SetIdentity(table, column, value);
+    if (seed)
+        m_dialect->SetIdentity(table, column,
+                               m_dialect->IdentityTaken(table, column) ? *seed : *seed - 1);
+    else
+        m_dialect->RaiseIdentity(table, column);
 }
 
 // The identity column of a table, "" when it has none.
@@ -709,6 +717,9 @@ void TsqlSession::SetIdentityInsert(const Tokens& statement) {
     if (statement.back().IsWord(u"ON"))
         m_identityInsertTable = table;
     else if (m_identityInsertTable == table)
+    // The values written while it was on count for the next identity, as on SQL Server.
+    if (!m_identityInsertTable.isEmpty())
+        m_dialect->RaiseIdentity(m_identityInsertTable, IdentityColumn(m_identityInsertTable));
         m_identityInsertTable.clear();
 }
 
@@ -742,7 +753,7 @@ void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
     m_rowCount = counting.rows;
     // CREATE TABLE t (... IDENTITY(s, 1)): the next identity is s.
     if (translation.identityStart && statement.size() > 2 && statement[0].IsWord(u"CREATE"))
-        Reseed(EngineObjectName(QualifiedNameAt(statement, 2)), *translation.identityStart - 1);
+        Reseed(EngineObjectName(QualifiedNameAt(statement, 2)), *translation.identityStart);
 }
 
 // An INSERT also sets @@IDENTITY when its table has an identity column: from the INSERT
@@ -764,12 +775,15 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
     CountingSink counting(sink, m_noCount);
     ExecuteMapped(sql, counting, timeoutSeconds);
     m_rowCount = counting.rows;
-    if (!column.isEmpty() && m_rowCount > 0)
+    if (column.isEmpty())
+        m_identity.reset(); // @@IDENTITY after an INSERT into a table without identity
+    else if (m_rowCount > 0)
         m_identity =
             static_cast<std::int64_t>(Query(m_dialect->LastIdentitySql()).at(0).at(0).ToDouble());
 }
 
 void TsqlSession::ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds) {
+    if (m_identity && m_tranCount > 0) m_dialect->NoteIdentityTaken(table, *m_identity);
     try {
         m_inner->Execute(sql, sink, timeoutSeconds);
     } catch (const ado::AdoError& error) {

@@ -1,6 +1,4 @@
 -- @@IDENTITY becomes NULL again after an insert into a table without identity.
--- gap sqlite: SELECT @@IDENTITY answers row 1, not row NULL
--- gap postgres: SELECT @@IDENTITY answers row 1, not row NULL
 -- run
 CREATE TABLE a (id INT IDENTITY(1,1), n INT)
 -- run

@@ -1,5 +1,4 @@
 -- A rolled-back insert still consumes its identity value.
--- gap sqlite: SELECT id FROM t ORDER BY id answers row 1 / row 2, not row 1 / row 3
 -- run
 CREATE TABLE t (id INT IDENTITY(1,1), n INT)
 -- run

@@ -1,5 +1,4 @@
 -- DBCC CHECKIDENT RESEED below the highest value takes effect; the next insert then collides (2627).
--- gap sqlite: INSERT INTO t (n) VALUES (3) answers count 1, not error 2627
 -- run
 CREATE TABLE t (id INT IDENTITY(1,1) PRIMARY KEY, n INT)
 -- run

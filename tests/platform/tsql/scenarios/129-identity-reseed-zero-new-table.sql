@@ -1,6 +1,4 @@
 -- RESEED 0 on a table never inserted into makes the next identity 0.
--- gap sqlite: SELECT id FROM t answers row 1, not row 0
--- gap postgres: SELECT id FROM t answers row 1, not row 0
 -- run
 CREATE TABLE t (id INT IDENTITY(1,1), n INT)
 -- run

@@ -1,5 +1,4 @@
 -- With IDENTITY_INSERT ON an explicit value is stored and the next identity follows the highest.
--- gap postgres: SELECT id FROM t ORDER BY id answers row 1 / row 100, not row 100 / row 101
 -- run
 CREATE TABLE t (id INT IDENTITY(1,1), n INT)
 -- run

@@ -1,0 +1,48 @@
+#pragma once
+// SQLite's AUTOINCREMENT identities kept as SQL Server keeps its identities: a value taken in a
+// transaction that is rolled back stays taken (SQLite's counter goes back with the
+// transaction), and DBCC CHECKIDENT may set the next identity below the values a table holds or
+// below 1 (SQLite never hands out a row id at or under the highest one): such a table's next
+// single-row INSERTs name their identity themselves, so that a value already there is a
+// duplicate key, until the counter is past the table's values again.
+
+#include "platform/tsql/EngineDialect.h"
+
+#include <QHash>
+#include <QSet>
+
+namespace zlx::tsql {
+
+class SqliteIdentities {
+public:
+    // A table named by its schema and its name as the catalog keeps it.
+    struct Table {
+        QString schema;
+        QString name;
+        QString Key() const { return schema + u'.' + name.toLower(); }
+    };
+
+    // Whether the table's counter has handed out a value (SQLite keeps none before the first).
+    static bool Taken(EngineAccess& access, const Table& table);
+    // The next identity of `column` becomes value + 1.
+    void Set(EngineAccess& access, const Table& table, const QString& column, std::int64_t value);
+    // The next identity follows the highest value of `column` when that is past it.
+    void Raise(EngineAccess& access, const Table& table, const QString& column);
+    // For a table whose next identity is below what SQLite would give: `insert` naming its
+    // identity, answering it; empty otherwise. Throws 0x80040E14 for an INSERT of several
+    // rows into such a table.
+    QString ExplicitInsert(EngineAccess& access, const Table& table, const QString& insert,
+                           const QString& column);
+    bool AnyBelow() const { return !m_below.isEmpty(); }
+
+    void NoteTaken(const Table& table, std::int64_t value);
+    // After a rollback (to a savepoint too): the counters are put back up to the values taken.
+    void RolledBack(EngineAccess& access);
+    void Forget() { m_taken.clear(); }
+
+private:
+    QSet<QString> m_below;                                  // tables whose next identity is below
+    QHash<QString, std::pair<Table, std::int64_t>> m_taken; // the highest taken per table
+};
+
+} // namespace zlx::tsql
