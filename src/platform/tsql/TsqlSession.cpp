@@ -714,12 +714,12 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
 // SET IDENTITY_INSERT table ON|OFF: one table of the session at a time.
 void TsqlSession::SetIdentityInsert(const Tokens& statement) {
     const QString table = EngineObjectName(QualifiedNameAt(statement, 2));
-    if (statement.back().IsWord(u"ON"))
-        m_identityInsertTable = table;
-    else if (m_identityInsertTable == table)
     // The values written while it was on count for the next identity, as on SQL Server.
     if (!m_identityInsertTable.isEmpty())
         m_dialect->RaiseIdentity(m_identityInsertTable, IdentityColumn(m_identityInsertTable));
+    if (statement.back().IsWord(u"ON"))
+        m_identityInsertTable = table;
+    else if (m_identityInsertTable == table)
         m_identityInsertTable.clear();
 }
 
@@ -780,10 +780,10 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
     else if (m_rowCount > 0)
         m_identity =
             static_cast<std::int64_t>(Query(m_dialect->LastIdentitySql()).at(0).at(0).ToDouble());
+    if (m_identity && m_tranCount > 0) m_dialect->NoteIdentityTaken(table, *m_identity);
 }
 
 void TsqlSession::ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds) {
-    if (m_identity && m_tranCount > 0) m_dialect->NoteIdentityTaken(table, *m_identity);
     try {
         m_inner->Execute(sql, sink, timeoutSeconds);
     } catch (const ado::AdoError& error) {
