@@ -3,6 +3,8 @@
 #include "table/cDatos.h"
 
 #include <QFile>
+#include <algorithm>
+#include <string>
 
 namespace zlx {
 
@@ -76,6 +78,24 @@ bool ReadPlain(const DbfTable& dbf, const char* record, LoadedField& loaded) {
     if (!loaded.standsAlone) return dbf.PlainValue(field, record, loaded.text, loaded.plain);
     return DbfFieldCodec::DecodePlain(field.type, record + field.offset, field.length,
                                       field.decimals, dbf.CodePage(), loaded.text, loaded.plain);
+}
+
+// A character field of a big file whose first records all hold different texts (names,
+// codes): its column keeps its texts in one buffer from the start rather than first filling
+// a table of distinct values.
+bool TextsLookDistinct(DbfTable& dbf, const DbfField& field) {
+    constexpr std::uint32_t kSampled = 256;
+    if (field.type != 'C' || !dbf.StandsAlone(field) ||
+        dbf.RecordCount() <= ado::TextColumn::kMostValues)
+        return false;
+    std::vector<char> record(dbf.RecordLength());
+    std::vector<std::string> texts;
+    for (std::uint32_t r = 1; r <= kSampled; ++r) {
+        if (!dbf.ReadRecord(r, record.data())) return false;
+        texts.emplace_back(record.data() + field.offset, field.length);
+    }
+    std::sort(texts.begin(), texts.end());
+    return std::adjacent_find(texts.begin(), texts.end()) == texts.end();
 }
 
 // Appends the plain value read into the column, as storing its Variant would; false when
@@ -201,8 +221,14 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
         }
         EndDefineColumns();
         m_rs->BeginLoading(dbf.RecordCount());
-        for (std::size_t c = 0; c < loaded.size(); ++c)
-            loaded[c].column = &m_rs->LoadingColumn(static_cast<int>(c));
+        for (std::size_t c = 0; c < loaded.size(); ++c) {
+            LoadedField& field = loaded[c];
+            field.column = &m_rs->LoadingColumn(static_cast<int>(c));
+            // A single-byte page gives one character per byte: the texts' exact room.
+            if (TextsLookDistinct(dbf, *field.field))
+                field.column->KeepTextsInBuffer(std::size_t{dbf.RecordCount()} *
+                                                field.field->length);
+        }
         std::vector<char> record(dbf.RecordLength());
         std::vector<Variant> values(loaded.size()); // the values read only as Variants
         // The record is added with the fields read before the unreadable one.

@@ -237,6 +237,41 @@ TEST(TableFiles, DbfLoadHoldsWhatTheFileReaderReads) {
     EXPECT_EQ(table.DataCell("NAME", 3).ToString(), QString::fromUtf8("Ñu    "));
 }
 
+// A big file whose first names all differ loads them without a table of distinct values;
+// names that repeat further on, texts that repeat from the start and the order and filters
+// on them come out the same either way.
+TEST(TableFiles, BigDbfFilesLoadTheirDistinctAndRepeatedTextsExactly) {
+    HandTable shape;
+    shape.fields = {{"NAME", 'C', 12}, {"CITY", 'C', 8}, {"QTY", 'N', 6}};
+    const int records = 70'000; // more distinct names than a table of values keeps
+    const auto nameOf = [](int i) {
+        return QStringLiteral("N%1").arg(i < 60'000 ? i : i - 50'000, -11).toLatin1();
+    };
+    const char* const cities[] = {"Madrid  ", "Sevilla ", "Bilbao  "};
+    for (int i = 0; i < records; ++i)
+        shape.records.push_back(nameOf(i) + cities[i % 3] +
+                                QByteArray::number(i % 1000).rightJustified(6));
+    const QString path = TestScratchPath("big.dbf");
+    WriteAll(path, BuildTable(shape));
+    cDatos table;
+    ASSERT_EQ(table.LoadFile_DBF(path), 1);
+    ASSERT_EQ(table.RecCount(), records);
+    for (int row = 1; row <= records; row += 997) {
+        EXPECT_EQ(table.DataCell("NAME", row).ToString(), QString::fromLatin1(nameOf(row - 1)));
+        EXPECT_EQ(table.DataCell("CITY", row).ToString(),
+                  QString::fromLatin1(cities[(row - 1) % 3]));
+    }
+    EXPECT_EQ(table.DataCell("NAME", records).ToString(), QString::fromLatin1(nameOf(records - 1)));
+    const QString repeated = QString::fromLatin1(nameOf(10'000));
+    EXPECT_EQ(table.RecCount("NAME = '" + repeated + "'"), 2); // record 10,001 and its repeat
+    EXPECT_EQ(table.RecCount("CITY = 'Bilbao  '"), records / 3);
+    table.Sort("NAME DESC");
+    table.MoveFirst();
+    EXPECT_EQ(table.Field_ByColumnNumber(0).ToString(), QString::fromLatin1(nameOf(9'999)));
+    table.DataCell("NAME", 1, Variant(QStringLiteral("Cambiado")));
+    EXPECT_EQ(table.DataCell("NAME", 1).ToString(), QStringLiteral("Cambiado"));
+}
+
 TEST(TableFiles, DbfFilesThatCannotBeReadRightFailWithTheirMessage) {
     RecordingMsgPresenter messages;
     ScopedMsgPresenter scope(messages);

@@ -30,6 +30,10 @@ public:
     std::size_t Size() const { return m_size; }
 
     void Reserve(std::size_t rows);
+    // A text column still empty keeps its texts in one buffer (see TextColumn::UseBuffer).
+    void KeepTextsInBuffer(std::size_t chars) {
+        if (m_kind == Kind::Text) m_texts.UseBuffer(chars);
+    }
     void AppendNull();
     // Appends a row holding `value`, converted as Set does; on an error the row is left null.
     void Append(const Variant& value);

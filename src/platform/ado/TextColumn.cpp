@@ -29,6 +29,15 @@ void TextColumn::Clear() {
     m_unusedChars = 0;
 }
 
+void TextColumn::UseBuffer(std::size_t chars) {
+    if (!HasDictionary() || !m_codes.empty()) return;
+    m_layout = Layout::Buffer;
+    ReserveLarge(m_starts, m_codes.capacity());
+    ReserveLarge(m_lengths, m_codes.capacity());
+    ReserveLarge(m_chars, chars);
+    m_codes = {};
+}
+
 void TextColumn::Append(const QString& text) {
     if (HasDictionary()) {
         const std::uint32_t code = CodeOf(text, &text);

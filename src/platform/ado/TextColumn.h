@@ -24,6 +24,9 @@ public:
     std::size_t Size() const;
     void Reserve(std::size_t rows);
     void Clear();
+    // An empty column keeps its texts in the buffer from the start, with room for `chars`
+    // characters: a loader that finds its texts distinct skips the table of values.
+    void UseBuffer(std::size_t chars);
     void Append(const QString& text);
     // As Append, the text copied only when the column keeps it as a new value.
     void Append(QStringView text);
