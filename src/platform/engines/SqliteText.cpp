@@ -2,6 +2,7 @@
 
 #include "platform/engines/SqliteArithmetic.h"
 #include "platform/engines/SqliteDates.h"
+#include "platform/engines/SqliteSingleValue.h"
 #include "platform/engines/TextOrder.h"
 
 #include <QString>
@@ -199,6 +200,7 @@ void Install(sqlite3* db) {
                                 nullptr);
     SqliteDates::Install(db);
     SqliteArithmetic::Install(db);
+    SqliteSingleValue::Install(db);
 }
 
 } // namespace zlx::ado::SqliteText

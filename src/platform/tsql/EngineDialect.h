@@ -145,6 +145,9 @@ public:
         (void)count;
         return {};
     }
+    // The aggregate that answers the one value of a scalar subquery and fails as SQL
+    // Server's error 512 when there are several; empty: the engine fails so itself.
+    virtual QString SingleValueAggregate() const { return {}; }
     // The hidden column that picks one row of a table (SQLite's rowid).
     virtual QString RowLocator() const = 0;
     // CAST(value AS engineType), an integer type: the fraction dropped, not rounded.

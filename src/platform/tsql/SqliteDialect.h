@@ -38,6 +38,7 @@ public:
     bool ChecksAddedColumns() const override { return false; }
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString RowLocator() const override { return QStringLiteral("rowid"); }
+    QString SingleValueAggregate() const override { return QStringLiteral("zlx_single"); }
     QString TextResultCollation() const override;
     QString CaseInsensitiveCollation() const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;

@@ -113,6 +113,7 @@ size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
         if (t.IsSymbol(u"(") && IsTableHint(i + 1) && i > 0 &&
             (m_t[i - 1].kind == TokenKind::Word || m_t[i - 1].kind == TokenKind::QuotedName))
             return SkipBareHints(i);
+        if (t.IsSymbol(u"(") && m_t.WordAt(i + 1, u"SELECT")) MarkSingleValue(i, limits);
         out += t.leading + t.text;
         return i + 1;
     case TokenKind::Number:
@@ -461,6 +462,76 @@ size_t StatementWriter::EmitSetDefault(size_t i, QString& out) {
         m_context.columnDefault ? m_context.columnDefault(table, column) : QString();
     out += m_t[i].leading + (value.isEmpty() ? QStringLiteral("NULL") : value);
     return i + 1;
+}
+
+// Whether the subquery at `open` stands where one value is due: after an operator, a comma
+// or "(" outside a FROM list, or a word that begins an expression.
+bool StatementWriter::IsScalarSubquery(size_t open) const {
+    static const QStringList operators = {u"="_qs,  u"<>"_qs, u"!="_qs, u"<"_qs, u">"_qs,
+                                          u"<="_qs, u">="_qs, u"+"_qs,  u"-"_qs, u"*"_qs,
+                                          u"/"_qs,  u"%"_qs,  u","_qs,  u"("_qs};
+    static const QStringList words = {u"SELECT"_qs, u"THEN"_qs,   u"ELSE"_qs,   u"WHEN"_qs,
+                                      u"WHERE"_qs,  u"AND"_qs,    u"OR"_qs,     u"NOT"_qs,
+                                      u"ON"_qs,     u"HAVING"_qs, u"RETURN"_qs, u"BETWEEN"_qs};
+    if (open == 0) return false;
+    const Token& before = m_t[open - 1];
+    if (before.kind == TokenKind::Word) return words.contains(before.text, Qt::CaseInsensitive);
+    if (before.kind != TokenKind::Symbol || !operators.contains(before.text)) return false;
+    if (before.IsSymbol(u"(")) {
+        const Token* call = m_t.At(open - 2);
+        return !(call && (call->IsWord(u"IN") || call->IsWord(u"EXISTS") || call->IsWord(u"FROM") ||
+                          call->IsWord(u"JOIN")));
+    }
+    if (!before.IsSymbol(u",")) return true;
+    // A comma of a FROM list separates tables.
+    for (size_t k = open - 1, depth = 0; k-- > 0;) {
+        if (m_t[k].IsSymbol(u")"))
+            ++depth;
+        else if (m_t[k].IsSymbol(u"(") && depth-- == 0)
+            return true;
+        else if (depth == 0 && (m_t[k].IsWord(u"FROM") || m_t[k].IsWord(u"JOIN")))
+            return false;
+        else if (depth == 0 && (m_t[k].IsWord(u"SELECT") || m_t[k].IsWord(u"SET") ||
+                                m_t[k].IsWord(u"BY") || m_t[k].IsWord(u"VALUES")))
+            return true;
+    }
+    return true;
+}
+
+// (SELECT x FROM ...) where one value is due: its value compares under the database
+// collation (SQLite gives a subquery's value none), and on an engine that would answer the
+// first of several rows, x goes through its aggregate that fails as SQL Server's error 512.
+// The aggregate is left out when the subquery gives one row at most, or several rows to an
+// aggregate (TOP, DISTINCT, GROUP BY, UNION, an aggregate in x, more than one column).
+void StatementWriter::MarkSingleValue(size_t open, std::multimap<size_t, QString>& limits) {
+    static const QStringList aggregates = {u"COUNT"_qs, u"SUM"_qs,   u"AVG"_qs, u"MIN"_qs,
+                                           u"MAX"_qs,   u"STDEV"_qs, u"VAR"_qs, u"COUNT_BIG"_qs};
+    const QString aggregate = m_dialect.SingleValueAggregate();
+    if (aggregate.isEmpty() || !IsScalarSubquery(open)) return;
+    const size_t select = open + 1;
+    const size_t close = m_t.Close(open);
+    limits.emplace(close + 1, m_dialect.TextResultCollation());
+    const size_t from = m_t.DepthZeroWord(select + 1, u"FROM");
+    if (from >= close || m_t.WordAt(select + 1, u"TOP") || m_t.WordAt(select + 1, u"DISTINCT"))
+        return;
+    for (QStringView word : {u"GROUP", u"UNION", u"EXCEPT", u"INTERSECT"})
+        if (m_t.DepthZeroWord(from, word) < close) return;
+    for (size_t k = select + 1, depth = 0; k < from; ++k) {
+        if (m_t[k].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[k].IsSymbol(u")"))
+            --depth;
+        else if ((depth == 0 && m_t[k].IsSymbol(u",")) ||
+                 (m_t[k].kind == TokenKind::Word && m_t.SymbolAt(k + 1, u"(") &&
+                  aggregates.contains(m_t[k].text, Qt::CaseInsensitive)))
+            return;
+    }
+    // The item's blanks go before the call (a part of a statement may be written twice).
+    Token& item = m_t[select + 1];
+    limits.emplace(select + 1,
+                   (item.leading.isEmpty() ? u" "_qs : item.leading) + aggregate + u'(');
+    item.leading.clear();
+    limits.emplace(from, QStringLiteral(")"));
 }
 
 } // namespace zlx::tsql

@@ -104,6 +104,9 @@ private:
 
     size_t EmitSetDefault(size_t i, QString& out);
 
+    bool IsScalarSubquery(size_t open) const;
+    void MarkSingleValue(size_t open, std::multimap<size_t, QString>& limits);
+
     // Calls (StatementWriter_calls.cpp).
     // Function calls with another spelling; returns `i` when the call stays as written.
     size_t EmitFunction(size_t i, QString& out);

@@ -53,6 +53,7 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"values for", ado::kNativeMoreValuesThanColumns},
     {"Conversion failed when converting date", ado::kNativeDateConversion},
     {"Divide by zero error encountered", ado::kNativeDivideByZero},
+    {"Subquery returned more than 1 value", ado::kNativeSubqueryRows},
     {"datetime data type resulted in an out-of-range", ado::kNativeDateOutOfRange},
 };
 

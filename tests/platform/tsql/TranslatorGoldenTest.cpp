@@ -152,3 +152,33 @@ TEST(TsqlTranslator, MalformedStatementsAreCommandErrors) {
         }
     }
 }
+
+// SQLite answers the first row of a scalar subquery that finds several: where one value is
+// due and the subquery may find more than one row, its value goes through the aggregate that
+// fails as error 512 (and compares under the database collation); subqueries of sets and
+// tables, and those of one row at most, stay.
+TEST(TsqlTranslator, ScalarSubqueriesOfSeveralRowsFailOnSqlite) {
+    const auto sqlite = [](const char* tsql) {
+        return Translated(QString::fromUtf8(tsql), Target::SQLite);
+    };
+    EXPECT_EQ(sqlite("SELECT (SELECT n FROM t) + 1"),
+              QStringLiteral("SELECT (SELECT zlx_single(n) FROM t) COLLATE NOCASE + 1"));
+    EXPECT_EQ(sqlite("UPDATE a SET c = (SELECT n FROM t WHERE t.id = a.id)"),
+              QStringLiteral("UPDATE a SET c = (SELECT zlx_single(n) FROM t WHERE t.id = a.id) "
+                             "COLLATE NOCASE"));
+    EXPECT_EQ(sqlite("SELECT x FROM a WHERE x = 1 AND (SELECT n FROM t) > 2"),
+              QStringLiteral("SELECT x FROM a WHERE x = 1 AND (SELECT zlx_single(n) FROM t) "
+                             "COLLATE NOCASE > 2"));
+    EXPECT_EQ(sqlite("SELECT ISNULL((SELECT n FROM t), 0), (SELECT m FROM u)"),
+              QStringLiteral("SELECT ifnull((SELECT zlx_single(n) FROM t) COLLATE NOCASE, 0), "
+                             "(SELECT zlx_single(m) FROM u) COLLATE NOCASE"));
+    for (const char* unchanged :
+         {"SELECT x FROM a WHERE x IN (SELECT n FROM t)",
+          "SELECT x FROM a WHERE EXISTS (SELECT n FROM t)", "SELECT x FROM (SELECT n FROM t) a",
+          "SELECT x FROM a, (SELECT n FROM t) b", "SELECT (SELECT MAX(n) FROM t)",
+          "SELECT (SELECT COUNT(*) + 1 FROM t)", "SELECT (SELECT n FROM t GROUP BY n)",
+          "SELECT (SELECT DISTINCT n FROM t)", "SELECT (SELECT 1)", "SELECT (SELECT n, m FROM t)"})
+        EXPECT_FALSE(sqlite(unchanged).contains(u"zlx_single")) << unchanged;
+    EXPECT_FALSE(Translated(QStringLiteral("SELECT (SELECT n FROM t) + 1"), Target::PostgreSQL)
+                     .contains(u"zlx_single"));
+}

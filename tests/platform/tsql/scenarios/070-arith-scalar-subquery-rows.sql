@@ -1,5 +1,4 @@
 -- A scalar subquery that answers several rows is error 512.
--- gap sqlite: SELECT (SELECT n FROM t) + 1 answers row 2, not error 512
 -- run
 CREATE TABLE t (n INT)
 -- run
