@@ -1,5 +1,6 @@
 #include "platform/engines/DeclaredType.h"
 
+#include <QHash>
 #include <QRegularExpression>
 
 namespace zlx::ado {
@@ -15,7 +16,7 @@ struct TypeText {
     int second = -1;
 };
 
-TypeText Split(const QString& declared) {
+TypeText ReadTypeText(const QString& declared) {
     static const QRegularExpression pattern(
         QStringLiteral(R"(^\s*([A-Za-z_ ]+?)\s*(?:\(\s*(\d+|max)\s*(?:,\s*(\d+)\s*)?\))?\s*$)"),
         QRegularExpression::CaseInsensitiveOption);
@@ -32,6 +33,16 @@ TypeText Split(const QString& declared) {
                          : match.captured(2).toInt();
     if (match.hasCaptured(3)) text.second = match.captured(3).toInt();
     return text;
+}
+
+// Every statement describes its columns: a declared type is read once per thread.
+TypeText Split(const QString& declared) {
+    constexpr qsizetype kMostRemembered = 256;
+    thread_local QHash<QString, TypeText> known;
+    const auto found = known.constFind(declared);
+    if (found != known.constEnd()) return *found;
+    if (known.size() >= kMostRemembered) known.clear();
+    return *known.insert(declared, ReadTypeText(declared));
 }
 
 void Set(ColumnInfo& column, DataTypeEnum type, std::int32_t size, int precision = 255,

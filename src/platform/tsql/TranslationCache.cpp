@@ -1,42 +1,20 @@
 #include "platform/tsql/TranslationCache.h"
 
-#include <cstdint>
+#include "platform/engines/AdoError.h"
+
+#include <algorithm>
 
 namespace zlx::tsql {
 
-namespace {
-
-// A length as two characters, so that no text can pass for the boundary between two others.
-void AppendSized(QString& key, const QString& text) {
-    const auto size = static_cast<std::uint32_t>(text.size());
-    key += QChar(static_cast<char16_t>(size & 0xFFFF));
-    key += QChar(static_cast<char16_t>(size >> 16));
-    key += text;
+std::optional<Translation> TranslationCache::Find(const StatementShape& shape) const {
+    const auto found = m_kept.constFind(shape.Key());
+    if (found == m_kept.constEnd()) return std::nullopt;
+    Translation translation = found->translation;
+    if (!found->pieces.isEmpty()) translation.sql = Written(*found, shape.Values());
+    return translation;
 }
 
-} // namespace
-
-QString TranslationCache::KeyOf(const Tokens& statement, const Settings& settings) {
-    QString key;
-    key.reserve(8 + static_cast<qsizetype>(statement.size()) * 12);
-    key += settings.dayMonthYear ? u'd' : u'm';
-    key += QChar(static_cast<char16_t>(settings.dateFirst));
-    key += settings.spanishNames ? u's' : u'e';
-    for (const Token& token : statement) {
-        key += QChar(static_cast<char16_t>(u'A' + static_cast<int>(token.kind)));
-        key += token.national ? u'N' : u'-';
-        AppendSized(key, token.leading);
-        AppendSized(key, token.text);
-    }
-    return key;
-}
-
-const Translation* TranslationCache::Find(const QString& key) const {
-    const auto found = m_kept.constFind(key);
-    return found == m_kept.constEnd() ? nullptr : &*found;
-}
-
-void TranslationCache::Check(const QString& key, const Tokens& statement,
+void TranslationCache::Check(const StatementShape& shape, const Tokens& statement,
                              TranslationContext checking) {
     // Another database shows in the translation's list of them; the locks tables in MayKeep.
     checking.databaseAlias = nullptr;
@@ -57,16 +35,91 @@ void TranslationCache::Check(const QString& key, const Tokens& statement,
         consulted = true;
         return QString();
     };
-    // Read at the check, a table's columns would raise a text's conversion error before the
-    // statements ahead of it had run.
-    checking.tableColumns = [&consulted](const QString&) {
-        consulted = true;
-        return TableColumns();
+    const bool mayKeep = MayKeep(statement);
+    const auto columnsOf = std::move(checking.tableColumns);
+    // A table of another database would be attached to be read; one that does not exist yet
+    // may be made by a statement ahead in the batch.
+    checking.tableColumns = [&consulted, &columnsOf, mayKeep](const QString& table) {
+        TableColumns columns;
+        if (mayKeep && columnsOf && !table.contains(u'.')) columns = columnsOf(table);
+        if (columns.empty()) consulted = true;
+        return columns;
     };
-    Translation translation = TsqlTranslator(std::move(checking)).Translate(statement);
-    if (consulted || !translation.databases.isEmpty() || !MayKeep(statement)) return;
+    Translation translation;
+    try {
+        translation = TsqlTranslator(checking).Translate(statement);
+    } catch (const ado::AdoError&) {
+        checking.tableColumns = [&consulted](const QString&) {
+            consulted = true;
+            return TableColumns();
+        };
+        TsqlTranslator(std::move(checking)).Translate(statement);
+        return; // refused only with the columns: refused when it runs
+    }
+    if (consulted || !translation.databases.isEmpty() || !mayKeep) return;
+    Kept kept{std::move(translation), {}, {}};
+    if (!shape.Slots().empty()) {
+        std::optional<Kept> general = WithSlots(shape, statement, kept.translation, checking);
+        if (!general || consulted) return;
+        kept = std::move(*general);
+    }
     if (m_kept.size() >= kMostKept) m_kept.clear();
-    m_kept.insert(key, std::move(translation));
+    m_kept.insert(shape.Key(), std::move(kept));
+}
+
+// The translation of the statement with stand-ins in its slots, cut where they were written.
+// Kept only when each stand-in is written as it stands and the cut text, written with the
+// statement's own literals, is the statement's own translation.
+std::optional<TranslationCache::Kept>
+TranslationCache::WithSlots(const StatementShape& shape, const Tokens& statement,
+                            const Translation& translation,
+                            const TranslationContext& checking) const {
+    const Tokens standIns = shape.WithStandIns(statement);
+    if (standIns.empty()) return std::nullopt;
+    Translation general;
+    try {
+        general = TsqlTranslator(checking).Translate(standIns);
+    } catch (const ado::AdoError&) {
+        return std::nullopt;
+    }
+    if (general.exclusiveTables != translation.exclusiveTables ||
+        general.identityStart != translation.identityStart)
+        return std::nullopt;
+    struct Place {
+        qsizetype at;
+        qsizetype size;
+        std::size_t slot;
+    };
+    std::vector<Place> places;
+    for (std::size_t slot = 0; slot < shape.Slots().size(); ++slot) {
+        const QString text = shape.StandInText(slot, statement);
+        const std::size_t before = places.size();
+        for (qsizetype at = general.sql.indexOf(text); at >= 0;
+             at = general.sql.indexOf(text, at + text.size()))
+            places.push_back({at, text.size(), slot});
+        if (places.size() == before) return std::nullopt;
+    }
+    std::sort(places.begin(), places.end(),
+              [](const Place& a, const Place& b) { return a.at < b.at; });
+    Kept kept{general, {}, {}};
+    qsizetype from = 0;
+    for (const Place& place : places) {
+        if (place.at < from) return std::nullopt;
+        kept.pieces << general.sql.mid(from, place.at - from);
+        kept.slotOrder.push_back(place.slot);
+        from = place.at + place.size;
+    }
+    kept.pieces << general.sql.mid(from);
+    if (Written(kept, shape.Values()) != translation.sql) return std::nullopt;
+    kept.translation.sql.clear();
+    return kept;
+}
+
+QString TranslationCache::Written(const Kept& kept, const std::vector<QString>& values) {
+    QString sql = kept.pieces.front();
+    for (std::size_t k = 0; k < kept.slotOrder.size(); ++k)
+        sql += values[kept.slotOrder[k]] + kept.pieces[static_cast<qsizetype>(k) + 1];
+    return sql;
 }
 
 void TranslationCache::DefinitionsChanged() {

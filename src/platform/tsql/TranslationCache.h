@@ -1,47 +1,58 @@
 #pragma once
 // The engine texts of statements already translated, so that a statement checked before its
 // batch runs is not translated a second time to run, and a statement sent again is not
-// translated again at all. Only a translation that depends on nothing but the statement and
-// the session's settings is kept: one that consulted no catalog (column kinds, defaults, a
-// table's columns, another database, the locks tables) and wrote no @@ or @ value into the
-// text. A kept translation is found again only under the same DATEFORMAT, DATEFIRST and
-// LANGUAGE, and only until a definition or the database changes.
+// translated again at all. Only a translation that depends on nothing but the statement, the
+// session's settings and the columns of the table it stores in is kept: one that consulted no
+// other catalog question (column kinds, defaults, another database, the locks tables) and
+// wrote no @@ or @ value into the text. A kept translation is found again only under the same
+// DATEFORMAT, DATEFIRST and LANGUAGE, and only until a definition or the database changes.
+// Statements that differ only in the literals StatementShape takes out share one translation,
+// kept as the text around those literals.
 
+#include "platform/tsql/StatementShape.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/tsql/TsqlTranslator.h"
 
 #include <QHash>
 #include <QString>
+#include <optional>
 
 namespace zlx::tsql {
 
 class TranslationCache {
 public:
-    // What a statement is translated under; the translator's settings of the session.
-    struct Settings {
-        bool dayMonthYear = false;
-        int dateFirst = 7;
-        bool spanishNames = false;
-    };
+    using Settings = StatementShape::Settings;
 
-    // The lookup key of `statement` under `settings`.
-    static QString KeyOf(const Tokens& statement, const Settings& settings);
-    // The translation kept under `key`, or nullptr; valid until the next Check.
-    const Translation* Find(const QString& key) const;
+    // The kept translation of the statement of `shape`, written with its literals.
+    std::optional<Translation> Find(const StatementShape& shape) const;
+    bool Knows(const StatementShape& shape) const { return m_kept.contains(shape.Key()); }
     // Translates `statement` as the check before a batch runs does: with the session's
-    // `context`, except that the kinds of columns, their defaults and a table's columns are
-    // not read from the catalog and other databases are not attached (each such question
-    // answers as if it had not been asked). Keeps the translation under `key` when no such
-    // question came up, as the session's own. Throws what the translator throws.
-    void Check(const QString& key, const Tokens& statement, TranslationContext context);
+    // `context`, except that the kinds of columns and their defaults are not read from the
+    // catalog and other databases are not attached (each such question answers as if it had
+    // not been asked). The columns of the table an INSERT or UPDATE stores in are read when
+    // the table exists. Keeps the translation when no other question came up, as the
+    // session's own. Throws what the translator throws without the table's columns: a value
+    // that does not convert to its column fails when its statement runs, not before the
+    // statements ahead of it.
+    void Check(const StatementShape& shape, const Tokens& statement, TranslationContext context);
     // A table, column, default or the current database changed: nothing kept is used again.
     void DefinitionsChanged();
 
 private:
+    // A translation, and where it has slots the engine text between their literals.
+    struct Kept {
+        Translation translation;
+        QStringList pieces;                 // one more than `slotOrder`; empty: no slot
+        std::vector<std::size_t> slotOrder; // the slot whose literal follows each piece
+    };
     // Enough for the statements an application repeats; a full cache starts again.
     static constexpr qsizetype kMostKept = 512;
     static bool MayKeep(const Tokens& statement);
-    QHash<QString, Translation> m_kept;
+    static QString Written(const Kept& kept, const std::vector<QString>& values);
+    std::optional<Kept> WithSlots(const StatementShape& shape, const Tokens& statement,
+                                  const Translation& translation,
+                                  const TranslationContext& checking) const;
+    QHash<QString, Kept> m_kept;
 };
 
 } // namespace zlx::tsql

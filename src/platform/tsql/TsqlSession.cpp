@@ -371,14 +371,14 @@ TranslationCache::Settings TsqlSession::TranslationSettings() const {
 // The check asks the session's context, but not the questions that only running may ask
 // (TranslationCache::Check leaves those out).
 void TsqlSession::CheckTranslation(const Tokens& statement) {
-    const QString key = TranslationCache::KeyOf(statement, TranslationSettings());
-    if (!m_translations.Find(key)) m_translations.Check(key, statement, Context());
+    const StatementShape shape(statement, TranslationSettings());
+    if (!m_translations.Knows(shape)) m_translations.Check(shape, statement, Context());
 }
 
 Translation TsqlSession::RunTranslation(const Tokens& statement) {
-    const Translation* kept =
-        m_translations.Find(TranslationCache::KeyOf(statement, TranslationSettings()));
-    return kept ? *kept : TsqlTranslator(Context()).Translate(statement);
+    std::optional<Translation> kept =
+        m_translations.Find(StatementShape(statement, TranslationSettings()));
+    return kept ? std::move(*kept) : TsqlTranslator(Context()).Translate(statement);
 }
 
 void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {
@@ -607,7 +607,10 @@ TableColumns TsqlSession::ColumnsOf(const QString& tsqlTable) {
     const QString table = EngineObjectName(tsqlTable);
     const auto known = m_tableColumns.constFind(table);
     if (known != m_tableColumns.constEnd()) return *known;
-    return *m_tableColumns.insert(table, m_dialect->ColumnsOf(table));
+    TableColumns columns = m_dialect->ColumnsOf(table);
+    // A table not made yet (the check before a batch asks) may be made by the batch.
+    if (!columns.empty()) m_tableColumns.insert(table, columns);
+    return columns;
 }
 
 // The stored procedures the library calls; anything else is named as unsupported.

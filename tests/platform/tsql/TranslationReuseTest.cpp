@@ -121,3 +121,67 @@ TEST_P(TranslationReuseTest, AOneStatementBatchFailsTheSameEachTime) {
                   QString::number(time));
     }
 }
+
+// Statements that differ only in a literal compared with a column share one translation; each
+// is still answered for its own literal, and a literal that the translation rewrites (a date,
+// trailing blanks, arithmetic) is not taken for another's.
+TEST_P(TranslationReuseTest, ComparedLiteralsAnswerForThemselves) {
+    Exec(QStringLiteral("CREATE TABLE c (id INT, grupo INT, nombre VARCHAR(20), alta DATETIME) "
+                        "INSERT INTO c VALUES (1, 5, 'Ana', '20240131') "
+                        "INSERT INTO c VALUES (2, 5, 'O''Brien', '20240201') "
+                        "INSERT INTO c VALUES (3, 7, 'Luis', '20240202')"));
+    const auto next = [this](const QString& grupo, int id) {
+        return Value(QStringLiteral("SELECT TOP 1 id FROM c WHERE grupo = '%1' AND  id > %2 "
+                                    "ORDER BY id")
+                         .arg(grupo)
+                         .arg(id));
+    };
+    EXPECT_EQ(next(QStringLiteral("5"), 1), QStringLiteral("2"));
+    EXPECT_EQ(next(QStringLiteral("5"), 2), QStringLiteral("<no row>"));
+    EXPECT_EQ(next(QStringLiteral("7"), 1), QStringLiteral("3"));
+    EXPECT_EQ(next(QStringLiteral("7"), 3), QStringLiteral("<no row>"));
+    const auto named = [this](const QString& literal) {
+        return Column(QStringLiteral("SELECT id FROM c WHERE nombre = ") + literal +
+                      QStringLiteral(" ORDER BY id"));
+    };
+    EXPECT_EQ(named(QStringLiteral("'Luis'")), QStringList{"3"});
+    EXPECT_EQ(named(QStringLiteral("'O''Brien'")), QStringList{"2"});
+    EXPECT_EQ(named(QStringLiteral("'ANA'")), QStringList{"1"});
+    EXPECT_EQ(named(QStringLiteral("'Ana   '")), QStringList{"1"});
+    EXPECT_EQ(named(QStringLiteral("'nadie'")), QStringList{});
+    const auto since = [this](const QString& literal) {
+        return Column(QStringLiteral("SELECT id FROM c WHERE alta >= ") + literal +
+                      QStringLiteral(" ORDER BY id"));
+    };
+    Exec(QStringLiteral("SET DATEFORMAT dmy"));
+    EXPECT_EQ(since(QStringLiteral("'20240201'")), (QStringList{"2", "3"}));
+    EXPECT_EQ(since(QStringLiteral("'02/02/2024'")), QStringList{"3"});
+    const auto byId = [this](const QString& literal) {
+        return Column(QStringLiteral("SELECT nombre FROM c WHERE id = ") + literal);
+    };
+    EXPECT_EQ(byId(QStringLiteral("2")), QStringList{"O'Brien"});
+    EXPECT_EQ(byId(QStringLiteral("3")), QStringList{"Luis"});
+    EXPECT_EQ(byId(QStringLiteral("1 + 2")), QStringList{"Luis"});
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT nombre FROM c WHERE id = 2147483647 + 1")),
+              8115);
+    EXPECT_EQ(Exec(QStringLiteral("DELETE FROM c WHERE id = 3")), QStringList{"count 1"});
+    EXPECT_EQ(Exec(QStringLiteral("DELETE FROM c WHERE id = 2")), QStringList{"count 1"});
+    EXPECT_EQ(Column(QStringLiteral("SELECT id FROM c")), QStringList{"1"});
+}
+
+// The check before a batch reads the columns of the table an INSERT stores in, so that the
+// run does not translate the INSERT again; a table made or remade by the batch is read anew.
+TEST_P(TranslationReuseTest, StoredTextsFollowTheColumnsTheBatchMakes) {
+    Exec(QStringLiteral("CREATE TABLE n (v INT)"));
+    const QString blank = QStringLiteral("INSERT INTO n VALUES ('') SELECT v FROM n");
+    EXPECT_EQ(Column(blank), QStringList{"0"});
+    EXPECT_EQ(Column(QStringLiteral("DROP TABLE n CREATE TABLE n (v VARCHAR(5)) ") + blank),
+              QStringList{""});
+    EXPECT_EQ(Column(QStringLiteral("SELECT v INTO m FROM n WHERE 1 = 0 "
+                                    "INSERT INTO m VALUES ('x') SELECT v FROM m")),
+              QStringList{"x"});
+    Exec(QStringLiteral("CREATE TABLE k (v INT)"));
+    EXPECT_EQ(Column(QStringLiteral("SELECT v INTO j FROM k WHERE 1 = 0 "
+                                    "INSERT INTO j VALUES ('') SELECT v FROM j")),
+              QStringList{"0"});
+}
