@@ -231,8 +231,16 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
         }
         std::vector<char> record(dbf.RecordLength());
         std::vector<Variant> values(loaded.size()); // the values read only as Variants
+        // Stored records are added to the recordset a batch at a time, and before a failure.
+        constexpr std::size_t kRecordsAddedTogether = 4096;
+        std::size_t stored = 0;
+        const auto addStored = [&](std::size_t more = 0) {
+            m_rs->EndLoadedRecords(stored + more);
+            stored = 0;
+        };
         // The record is added with the fields read before the unreadable one.
         const auto failRecord = [&](std::size_t failed, const QString& problem) {
+            addStored();
             m_rs->AddNew();
             for (std::size_t done = 0; done < failed; ++done) {
                 QString ignored;
@@ -242,8 +250,10 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
             return FailDbfLoad(m_lastError, problem);
         };
         for (std::uint32_t r = 1; r <= dbf.RecordCount(); ++r) {
-            if (!dbf.ReadRecord(r, record.data()))
+            if (!dbf.ReadRecord(r, record.data())) {
+                addStored();
                 return FailDbfLoad(m_lastError, DbfTexts::kRecordReadFailed);
+            }
             ++m_tally;
             // The whole record is read before any of it is stored: a field that cannot be
             // read (a memo) leaves the record being added with the fields before it.
@@ -265,11 +275,12 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
                     values[c] = Variant(); // lets the text buffer be reused
                 }
             } catch (...) {
-                m_rs->EndLoadedRecord(); // the record keeps the fields stored before
+                addStored(1); // the record keeps the fields stored before
                 throw;
             }
-            m_rs->EndLoadedRecord();
+            if (++stored == kRecordsAddedTogether) addStored();
         }
+        addStored();
         dbf.Close();
         const std::int32_t result = FinishLoad(static_cast<std::int32_t>(loaded.size()));
         m_lastError = zlxDatosError_None;

@@ -1118,13 +1118,20 @@ ColumnStore& Recordset::LoadingColumn(int field) {
     return m_columns[field];
 }
 
-void Recordset::EndLoadedRecord() {
-    const std::size_t physical = m_status.size();
+void Recordset::EndLoadedRecords(std::size_t count) {
+    if (count == 0) return;
+    const std::size_t first = m_status.size();
     for (ColumnStore& column : m_columns) {
-        if (column.Size() == physical) column.AppendNull();
+        while (column.Size() < first + count)
+            column.AppendNull();
     }
-    m_status.push_back(adRecNew);
-    AddedAsNew(physical);
+    m_status.resize(first + count, adRecNew);
+    const std::size_t last = first + count - 1;
+    for (std::size_t physical = first; physical < last; ++physical) {
+        m_order.push_back(static_cast<std::uint32_t>(physical));
+        m_view.push_back(static_cast<std::uint32_t>(physical));
+    }
+    AddedAsNew(last);
 }
 
 std::vector<int> Recordset::FieldListIndexes(const Variant& fieldList) const {

@@ -107,9 +107,12 @@ public:
     // that keeps its changes to itself: after BeginLoading, each record appends one value to
     // the LoadingColumn of each field (a field given none is Null), then EndLoadedRecord adds
     // it as AddNew and Update would, leaving it current. `records`: how many are coming.
+    // EndLoadedRecords adds the `count` records appended since the last ones added at once
+    // (a field given no value in the last of them is Null there).
     void BeginLoading(std::size_t records);
     ColumnStore& LoadingColumn(int field);
-    void EndLoadedRecord();
+    void EndLoadedRecord() { EndLoadedRecords(1); }
+    void EndLoadedRecords(std::size_t count);
     void Update();
     void Update(const Variant& fieldList, const Variant& values);
     void CancelUpdate();

@@ -277,8 +277,24 @@ TEST(RecordsetEditing, LoadedRecordsAreNewRecordsLikeAddedOnes) {
     EXPECT_TRUE(rs->Collect(Variant("ciudad")).IsNull());
     rs->MovePrevious();
     EXPECT_EQ(rs->Collect(Variant("codigo")).ToLong(), 7);
+    // Records added together: the last one, given no code, is Null there and current.
+    for (const char16_t* text : {u"Gil", u"Roca", u"Vera"})
+        EXPECT_TRUE(name.AppendText(text));
+    EXPECT_TRUE(code.AppendInteger(30));
+    EXPECT_TRUE(code.AppendInteger(31));
+    rs->EndLoadedRecords(3);
+    EXPECT_EQ(rs->RecordCount(), 3 + 5);
+    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Vera");
+    EXPECT_TRUE(rs->Collect(Variant("codigo")).IsNull());
+    EXPECT_EQ(rs->Status(), adRecNew);
+    rs->MovePrevious();
+    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Roca");
+    EXPECT_EQ(rs->Collect(Variant("codigo")).ToLong(), 31);
     rs->SetFilter(Variant());
-    EXPECT_EQ(rs->RecordCount(), before + 2);
+    EXPECT_EQ(rs->RecordCount(), before + 5);
+    rs->Find("codigo = 30", 0, adSearchForward, Variant(std::int32_t(adBookmarkFirst)));
+    ASSERT_FALSE(rs->IsEOF());
+    EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Gil");
     rs->Find("codigo = 8", 0, adSearchForward, Variant(std::int32_t(adBookmarkFirst)));
     ASSERT_FALSE(rs->IsEOF());
     EXPECT_EQ(rs->Collect(Variant("nombre")).ToString(), "Sanz");
