@@ -149,9 +149,13 @@ void SqliteTableRebuild::Rebuild(const QString& column,
         }
         pieces.back().push_back(token);
     }
+    // The column may come as the engine writes it, "quoted".
+    const QString bare = column.size() > 1 && column.startsWith(u'"') && column.endsWith(u'"')
+                             ? column.mid(1, column.size() - 2).replace(u"\"\""_qs, u"\""_qs)
+                             : column;
     bool found = false;
     for (Tokens& piece : pieces) {
-        if (!piece.empty() && piece.front().text.compare(column, Qt::CaseInsensitive) == 0 &&
+        if (!piece.empty() && piece.front().text.compare(bare, Qt::CaseInsensitive) == 0 &&
             (piece.front().kind == TokenKind::Word ||
              piece.front().kind == TokenKind::QuotedName)) {
             change(piece);

@@ -4,7 +4,18 @@
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 
+#include <algorithm>
+
 namespace zlx::tsql {
+namespace {
+
+bool IsConstraintWord(const Token& token) {
+    for (QStringView word : {u"CONSTRAINT", u"PRIMARY", u"UNIQUE", u"CHECK", u"FOREIGN"})
+        if (token.IsWord(word)) return true;
+    return false;
+}
+
+} // namespace
 
 TableDefinitionRewriter::TableDefinitionRewriter(StatementTokens& tokens,
                                                  const TranslationContext& context)
@@ -12,7 +23,56 @@ TableDefinitionRewriter::TableDefinitionRewriter(StatementTokens& tokens,
 
 std::optional<std::int64_t> TableDefinitionRewriter::Rewrite() {
     PrepareDefinitions();
+    DeferAddedDefault();
     return m_identityStart;
+}
+
+// Both engines fill the rows already there with an added column's default, as SQL Server does
+// only for a NOT NULL column or WITH VALUES (which they do not know).
+void TableDefinitionRewriter::DeferAddedDefault() {
+    if (!m_t.WordAt(0, u"ALTER") || !m_t.WordAt(1, u"TABLE")) return;
+    const size_t add = m_t.QualifiedNameEnd(2);
+    if (!m_t.WordAt(add, u"ADD") || !m_t.At(add + 1) || !IsName(m_t[add + 1]) ||
+        IsConstraintWord(m_t[add + 1]))
+        return;
+    size_t defaultAt = 0;
+    bool notNull = false;
+    for (size_t k = add + 2, depth = 0; k < m_t.size(); ++k) {
+        if (m_t[k].IsSymbol(u"("))
+            ++depth;
+        else if (m_t[k].IsSymbol(u")"))
+            --depth;
+        else if (depth > 0)
+            continue;
+        else if (m_t[k].IsSymbol(u","))
+            return; // several columns
+        else if (m_t[k].IsWord(u"DEFAULT") && !m_t.WordAt(k - 2, u"CONSTRAINT"))
+            defaultAt = k;
+        else if (m_t[k].IsWord(u"NOT") && m_t.WordAt(k + 1, u"NULL"))
+            notNull = true;
+        else if (m_t[k].IsWord(u"WITH") && m_t.WordAt(k + 1, u"VALUES")) {
+            m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(k),
+                      m_t.begin() + static_cast<std::ptrdiff_t>(k) + 2);
+            return; // the engine fills the rows
+        }
+    }
+    if (defaultAt == 0 || notNull) return;
+    const size_t end = DefaultEnd(defaultAt + 1);
+    m_deferredDefault = Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(defaultAt) + 1,
+                               m_t.begin() + static_cast<std::ptrdiff_t>(end));
+    const Token& column = m_t[add + 1];
+    m_deferredColumn =
+        column.kind == TokenKind::QuotedName ? m_dialect.QuoteName(column.text) : column.text;
+    m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(defaultAt),
+              m_t.begin() + static_cast<std::ptrdiff_t>(end));
+}
+
+size_t TableDefinitionRewriter::DefaultEnd(size_t first) const {
+    if (m_t.SymbolAt(first, u"(")) return m_t.Close(first) + 1;
+    if (m_t.SymbolAt(first, u"-") || m_t.SymbolAt(first, u"+")) return first + 2;
+    if (m_t.At(first) && m_t[first].kind == TokenKind::Word && m_t.SymbolAt(first + 1, u"("))
+        return m_t.Close(first + 1) + 1;
+    return std::min(first + 1, m_t.size());
 }
 
 void TableDefinitionRewriter::PrepareDefinitions() {

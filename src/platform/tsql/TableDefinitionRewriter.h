@@ -18,8 +18,16 @@ public:
     // Edits the definitions in place; answers the first value of a new table's identity when
     // the session must set it (see Translation::identityStart).
     std::optional<std::int64_t> Rewrite();
+    // ALTER TABLE t ADD c ... DEFAULT x of a column that may be NULL, without WITH VALUES: the
+    // rows already there keep NULL, so the column is added without its default, which is set
+    // afterwards. The column (as the engine names it) and the default's tokens; empty otherwise.
+    const QString& DeferredDefaultColumn() const { return m_deferredColumn; }
+    const Tokens& DeferredDefault() const { return m_deferredDefault; }
 
 private:
+    void DeferAddedDefault();
+    // Where the default expression that begins at `first` ends.
+    size_t DefaultEnd(size_t first) const;
     // IDENTITY(1,1) and Jet's AUTOINCREMENT columns become each engine's own identity.
     void PrepareDefinitions();
 
@@ -49,6 +57,8 @@ private:
     const TranslationContext& m_context;
     const EngineDialect& m_dialect;
     std::optional<std::int64_t> m_identityStart;
+    QString m_deferredColumn;
+    Tokens m_deferredDefault;
 };
 
 } // namespace zlx::tsql

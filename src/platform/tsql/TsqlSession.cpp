@@ -779,6 +779,10 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
     ExecuteMapped(sql, counting, timeoutSeconds);
     m_rowCount = counting.rows;
     if (column.isEmpty())
+    if (translation.defaultAfterAdd)
+        m_dialect->ChangeDefault(EngineObjectName(QualifiedNameAt(statement, 2)),
+                                 translation.defaultAfterAdd->first,
+                                 translation.defaultAfterAdd->second);
         m_identity.reset(); // @@IDENTITY after an INSERT into a table without identity
     else if (m_rowCount > 0)
         m_identity =

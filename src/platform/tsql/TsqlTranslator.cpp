@@ -59,7 +59,12 @@ TsqlTranslator::TsqlTranslator(TranslationContext context) : m_context(std::move
 Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StatementTokens tokens(statement);
     Translation translation;
-    translation.identityStart = TableDefinitionRewriter(tokens, m_context).Rewrite();
+    TableDefinitionRewriter definitions(tokens, m_context);
+    translation.identityStart = definitions.Rewrite();
+    if (!definitions.DeferredDefault().empty())
+        translation.defaultAfterAdd = {definitions.DeferredDefaultColumn(),
+                                       u'(' + Expression(definitions.DeferredDefault()).trimmed() +
+                                           u')'};
     DataStatementRewriter(tokens, DialectOf(m_context)).Rewrite();
     StoredValues stored(tokens, m_context);
     stored.PrepareStoredDecimals();

@@ -20,6 +20,9 @@ struct Translation {
     // SQLite: the first value of a new table's identity when it is not 1 (the session sets
     // the table's sequence after creating it).
     std::optional<std::int64_t> identityStart;
+    // ALTER TABLE t ADD c ... NULL DEFAULT x: the default the session sets on column c after
+    // adding it (the rows already there keep NULL): the column and the default's engine SQL.
+    std::optional<std::pair<QString, QString>> defaultAfterAdd;
 };
 
 // The version this layer reports as ServerProperty('ProductVersion').

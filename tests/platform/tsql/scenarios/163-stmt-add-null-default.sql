@@ -1,6 +1,4 @@
 -- ALTER TABLE ADD of a NULL column with a default leaves the existing rows NULL.
--- gap sqlite: SELECT c FROM t answers row 5, not row NULL
--- gap postgres: SELECT c FROM t answers row 5, not row NULL
 -- run
 CREATE TABLE t (id INT)
 -- run

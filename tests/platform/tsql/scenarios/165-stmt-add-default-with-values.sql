@@ -1,6 +1,4 @@
 -- ALTER TABLE ADD ... DEFAULT x WITH VALUES fills the existing rows of a NULL column.
--- gap sqlite: ALTER TABLE t ADD c INT NULL DEFAULT 5 WITH VALUES answers error 102, not success
--- gap postgres: ALTER TABLE t ADD c INT NULL DEFAULT 5 WITH VALUES answers error 102, not success
 -- run
 CREATE TABLE t (id INT)
 -- run
