@@ -53,8 +53,8 @@ def gbench(path):
     data = json.load(open(path))
     return {b["name"].split("/")[0].removeprefix("BM_"): b for b in data["benchmarks"]}, scale
 
-def ms(bench, scale):
-    return bench["real_time"] * scale[bench["time_unit"]]
+def ms(bench, scale, kind="real_time"):
+    return bench[kind] * scale[bench["time_unit"]]
 
 def pairs(path):
     values = {}
@@ -99,11 +99,15 @@ for key, peer_key in [("LoadFile_DBF", "load"), ("Filter", "filter"), ("Sort", "
     lite, panda = sqlite[peer_key], pandas[peer_key]
     print(f"{key:<14}{ours:>10.1f}{lite:>10.1f}{panda:>10.1f}{lite / ours:>11.2f}"
           f"{panda / ours:>11.2f}")
-bare = peers.get("bare_read")
+bare, bare_cpu = peers.get("bare_read"), peers.get("bare_read_cpu")
 load = ms(table["LoadFile_DBF"], scale)
+read_cpu = ms(dbf["ReadEveryField"], scale, "cpu_time")
+load_cpu = ms(table["LoadFile_DBF"], scale, "cpu_time")
 if bare is not None:
-    print(f"cDBF read / bare C byte loop: {read / bare:.2f} (aim: at most 2)")
-print(f"LoadFile_DBF / cDBF read: {load / read:.2f} (aim: at most 1.5)")
+    print(f"cDBF read / bare C byte loop: {read / bare:.2f} (aim: at most 2); "
+          f"in CPU time {read_cpu / bare_cpu:.2f}")
+print(f"LoadFile_DBF / cDBF read: {load / read:.2f} (aim: at most 1.5); "
+      f"in CPU time {load_cpu / read_cpu:.2f}")
 print(f"rows found by the filter: cDatos {table['Filter']['rows']:.0f}, "
       f"SQLite {sqlite['filter_rows']:.0f}, pandas {pandas['filter_rows']}")
 print(f"PRICE total: cDatos {table['Sum']['total']:.2f}, SQLite {sqlite['total']:.2f}, "
