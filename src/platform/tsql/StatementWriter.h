@@ -108,6 +108,7 @@ private:
     void MarkSingleValue(size_t open, std::multimap<size_t, QString>& limits);
 
     // Calls (StatementWriter_calls.cpp).
+    size_t EmitMoneyDivision(const QString& money, size_t slash, const QString& lead, QString& out);
     // Function calls with another spelling; returns `i` when the call stays as written.
     size_t EmitFunction(size_t i, QString& out);
 
