@@ -29,8 +29,12 @@ bool IsComparison(const Token& token) {
 
 } // namespace
 
-StatementShape::StatementShape(const Tokens& statement, const Settings& settings) {
-    m_key.reserve(8 + static_cast<qsizetype>(statement.size()) * 12);
+StatementShape::StatementShape(const Tokens& statement, const Settings& settings)
+    : m_settings(settings) {
+    qsizetype size = 8;
+    for (const Token& token : statement)
+        size += 6 + token.leading.size() + token.text.size();
+    m_key.reserve(size);
     m_key += settings.dayMonthYear ? u'd' : u'm';
     m_key += QChar(static_cast<char16_t>(settings.dateFirst));
     m_key += settings.spanishNames ? u's' : u'e';
@@ -94,7 +98,7 @@ bool StatementShape::IsInsertedValue(const Tokens& statement, std::size_t i) {
 bool StatementShape::IsPlainText(const Token& token) {
     if (token.kind != TokenKind::String || token.national || token.text.isEmpty()) return false;
     if (token.text.back().isSpace()) return false;
-    const QString word = token.text.trimmed();
+    const QStringView word = QStringView(token.text).trimmed();
     if (word.compare(u"TRUE", Qt::CaseInsensitive) == 0 ||
         word.compare(u"FALSE", Qt::CaseInsensitive) == 0)
         return false;

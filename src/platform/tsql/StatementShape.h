@@ -23,6 +23,14 @@ public:
 
     StatementShape(const Tokens& statement, const Settings& settings);
 
+    // Whether the shape was read under `settings` (a SET statement may run between the check
+    // and the run of a statement).
+    bool ReadUnder(const Settings& settings) const {
+        return settings.dayMonthYear == m_settings.dayMonthYear &&
+               settings.dateFirst == m_settings.dateFirst &&
+               settings.spanishNames == m_settings.spanishNames;
+    }
+
     // The lookup key: the statement without the values of the literals taken out.
     const QString& Key() const { return m_key; }
     // The token index of each literal taken out, in order.
@@ -45,6 +53,7 @@ private:
     static QString EngineText(const Token& token);
     static QString StandInValue(std::size_t slot, TokenKind kind);
 
+    Settings m_settings;
     QString m_key;
     std::vector<std::size_t> m_slots;
     std::vector<QString> m_values;

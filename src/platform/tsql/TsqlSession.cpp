@@ -11,6 +11,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSysInfo>
 #include <QThread>
 
@@ -223,6 +224,12 @@ void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int time
     if (TsqlBatchInterpreter::Needed(tokens))
         return TsqlBatchInterpreter(*this, sink, timeoutSeconds).Run(batch, tokens);
     const std::vector<Tokens> statements = SplitBatch(tokens);
+    m_batchStatements = &statements;
+    m_checkedShapes.assign(statements.size(), std::nullopt);
+    const auto forget = qScopeGuard([this] {
+        m_batchStatements = nullptr;
+        m_checkedShapes.clear();
+    });
     for (const Tokens& statement : statements)
         Check(statement);
     m_dialect->RefreshCatalog(batch);
@@ -371,14 +378,29 @@ TranslationCache::Settings TsqlSession::TranslationSettings() const {
 // The check asks the session's context, but not the questions that only running may ask
 // (TranslationCache::Check leaves those out).
 void TsqlSession::CheckTranslation(const Tokens& statement) {
-    const StatementShape shape(statement, TranslationSettings());
+    StatementShape shape(statement, TranslationSettings());
     if (!m_translations.Knows(shape)) m_translations.Check(shape, statement, Context());
+    if (auto* checked = CheckedShape(statement)) *checked = std::move(shape);
 }
 
 Translation TsqlSession::RunTranslation(const Tokens& statement) {
+    const auto settings = TranslationSettings();
+    std::optional<StatementShape>* checked = CheckedShape(statement);
     std::optional<Translation> kept =
-        m_translations.Find(StatementShape(statement, TranslationSettings()));
+        checked && *checked && (*checked)->ReadUnder(settings)
+            ? m_translations.Find(**checked)
+            : m_translations.Find(StatementShape(statement, settings));
     return kept ? std::move(*kept) : TsqlTranslator(Context()).Translate(statement);
+}
+
+// Only a statement of the batch itself: the parts of a block or an IF are made anew each time.
+std::optional<StatementShape>* TsqlSession::CheckedShape(const Tokens& statement) {
+    if (!m_batchStatements) return nullptr;
+    const std::less<const Tokens*> before;
+    const Tokens* first = m_batchStatements->data();
+    if (before(&statement, first) || !before(&statement, first + m_batchStatements->size()))
+        return nullptr;
+    return &m_checkedShapes[static_cast<std::size_t>(&statement - first)];
 }
 
 void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds) {

@@ -92,6 +92,8 @@ private:
     TranslationCache::Settings TranslationSettings() const;
     void CheckTranslation(const Tokens& statement);
     Translation RunTranslation(const Tokens& statement);
+    // The shape the check read of a statement of the running batch, kept for its run.
+    std::optional<StatementShape>* CheckedShape(const Tokens& statement);
 
     void AbortTransactionAfter(const ado::AdoError& error);
     void RunWaitFor(const Tokens& statement, int timeoutSeconds);
@@ -124,6 +126,9 @@ private:
     std::unique_ptr<EngineDialect> m_dialect;
     std::unique_ptr<StatementPipeline> m_pipeline; // PostgreSQL only
     TranslationCache m_translations;
+    // While a batch runs: its statements and the shape the check read of each.
+    const std::vector<Tokens>* m_batchStatements = nullptr;
+    std::vector<std::optional<StatementShape>> m_checkedShapes;
     ado::ConnectParams m_params;
     ado::WorkerExecution m_worker;
     std::atomic<bool> m_cancelled{false};
