@@ -779,6 +779,10 @@ void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
     // CREATE TABLE t (... IDENTITY(s, 1)): the next identity is s.
     if (translation.identityStart && statement.size() > 2 && statement[0].IsWord(u"CREATE"))
         Reseed(EngineObjectName(QualifiedNameAt(statement, 2)), *translation.identityStart);
+    if (translation.defaultAfterAdd)
+        m_dialect->ChangeDefault(EngineObjectName(QualifiedNameAt(statement, 2)),
+                                 translation.defaultAfterAdd->first,
+                                 translation.defaultAfterAdd->second);
 }
 
 // An INSERT also sets @@IDENTITY when its table has an identity column: from the INSERT
@@ -801,10 +805,6 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
     ExecuteMapped(sql, counting, timeoutSeconds);
     m_rowCount = counting.rows;
     if (column.isEmpty())
-    if (translation.defaultAfterAdd)
-        m_dialect->ChangeDefault(EngineObjectName(QualifiedNameAt(statement, 2)),
-                                 translation.defaultAfterAdd->first,
-                                 translation.defaultAfterAdd->second);
         m_identity.reset(); // @@IDENTITY after an INSERT into a table without identity
     else if (m_rowCount > 0)
         m_identity =
