@@ -1,6 +1,7 @@
 #include "platform/tsql/StatementShape.h"
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/StatementTokens.h"
 
 #include <cstdint>
 
@@ -14,10 +15,6 @@ void AppendSized(QString& key, const QString& text) {
     key += QChar(static_cast<char16_t>(size & 0xFFFF));
     key += QChar(static_cast<char16_t>(size >> 16));
     key += text;
-}
-
-bool IsName(const Token& token) {
-    return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
 }
 
 bool IsComparison(const Token& token) {
@@ -63,33 +60,13 @@ bool StatementShape::IsSlot(const Tokens& statement, std::size_t i) {
     const Token& first = statement.front();
     const Token& token = statement[i];
     if (first.IsWord(u"INSERT"))
-        return (IsPlainText(token) || IsPlainNumber(token)) && IsInsertedValue(statement, i);
+        return (IsPlainText(token) || IsPlainNumber(token)) && IsValuesRowItem(statement, i);
     if (!first.IsWord(u"SELECT") && !first.IsWord(u"DELETE")) return false;
     if (!IsPlainText(token) && !IsSmallWholeNumber(token)) return false;
     if (i < 2 || !IsComparison(statement[i - 1]) || !IsName(statement[i - 2])) return false;
     if (i + 1 == statement.size()) return true;
     const Token& next = statement[i + 1];
     return next.kind == TokenKind::Word || next.IsSymbol(u")");
-}
-
-// A whole item of a parenthesised row that follows VALUES (or another row of them): the rule
-// by which the translator converts a stored text (StoredValues), read on the bare tokens.
-bool StatementShape::IsInsertedValue(const Tokens& statement, std::size_t i) {
-    const auto symbolAt = [&statement](std::size_t k, QStringView symbol) {
-        return k < statement.size() && statement[k].IsSymbol(symbol);
-    };
-    if (!(symbolAt(i - 1, u"(") || symbolAt(i - 1, u",")) ||
-        !(symbolAt(i + 1, u")") || symbolAt(i + 1, u",")))
-        return false;
-    std::size_t open = i;
-    for (int depth = 0; open-- > 0;) {
-        if (statement[open].IsSymbol(u")"))
-            ++depth;
-        else if (statement[open].IsSymbol(u"(") && depth-- == 0)
-            break;
-    }
-    return open > 0 && open < i &&
-           (statement[open - 1].IsWord(u"VALUES") || statement[open - 1].IsSymbol(u","));
 }
 
 // A text that keeps its blanks and its reading whatever it holds: no blank at its end (which

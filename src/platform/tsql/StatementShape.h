@@ -46,7 +46,6 @@ public:
 
 private:
     static bool IsSlot(const Tokens& statement, std::size_t i);
-    static bool IsInsertedValue(const Tokens& statement, std::size_t i);
     static bool IsPlainText(const Token& token);
     static bool IsSmallWholeNumber(const Token& token);
     static bool IsPlainNumber(const Token& token);

@@ -27,6 +27,24 @@ bool IsClauseWord(const Token& token) {
     return false;
 }
 
+bool IsValuesRowItem(const Tokens& tokens, size_t i) {
+    const auto symbolAt = [&tokens](size_t k, QStringView symbol) {
+        return k < tokens.size() && tokens[k].IsSymbol(symbol);
+    };
+    if (!(symbolAt(i - 1, u"(") || symbolAt(i - 1, u",")) ||
+        !(symbolAt(i + 1, u")") || symbolAt(i + 1, u",")))
+        return false;
+    size_t open = i;
+    for (int depth = 0; open-- > 0;) {
+        if (tokens[open].IsSymbol(u")"))
+            ++depth;
+        else if (tokens[open].IsSymbol(u"(") && depth-- == 0)
+            break;
+    }
+    return open > 0 && open < i &&
+           (tokens[open - 1].IsWord(u"VALUES") || tokens[open - 1].IsSymbol(u","));
+}
+
 size_t StatementTokens::Close(size_t open) const {
     int depth = 0;
     for (size_t i = open; i < m_t.size(); ++i) {

@@ -19,6 +19,10 @@ bool IsName(const Token& token);
 // A word that begins or joins a clause (FROM, JOIN, ON, WHERE, AND ...), never an alias.
 bool IsClauseWord(const Token& token);
 
+// Whether the token at `i` is a whole item of a parenthesised row that follows VALUES (or
+// another row of them).
+bool IsValuesRowItem(const Tokens& tokens, size_t i);
+
 class StatementTokens {
 public:
     explicit StatementTokens(Tokens tokens) : m_t(std::move(tokens)) {}
@@ -71,6 +75,8 @@ public:
     QStringList ColumnList(size_t open) const;
 
     bool IsComparison(size_t i) const;
+
+    bool IsValuesRowItem(size_t i) const { return tsql::IsValuesRowItem(m_t, i); }
 
     // The end of the operand that begins at `i`: a literal, a (qualified) name, a function
     // call or a parenthesised expression; `i` itself when there is none.

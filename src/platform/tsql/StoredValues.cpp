@@ -91,18 +91,7 @@ bool StoredValues::DropsTrailingBlanks(size_t i) const {
 }
 
 bool StoredValues::IsInsertedValue(size_t i) const {
-    if (!m_t.WordAt(0, u"INSERT") || !(m_t.SymbolAt(i - 1, u"(") || m_t.SymbolAt(i - 1, u",")) ||
-        !(m_t.SymbolAt(i + 1, u")") || m_t.SymbolAt(i + 1, u",")))
-        return false;
-    size_t open = i;
-    for (int depth = 0; open-- > 0;) {
-        if (m_t[open].IsSymbol(u")"))
-            ++depth;
-        else if (m_t[open].IsSymbol(u"(") && depth-- == 0)
-            break;
-    }
-    return open > 0 && open < i &&
-           (m_t.WordAt(open - 1, u"VALUES") || m_t.SymbolAt(open - 1, u","));
+    return m_t.WordAt(0, u"INSERT") && m_t.IsValuesRowItem(i);
 }
 
 QString StoredValues::StoredText(size_t i) {
