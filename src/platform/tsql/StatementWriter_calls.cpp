@@ -6,6 +6,8 @@
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TsqlTranslator.h"
 
+#include <algorithm>
+
 namespace zlx::tsql {
 
 size_t StatementWriter::EmitFunction(size_t i, QString& out) {
@@ -122,16 +124,7 @@ bool StatementWriter::IsDateOperand(size_t i, size_t end) const {
 }
 
 size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
-    size_t as = close;
-    int depth = 0;
-    for (size_t j = cast + 2; j < close; ++j) {
-        if (m_t[j].IsSymbol(u"("))
-            ++depth;
-        else if (m_t[j].IsSymbol(u")"))
-            --depth;
-        else if (depth == 0 && m_t[j].IsWord(u"AS"))
-            as = j;
-    }
+    const size_t as = std::min(m_t.DepthZeroWord(cast + 2, u"AS"), close);
     if (as == close)
         ThrowStatementError(QStringLiteral("Incorrect syntax near 'CAST'."), ado::kNativeSyntax);
     const QString type =
