@@ -1,5 +1,6 @@
 #include "platform/dbfformat/DbfTable.h"
 #include "platform/dbfformat/DbfTexts.h"
+#include "table/DbfRecordLoader.h"
 #include "table/cDatos.h"
 
 #include <QFile>
@@ -48,38 +49,6 @@ DbfColumn ColumnForDbfField(const DbfLayout& layout, const DbfField& field) {
     return {zlxTblColumnTypeDecimal, static_cast<std::int32_t>(field.length)};
 }
 
-// A logical field reads as a Boolean; its I1 column keeps 1 for true and 0 for false.
-Variant ColumnValue(const Variant& value, std::int32_t type) {
-    if (type == zlxTblColumnTypeI1 && value.VarType() == vbBoolean)
-        return Variant(std::uint8_t(value.ToBool() ? 1 : 0));
-    return value;
-}
-
-// A DBF field being loaded into its column.
-struct LoadedField {
-    const DbfField* field;
-    std::int32_t type;
-    bool standsAlone; // its bytes are its whole value (see DbfTable::StandsAlone)
-    ado::ColumnStore* column;
-    QString text; // the field's text buffer, reused record after record
-    DbfFieldCodec::PlainValue plain;
-    bool isPlain = false; // `plain` holds this record's value
-};
-
-// The field's value in the record as a Variant, as its column takes it.
-Variant VariantOf(const DbfTable& dbf, const char* record, LoadedField& field, QString& problem) {
-    return ColumnValue(dbf.ValueReusing(*field.field, record, problem, field.text), field.type);
-}
-
-// Reads the field's value in the record without a Variant where it can; false when only the
-// Variant reading takes it.
-bool ReadPlain(const DbfTable& dbf, const char* record, LoadedField& loaded) {
-    const DbfField& field = *loaded.field;
-    if (!loaded.standsAlone) return dbf.PlainValue(field, record, loaded.text, loaded.plain);
-    return DbfFieldCodec::DecodePlain(field.type, record + field.offset, field.length,
-                                      field.decimals, dbf.CodePage(), loaded.text, loaded.plain);
-}
-
 // A character field of a big file whose first records all hold different texts (names,
 // codes): its column keeps its texts in one buffer from the start rather than first filling
 // a table of distinct values.
@@ -96,31 +65,6 @@ bool TextsLookDistinct(DbfTable& dbf, const DbfField& field) {
     }
     std::sort(texts.begin(), texts.end());
     return std::adjacent_find(texts.begin(), texts.end()) == texts.end();
-}
-
-// Appends the plain value read into the column, as storing its Variant would; false when
-// the column takes it only through the Variant.
-bool AppendPlain(LoadedField& loaded) {
-    using Kind = DbfFieldCodec::PlainValue::Kind;
-    const DbfFieldCodec::PlainValue& value = loaded.plain;
-    ado::ColumnStore& column = *loaded.column;
-    switch (value.kind) {
-    case Kind::Null:
-        column.AppendNull();
-        return true;
-    case Kind::Integer:
-        return column.AppendInteger(value.integer);
-    case Kind::Logical:
-        return loaded.type == zlxTblColumnTypeI1 && column.AppendInteger(value.integer);
-    case Kind::Currency:
-        return column.AppendCurrency(value.integer);
-    case Kind::Double:
-    case Kind::Date:
-        return column.AppendReal(value.real);
-    case Kind::Text:
-        return column.AppendText(value.text);
-    }
-    return false;
 }
 
 // The DBF field a column is written to; no type letter when the column has none (memo,
@@ -209,7 +153,7 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
     }
     try {
         m_lastError = zlxDatosError_None;
-        std::vector<LoadedField> loaded;
+        std::vector<std::pair<const DbfField*, std::int32_t>> loaded; // fields and column types
         BeginDefineColumns();
         for (const DbfField& field : dbf.Layout().fields) {
             const DbfColumn column = ColumnForDbfField(dbf.Layout(), field);
@@ -217,70 +161,21 @@ std::int32_t cDatos::LoadFile_DBF(const QString& cDBF_FileName) {
             AddColumn(dbf.CodePage().Decode(field.name.constData(),
                                             static_cast<std::size_t>(field.name.size())),
                       column.type, column.size);
-            loaded.push_back({&field, column.type, dbf.StandsAlone(field), nullptr, {}, {}});
+            loaded.emplace_back(&field, column.type);
         }
         EndDefineColumns();
         m_rs->BeginLoading(dbf.RecordCount());
+        DbfRecordLoader loader(dbf, *m_rs);
         for (std::size_t c = 0; c < loaded.size(); ++c) {
-            LoadedField& field = loaded[c];
-            field.column = &m_rs->LoadingColumn(static_cast<int>(c));
+            const auto [field, type] = loaded[c];
             // A single-byte page gives one character per byte: the texts' exact room.
-            if (TextsLookDistinct(dbf, *field.field))
-                field.column->KeepTextsInBuffer(std::size_t{dbf.RecordCount()} *
-                                                field.field->length);
+            if (TextsLookDistinct(dbf, *field))
+                m_rs->LoadingColumn(static_cast<int>(c))
+                    .KeepTextsInBuffer(std::size_t{dbf.RecordCount()} * field->length);
+            loader.AddField(*field, type);
         }
-        std::vector<char> record(dbf.RecordLength());
-        std::vector<Variant> values(loaded.size()); // the values read only as Variants
-        // Stored records are added to the recordset a batch at a time, and before a failure.
-        constexpr std::size_t kRecordsAddedTogether = 4096;
-        std::size_t stored = 0;
-        const auto addStored = [&](std::size_t more = 0) {
-            m_rs->EndLoadedRecords(stored + more);
-            stored = 0;
-        };
-        // The record is added with the fields read before the unreadable one.
-        const auto failRecord = [&](std::size_t failed, const QString& problem) {
-            addStored();
-            m_rs->AddNew();
-            for (std::size_t done = 0; done < failed; ++done) {
-                QString ignored;
-                m_rs->SetCurrentValue(static_cast<int>(done),
-                                      VariantOf(dbf, record.data(), loaded[done], ignored));
-            }
-            return FailDbfLoad(m_lastError, problem);
-        };
-        for (std::uint32_t r = 1; r <= dbf.RecordCount(); ++r) {
-            if (!dbf.ReadRecord(r, record.data())) {
-                addStored();
-                return FailDbfLoad(m_lastError, DbfTexts::kRecordReadFailed);
-            }
-            ++m_tally;
-            // The whole record is read before any of it is stored: a field that cannot be
-            // read (a memo) leaves the record being added with the fields before it.
-            for (std::size_t c = 0; c < loaded.size(); ++c) {
-                LoadedField& field = loaded[c];
-                field.isPlain = ReadPlain(dbf, record.data(), field);
-                if (field.isPlain) continue;
-                QString problem;
-                values[c] = VariantOf(dbf, record.data(), field, problem);
-                if (!problem.isEmpty()) return failRecord(c, problem);
-            }
-            try {
-                for (std::size_t c = 0; c < loaded.size(); ++c) {
-                    LoadedField& field = loaded[c];
-                    if (field.isPlain && AppendPlain(field)) continue;
-                    QString ignored; // a plain value is never a memo's
-                    if (field.isPlain) values[c] = VariantOf(dbf, record.data(), field, ignored);
-                    field.column->Append(values[c]);
-                    values[c] = Variant(); // lets the text buffer be reused
-                }
-            } catch (...) {
-                addStored(1); // the record keeps the fields stored before
-                throw;
-            }
-            if (++stored == kRecordsAddedTogether) addStored();
-        }
-        addStored();
+        const QString failure = loader.LoadAll(m_tally);
+        if (!failure.isEmpty()) return FailDbfLoad(m_lastError, failure);
         dbf.Close();
         const std::int32_t result = FinishLoad(static_cast<std::int32_t>(loaded.size()));
         m_lastError = zlxDatosError_None;

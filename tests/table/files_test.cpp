@@ -6,6 +6,7 @@
 #include "platform/companion/RecordingMsgPresenter.h"
 
 #include <QFile>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace zlx;
@@ -270,6 +271,86 @@ TEST(TableFiles, BigDbfFilesLoadTheirDistinctAndRepeatedTextsExactly) {
     EXPECT_EQ(table.Field_ByColumnNumber(0).ToString(), QString::fromLatin1(nameOf(9'999)));
     table.DataCell("NAME", 1, Variant(QStringLiteral("Cambiado")));
     EXPECT_EQ(table.DataCell("NAME", 1).ToString(), QStringLiteral("Cambiado"));
+}
+
+// A file of several read blocks in code page 850: the load reads it a block at a time, and
+// numbers only the general reading takes (exponents), at a block's edges and inside one,
+// blank dates and the page's own letters come out as the file reader reads them.
+TEST(TableFiles, DbfLoadOfManyBlocksHoldsWhatTheFileReaderReads) {
+    HandTable shape;
+    shape.driverByte = 0x02; // code page 850
+    shape.fields = {{"NAME", 'C', 10},     {"QTY", 'N', 8},  {"PRICE", 'N', 10, 2},
+                    {"RATIO", 'N', 12, 6}, {"BORN", 'D', 8}, {"OK", 'L', 1}};
+    const int records = 12'000; // 50-byte records: over two blocks of 256 KB
+    const std::vector<int> odd = {0, 5242, 5243, 7000, records - 1};
+    for (int i = 0; i < records; ++i) {
+        const bool general = std::find(odd.begin(), odd.end(), i) != odd.end();
+        shape.records.push_back(
+            QByteArray("Pe\x82"
+                       "a\xa4") +
+            QByteArray::number(i).leftJustified(5) +
+            (general ? QByteArray("   1.5E2") : QByteArray::number(i * 3).rightJustified(8)) +
+            (general ? QByteArray("   7.125E0")
+                     : QByteArray::number(i / 4.0, 'f', 2).rightJustified(10)) +
+            QByteArray::number(i / 64.0, 'f', 6).rightJustified(12) +
+            (i % 10 == 3 ? QByteArray("        ")
+                         : "2024" + QByteArray::number(101 + i % 12).right(2) + "15") +
+            (i % 3 ? "T" : "F"));
+    }
+    const QString path = TestScratchPath("bloques.dbf");
+    WriteAll(path, BuildTable(shape));
+    cDatos table;
+    ASSERT_EQ(table.LoadFile_DBF(path), 1);
+    ASSERT_EQ(table.RecCount(), records);
+    EXPECT_EQ(table.Tally(), records);
+    cDBF dbf;
+    dbf.ShowErrors(false);
+    ASSERT_TRUE(dbf.OpenRaw(path));
+    for (std::int32_t row = 1; row <= records; ++row) {
+        dbf.CurrentRow(row);
+        for (const HandField& field : shape.fields) {
+            const Variant read = dbf.Field(field.name);
+            const Variant cell = table.DataCell(field.name, row);
+            const std::string where = std::string(field.name) + " " + std::to_string(row);
+            ASSERT_EQ(cell.IsNull(), read.IsNull()) << where;
+            if (field.type == 'L')
+                ASSERT_EQ(cell.ToLong(), read.ToBool() ? 1 : 0) << where;
+            else if (!read.IsNull())
+                ASSERT_EQ(cell.Compare(read), 0) << where;
+        }
+    }
+    EXPECT_EQ(table.DataCell("NAME", 2).ToString(), QString::fromUtf8("Peéañ1    "));
+    EXPECT_EQ(table.DataCell("QTY", 5244).ToLong(), 150);
+    EXPECT_EQ(table.DataCell("PRICE", records).ToCurrency().scaled, 71250);
+    EXPECT_TRUE(table.DataCell("BORN", 4).IsNull());
+}
+
+// A value its column cannot hold ends a load read by blocks as it ends one read record by
+// record: no message, the records before it loaded and its own with the fields before it.
+TEST(TableFiles, DbfValueTooBigForItsColumnEndsTheLoadAtItsRecord) {
+    RecordingMsgPresenter messages;
+    ScopedMsgPresenter scope(messages);
+    HandTable shape;
+    shape.fields = {{"CODE", 'C', 4}, {"QTY", 'N', 6}, {"PRICE", 'N', 12, 2}, {"OK", 'L', 1}};
+    for (int i = 0; i < 9000; ++i)
+        shape.records.push_back(
+            QByteArray::number(i).leftJustified(4) + "    12" +
+            (i == 6000 ? QByteArray("    9.99E+20") : QByteArray("        1.25")) + "T");
+    const QString path = TestScratchPath("desborde.dbf");
+    WriteAll(path, BuildTable(shape));
+    cDatos table;
+    EXPECT_EQ(table.LoadFile_DBF(path), 0);
+    EXPECT_EQ(table.LastError(), zlxDatosError_Err_LoadDBF);
+    EXPECT_TRUE(messages.Messages().empty());
+    const ado::RecordsetPtr rs = table.Get_RS();
+    ASSERT_EQ(rs->RecordCount(), 6001);
+    rs->MoveLast();
+    EXPECT_EQ(rs->CurrentValue(0).ToString(), "6000");
+    EXPECT_EQ(rs->CurrentValue(1).ToLong(), 12);
+    EXPECT_TRUE(rs->CurrentValue(2).IsNull());
+    EXPECT_TRUE(rs->CurrentValue(3).IsNull());
+    rs->MovePrevious();
+    EXPECT_EQ(rs->CurrentValue(2).ToCurrency().scaled, 12500);
 }
 
 TEST(TableFiles, DbfFilesThatCannotBeReadRightFailWithTheirMessage) {

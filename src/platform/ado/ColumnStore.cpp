@@ -167,9 +167,9 @@ void ColumnStore::Append(const Variant& value) {
     }
 }
 
-void ColumnStore::EndAppend() {
-    if (!m_null.empty()) m_null.push_back(0);
-    ++m_size;
+void ColumnStore::EndAppend(std::size_t count) {
+    m_size += count;
+    if (!m_null.empty()) m_null.resize(m_size, 0);
 }
 
 // The values fetched most often go in without the general conversion: a text that fits, and
@@ -213,24 +213,42 @@ bool ColumnStore::AppendDirect(const Variant& value) {
 
 bool ColumnStore::AppendInteger(std::int64_t value) {
     if (m_kind != Kind::Integer || !HoldsInteger(m_type, value)) return false;
-    m_ints.push_back(value);
-    EndAppend();
+    AppendIntegers(&value, 1);
     return true;
 }
 
 bool ColumnStore::AppendCurrency(std::int64_t scaled) {
     if (m_kind != Kind::Currency) return false;
-    m_ints.push_back(scaled);
-    m_magnitudes |= MagnitudeBits(scaled);
-    EndAppend();
+    AppendCurrencies(&scaled, 1);
     return true;
 }
 
 bool ColumnStore::AppendReal(double value) {
     if (m_kind != Kind::Real || m_type == adSingle) return false;
-    m_reals.push_back(value);
-    EndAppend();
+    AppendReals(&value, nullptr, 1);
     return true;
+}
+
+void ColumnStore::AppendIntegers(const std::int64_t* values, std::size_t count) {
+    m_ints.insert(m_ints.end(), values, values + count);
+    EndAppend(count);
+}
+
+void ColumnStore::AppendCurrencies(const std::int64_t* scaled, std::size_t count) {
+    std::uint64_t magnitudes = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        magnitudes |= MagnitudeBits(scaled[i]);
+    m_magnitudes |= magnitudes;
+    AppendIntegers(scaled, count);
+}
+
+void ColumnStore::AppendReals(const double* values, const std::uint8_t* nulls, std::size_t count) {
+    const std::size_t first = m_size;
+    m_reals.insert(m_reals.end(), values, values + count);
+    EndAppend(count);
+    for (std::size_t i = 0; nulls && i < count; ++i) {
+        if (nulls[i]) SetNull(first + i, true);
+    }
 }
 
 bool ColumnStore::AppendText(QStringView text) {

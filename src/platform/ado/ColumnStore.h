@@ -4,6 +4,7 @@
 // fast comparison, texts in a TextColumn, and everything else (binary, variants) as Variants.
 // The null flags are kept only once the column has had a null.
 
+#include "platform/ado/HugePageAllocator.h"
 #include "platform/ado/TextColumn.h"
 #include "platform/engines/AdoConstants.h"
 #include "platform/variant/Variant.h"
@@ -45,6 +46,20 @@ public:
     bool AppendCurrency(std::int64_t scaled);
     bool AppendReal(double value);
     bool AppendText(QStringView text);
+    // Bulk forms of those appends for `count` values at once, for a loader that knows the
+    // column's kind and that its values fit it (integers in the column's range). A non-zero
+    // `nulls[i]` (when given) appends a Null; its value should be 0.
+    void AppendIntegers(const std::int64_t* values, std::size_t count);
+    void AppendCurrencies(const std::int64_t* scaled, std::size_t count);
+    void AppendReals(const double* values, const std::uint8_t* nulls, std::size_t count);
+    // `count` texts of a text column, each written by `write(i, out)` into room for `most`
+    // characters at `out` and answering its length (see TextColumn::AppendWritten); `most`
+    // within the column's defined size.
+    template <class Writer>
+    void AppendWrittenTexts(std::size_t count, std::size_t most, Writer&& write) {
+        m_texts.AppendWritten(count, most, write);
+        EndAppend(count);
+    }
     void Clear();
     // Converts `value` to the column's type; throws AdoError 3421 (wrong type) or 0x80040E21
     // (text longer than the defined size). Empty and Null store a null.
@@ -71,7 +86,7 @@ public:
 private:
     void StoreConverted(std::size_t row, const Variant& value);
     bool AppendDirect(const Variant& value);
-    void EndAppend();
+    void EndAppend(std::size_t count = 1);
     void AppendDefault();
     void SetNull(std::size_t row, bool null);
     void StoreDecimal(std::size_t row, const Decimal& value);
@@ -82,14 +97,14 @@ private:
     Kind m_kind;
     std::int32_t m_maxChars; // 0: unlimited
     std::size_t m_size = 0;
-    std::vector<std::uint8_t> m_null; // empty while no row is null
+    LargeVector<std::uint8_t> m_null; // empty while no row is null
     std::size_t m_nullCount = 0;
     // The magnitudes of every currency value ever stored, OR-ed together: a bound that tells a
     // total it cannot overflow without reading the values.
     std::uint64_t m_magnitudes = 0;
-    std::vector<std::int64_t> m_ints;    // integers; currency scaled by 10,000; decimal mantissas
-    std::vector<double> m_reals;         // reals, dates, and the decimals' values
-    std::vector<std::uint8_t> m_scales;  // decimals: the scale, or kWideDecimal
+    LargeVector<std::int64_t> m_ints;    // integers; currency scaled by 10,000; decimal mantissas
+    LargeVector<double> m_reals;         // reals, dates, and the decimals' values
+    LargeVector<std::uint8_t> m_scales;  // decimals: the scale, or kWideDecimal
     std::vector<Decimal> m_wideDecimals; // decimals whose mantissa needs more than 63 bits
     TextColumn m_texts;
     std::vector<Variant> m_others;

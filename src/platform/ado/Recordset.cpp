@@ -16,6 +16,7 @@
 #include <cstring>
 #include <limits>
 #include <numeric>
+#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -223,7 +224,7 @@ struct FlatKey {
 // Every key as a double (texts as ranks, descending keys negated, nulls lowest), sorted
 // together with the row number as the last key, which keeps equal records in their order.
 template <std::size_t N>
-void OrderOnFlatKeys(const std::vector<FlatKey>& keys, std::vector<std::uint32_t>& order) {
+void OrderOnFlatKeys(const std::vector<FlatKey>& keys, LargeVector<std::uint32_t>& order) {
     struct Entry {
         std::array<double, N> key;
         std::uint32_t row;
@@ -314,7 +315,7 @@ private:
 // first key highest, by a stable radix sort from the row order, so that records with equal keys
 // keep their order as with the flat keys. False, having done nothing, when the keys do not
 // all read as integers or need more than 64 bits together.
-bool OrderOnPackedKeys(const std::vector<FlatKey>& flat, std::vector<std::uint32_t>& order) {
+bool OrderOnPackedKeys(const std::vector<FlatKey>& flat, LargeVector<std::uint32_t>& order) {
     std::vector<IntegerKey> keys(flat.begin(), flat.end());
     int bits = 0;
     for (IntegerKey& key : keys) {
@@ -335,7 +336,7 @@ bool OrderOnPackedKeys(const std::vector<FlatKey>& flat, std::vector<std::uint32
     constexpr int kDigitBits = 11;
     constexpr std::size_t kDigits = std::size_t{1} << kDigitBits;
     std::vector<std::uint64_t> nextPacked(packed.size());
-    std::vector<std::uint32_t> nextOrder(order.size());
+    LargeVector<std::uint32_t> nextOrder(order.size());
     for (int shift = 0; shift < bits; shift += kDigitBits) {
         std::vector<std::size_t> start(kDigits + 1, 0);
         for (std::uint64_t key : packed)
@@ -1127,10 +1128,14 @@ void Recordset::EndLoadedRecords(std::size_t count) {
     }
     m_status.resize(first + count, adRecNew);
     const std::size_t last = first + count - 1;
-    for (std::size_t physical = first; physical < last; ++physical) {
-        m_order.push_back(static_cast<std::uint32_t>(physical));
-        m_view.push_back(static_cast<std::uint32_t>(physical));
-    }
+    // The records before the last one go at the ends of the order and the view together.
+    const auto appendRows = [first, last](auto& rows) {
+        rows.resize(rows.size() + (last - first));
+        std::iota(rows.end() - static_cast<std::ptrdiff_t>(last - first), rows.end(),
+                  static_cast<std::uint32_t>(first));
+    };
+    appendRows(m_order);
+    appendRows(m_view);
     AddedAsNew(last);
 }
 
@@ -1237,7 +1242,8 @@ void Recordset::Delete(AffectEnum affect) {
         FlushEdit();
         const bool all = affect == adAffectAll;
         const bool writeBack = WritesBack();
-        for (std::uint32_t physical : all ? m_order : m_view) {
+        using Rows = std::span<const std::uint32_t>;
+        for (std::uint32_t physical : all ? Rows(m_order) : Rows(m_view)) {
             if (m_status[physical] & adRecDBDeleted) continue;
             if (writeBack) RunWrite(RecordsetWriter(m_fields).DeleteSql(RowValues(physical)));
             m_status[physical] = kStatusDeleted;

@@ -6,6 +6,7 @@
 #include "platform/ado/ColumnStore.h"
 #include "platform/ado/Fields.h"
 #include "platform/ado/FilterCriteria.h"
+#include "platform/ado/HugePageAllocator.h"
 #include "platform/ado/Properties.h"
 #include "platform/engines/AdoConstants.h"
 #include "platform/engines/Driver.h"
@@ -214,9 +215,9 @@ private:
     Fields m_fields;
     Properties m_properties;
     std::vector<ColumnStore> m_columns;
-    std::vector<std::int32_t> m_status;
+    LargeVector<std::int32_t> m_status;
     std::unordered_map<std::size_t, std::vector<Variant>> m_originals;
-    std::vector<std::uint32_t> m_order; // all rows in Sort order
+    LargeVector<std::uint32_t> m_order; // all rows in Sort order
     std::vector<std::uint32_t> m_view;  // visible rows (filter, not deleted) in order
     std::vector<std::uint32_t> m_positionOf;
     bool m_positionsValid = false;

@@ -144,7 +144,7 @@ void TextColumn::WriteToBuffer(std::size_t row, QStringView text) {
 void TextColumn::CompactIfWasteful() {
     constexpr std::size_t kLeastWaste = 1 << 16;
     if (m_unusedChars < kLeastWaste || m_unusedChars < m_chars.size() / 2) return;
-    std::vector<char16_t> chars;
+    LargeVector<char16_t> chars;
     chars.reserve(m_chars.size() - m_unusedChars);
     for (std::size_t row = 0; row < m_lengths.size(); ++row) {
         const auto from = m_chars.begin() + static_cast<qsizetype>(m_starts[row]);

@@ -6,6 +6,8 @@
 // its text starts and how long it is. A changed text goes to the end of the buffer; the
 // buffer is compacted once most of it is left over from earlier values.
 
+#include "platform/ado/HugePageAllocator.h"
+
 #include <QHash>
 #include <QString>
 #include <QStringView>
@@ -30,6 +32,9 @@ public:
     void Append(const QString& text);
     // As Append, the text copied only when the column keeps it as a new value.
     void Append(QStringView text);
+    // Appends `count` texts, each written by `write(i, out)` into room for `most` characters at
+    // `out` and answering its length: in the buffer layout straight into the buffer.
+    template <class Writer> void AppendWritten(std::size_t count, std::size_t most, Writer&& write);
     void Set(std::size_t row, const QString& text);
     // Valid until the column next changes.
     QStringView At(std::size_t row) const;
@@ -51,14 +56,38 @@ private:
 
     Layout m_layout;
     // Dictionary layout
-    std::vector<std::uint32_t> m_codes;
+    LargeVector<std::uint32_t> m_codes;
     std::vector<QString> m_values;
     QHash<QString, std::uint32_t> m_codeOf;
     // Buffer layout
-    std::vector<char16_t> m_chars;
-    std::vector<std::uint64_t> m_starts;
-    std::vector<std::uint32_t> m_lengths;
+    LargeVector<char16_t> m_chars;
+    LargeVector<std::uint64_t> m_starts;
+    LargeVector<std::uint32_t> m_lengths;
+    std::vector<char16_t> m_written; // a text written for the dictionary layout
     std::size_t m_unusedChars = 0;
 };
+
+template <class Writer>
+void TextColumn::AppendWritten(std::size_t count, std::size_t most, Writer&& write) {
+    if (HasDictionary()) {
+        m_written.resize(most);
+        for (std::size_t i = 0; i < count; ++i)
+            Append(
+                QStringView(m_written.data(), static_cast<qsizetype>(write(i, m_written.data()))));
+        return;
+    }
+    std::size_t end = m_chars.size();
+    const std::size_t rows = m_lengths.size();
+    m_chars.resize(end + count * most);
+    m_starts.resize(rows + count);
+    m_lengths.resize(rows + count);
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::size_t length = write(i, m_chars.data() + end);
+        m_starts[rows + i] = end;
+        m_lengths[rows + i] = static_cast<std::uint32_t>(length);
+        end += length;
+    }
+    m_chars.resize(end);
+}
 
 } // namespace zlx::ado

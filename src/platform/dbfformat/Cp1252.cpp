@@ -12,11 +12,19 @@ constexpr std::array<char16_t, 32> kHighControlRange = {
     0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
 
-char16_t CharOf(unsigned char byte) {
+constexpr char16_t CharOf(unsigned char byte) {
     if (byte >= 0x80 && byte <= 0x9F && kHighControlRange[byte - 0x80] != 0)
         return kHighControlRange[byte - 0x80];
     return byte;
 }
+
+// The character of every byte, for decoding by lookup.
+constexpr std::array<char16_t, 256> kCharacters = [] {
+    std::array<char16_t, 256> characters{};
+    for (std::size_t byte = 0; byte < characters.size(); ++byte)
+        characters[byte] = CharOf(static_cast<unsigned char>(byte));
+    return characters;
+}();
 
 char ByteOf(char16_t ch) {
     if (ch < 0x80 || (ch >= 0xA0 && ch <= 0xFF)) return static_cast<char>(ch);
@@ -36,9 +44,12 @@ QString Decode(const char* bytes, std::size_t size) {
 
 void DecodeInto(const char* bytes, std::size_t size, QString& text) {
     text.resize(static_cast<qsizetype>(size));
-    QChar* out = text.data();
+    DecodeTo(bytes, size, reinterpret_cast<char16_t*>(text.data()));
+}
+
+void DecodeTo(const char* bytes, std::size_t size, char16_t* out) {
     for (std::size_t i = 0; i < size; ++i)
-        out[i] = QChar(CharOf(static_cast<unsigned char>(bytes[i])));
+        out[i] = kCharacters[static_cast<unsigned char>(bytes[i])];
 }
 
 QByteArray Encode(const QString& text) {

@@ -11,6 +11,8 @@ namespace zlx::Cp1252 {
 QString Decode(const char* bytes, std::size_t size);
 // Decodes into `text`, reusing its buffer when no other string shares it.
 void DecodeInto(const char* bytes, std::size_t size, QString& text);
+// Writes the `size` characters of `size` bytes at `out`.
+void DecodeTo(const char* bytes, std::size_t size, char16_t* out);
 // Encodes the text; characters outside the code page become '?'.
 QByteArray Encode(const QString& text);
 

@@ -83,17 +83,23 @@ QString DbfCodePage::Decode(const char* bytes, std::size_t size) const {
 }
 
 void DbfCodePage::DecodeInto(const char* bytes, std::size_t size, QString& text) const {
-    if (m_characters) {
-        text.resize(static_cast<qsizetype>(size));
-        QChar* out = text.data();
-        for (std::size_t i = 0; i < size; ++i)
-            out[i] = QChar((*m_characters)[static_cast<unsigned char>(bytes[i])]);
-    } else if (!m_converterName.isEmpty()) {
+    if (!DecodesByteForByte()) {
         QStringDecoder decoder(m_converterName.constData());
         text = decoder(QByteArrayView(bytes, static_cast<qsizetype>(size)));
-    } else {
-        Cp1252::DecodeInto(bytes, size, text);
+        return;
     }
+    text.resize(static_cast<qsizetype>(size));
+    DecodeBytes(bytes, size, reinterpret_cast<char16_t*>(text.data()));
+}
+
+void DbfCodePage::DecodeBytes(const char* bytes, std::size_t size, char16_t* out) const {
+    if (!m_characters) {
+        Cp1252::DecodeTo(bytes, size, out);
+        return;
+    }
+    const std::array<char16_t, 256>& characters = *m_characters;
+    for (std::size_t i = 0; i < size; ++i)
+        out[i] = characters[static_cast<unsigned char>(bytes[i])];
 }
 
 QByteArray DbfCodePage::Encode(const QString& text) const {

@@ -27,6 +27,10 @@ public:
     QString Decode(const char* bytes, std::size_t size) const;
     // Decodes into `text`, reusing its buffer when no other string shares it.
     void DecodeInto(const char* bytes, std::size_t size, QString& text) const;
+    // True for the single-byte pages, one character for each byte: DecodeBytes reads them.
+    bool DecodesByteForByte() const { return m_converterName.isEmpty(); }
+    // Writes the `size` characters of `size` bytes of a single-byte page at `out`.
+    void DecodeBytes(const char* bytes, std::size_t size, char16_t* out) const;
     // Characters the page cannot hold become '?'.
     QByteArray Encode(const QString& text) const;
 

@@ -67,32 +67,10 @@ constexpr std::int64_t kPowersOfTen[] = {1, 10, 100, 1000, 10000};
 constexpr double kExactPowersOfTen[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8, 1e9,
                                         1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18};
 
-// A plain decimal text read into the kind its field's shape gives it: currency for one to
-// four decimals and for whole numbers of 10 to 14 characters, a Long below 10 characters, a
-// double past four decimals. False when the text or its shape needs the general reading.
-bool PlainNumber(const char* bytes, std::size_t length, std::size_t decimals, PlainValue& value) {
-    const std::optional<FixedNumber> fixed = ParseFixed(bytes, length);
-    if (!fixed) return false;
-    const bool currency = decimals >= 1 && decimals <= 4;
-    if ((currency || (decimals == 0 && length >= 10 && length <= 14)) && fixed->scale <= 4) {
-        value.kind = PlainValue::Kind::Currency;
-        value.integer = fixed->digits * kPowersOfTen[4 - fixed->scale];
-    } else if (decimals == 0 && length < 10 && fixed->scale == 0) {
-        value.kind = PlainValue::Kind::Integer;
-        value.integer = static_cast<std::int32_t>(fixed->digits);
-    } else if (decimals > 4 && std::llabs(fixed->digits) < (std::int64_t{1} << 53)) {
-        value.kind = PlainValue::Kind::Double;
-        value.real = static_cast<double>(fixed->digits) / kExactPowersOfTen[fixed->scale];
-    } else {
-        return false;
-    }
-    return true;
-}
-
 Variant DecodeNumber(const char* bytes, std::size_t length, std::size_t decimals) {
     const bool currency = decimals >= 1 && decimals <= 4;
     try {
-        if (PlainValue plain; PlainNumber(bytes, length, decimals, plain)) {
+        if (PlainValue plain; DecodePlainNumber(bytes, length, decimals, plain)) {
             switch (plain.kind) {
             case PlainValue::Kind::Currency:
                 return Currency{plain.integer};
@@ -140,31 +118,9 @@ std::int64_t DayNumber(int year, int month, int day) {
     return era * 146097 + dayOfEra - kDayZero;
 }
 
-// Nothing for a blank or impossible date.
-std::optional<Date> DateOf(const char* bytes, std::size_t length) {
-    if (length < 8) return std::nullopt;
-    int digits[8];
-    bool plain = true;
-    for (int i = 0; i < 8; ++i) {
-        digits[i] = bytes[i] - '0';
-        plain = plain && digits[i] >= 0 && digits[i] <= 9;
-    }
-    // Eight digits, as nearly every date is written, are read as they stand.
-    const int year = plain ? ((digits[0] * 10 + digits[1]) * 10 + digits[2]) * 10 + digits[3]
-                           : DigitsValue(bytes, 4);
-    const int month = plain ? digits[4] * 10 + digits[5] : DigitsValue(bytes + 4, 2);
-    const int day = plain ? digits[6] * 10 + digits[7] : DigitsValue(bytes + 6, 2);
-    if (!IsCalendarDate(year, month, day)) return std::nullopt;
-    return Date{static_cast<double>(DayNumber(year, month, day))};
-}
-
 Variant DecodeDate(const char* bytes, std::size_t length) {
-    const std::optional<Date> date = DateOf(bytes, length);
+    const std::optional<Date> date = DateValue(bytes, length);
     return date ? Variant(*date) : Variant::Null();
-}
-
-bool DecodeLogical(const char* bytes, std::size_t length) {
-    return length == 1 && (bytes[0] == 'Y' || bytes[0] == 'T' || bytes[0] == 'S');
 }
 
 template <class T> T LittleEndian(const char* bytes) {
@@ -220,6 +176,50 @@ QByteArray FormatDate(const Variant& value) {
 
 } // namespace
 
+// A plain decimal text read into the kind its field's shape gives it: currency for one to
+// four decimals and for whole numbers of 10 to 14 characters, a Long below 10 characters, a
+// double past four decimals. False when the text or its shape needs the general reading.
+bool DecodePlainNumber(const char* bytes, std::size_t length, std::size_t decimals,
+                       PlainValue& value) {
+    const std::optional<FixedNumber> fixed = ParseFixed(bytes, length);
+    if (!fixed) return false;
+    const bool currency = decimals >= 1 && decimals <= 4;
+    if ((currency || (decimals == 0 && length >= 10 && length <= 14)) && fixed->scale <= 4) {
+        value.kind = PlainValue::Kind::Currency;
+        value.integer = fixed->digits * kPowersOfTen[4 - fixed->scale];
+    } else if (decimals == 0 && length < 10 && fixed->scale == 0) {
+        value.kind = PlainValue::Kind::Integer;
+        value.integer = static_cast<std::int32_t>(fixed->digits);
+    } else if (decimals > 4 && std::llabs(fixed->digits) < (std::int64_t{1} << 53)) {
+        value.kind = PlainValue::Kind::Double;
+        value.real = static_cast<double>(fixed->digits) / kExactPowersOfTen[fixed->scale];
+    } else {
+        return false;
+    }
+    return true;
+}
+
+std::optional<Date> DateValue(const char* bytes, std::size_t length) {
+    if (length < 8) return std::nullopt;
+    int digits[8];
+    bool plain = true;
+    for (int i = 0; i < 8; ++i) {
+        digits[i] = bytes[i] - '0';
+        plain = plain && digits[i] >= 0 && digits[i] <= 9;
+    }
+    // Eight digits, as nearly every date is written, are read as they stand.
+    const int year = plain ? ((digits[0] * 10 + digits[1]) * 10 + digits[2]) * 10 + digits[3]
+                           : DigitsValue(bytes, 4);
+    const int month = plain ? digits[4] * 10 + digits[5] : DigitsValue(bytes + 4, 2);
+    const int day = plain ? digits[6] * 10 + digits[7] : DigitsValue(bytes + 6, 2);
+    if (!IsCalendarDate(year, month, day)) return std::nullopt;
+    return Date{static_cast<double>(DayNumber(year, month, day))};
+}
+
+bool LogicalValue(const char* bytes, std::size_t length) {
+    return length == 1 && (bytes[0] == 'Y' || bytes[0] == 'T' || bytes[0] == 'S');
+}
+
 Variant Decode(char type, const char* bytes, std::size_t length, std::size_t decimals,
                const DbfCodePage& codePage, bool visualFoxPro) {
     QString text;
@@ -243,7 +243,7 @@ Variant DecodeReusing(char type, const char* bytes, std::size_t length, std::siz
     case 'D':
         return DecodeDate(bytes, length);
     case 'L':
-        return DecodeLogical(bytes, length);
+        return LogicalValue(bytes, length);
     default:
         break;
     }
@@ -256,9 +256,9 @@ bool DecodePlain(char type, const char* bytes, std::size_t length, std::size_t d
     switch (type) {
     case 'N':
     case 'F':
-        return PlainNumber(bytes, length, decimals, value);
+        return DecodePlainNumber(bytes, length, decimals, value);
     case 'D':
-        if (const std::optional<Date> date = DateOf(bytes, length)) {
+        if (const std::optional<Date> date = DateValue(bytes, length)) {
             value.kind = PlainValue::Kind::Date;
             value.real = date->value;
         } else {
@@ -267,7 +267,7 @@ bool DecodePlain(char type, const char* bytes, std::size_t length, std::size_t d
         return true;
     case 'L':
         value.kind = PlainValue::Kind::Logical;
-        value.integer = DecodeLogical(bytes, length) ? 1 : 0;
+        value.integer = LogicalValue(bytes, length) ? 1 : 0;
         return true;
     case 'C':
     case 'V':

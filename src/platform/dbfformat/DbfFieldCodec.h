@@ -8,6 +8,7 @@
 #include <QStringView>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 
 namespace zlx::DbfFieldCodec {
 
@@ -35,6 +36,14 @@ Variant DecodeReusing(char type, const char* bytes, std::size_t length, std::siz
 // does); false for anything else, which only Decode reads.
 bool DecodePlain(char type, const char* bytes, std::size_t length, std::size_t decimals,
                  const DbfCodePage& codePage, QString& text, PlainValue& value);
+
+// DecodePlain's reading of one field type, for a reader that decodes a field record after
+// record: a number (false when only Decode reads it), a date (nothing for a blank or
+// impossible one, a Null) and a logical (true for Y, T and S).
+bool DecodePlainNumber(const char* bytes, std::size_t length, std::size_t decimals,
+                       PlainValue& value);
+std::optional<Date> DateValue(const char* bytes, std::size_t length);
+bool LogicalValue(const char* bytes, std::size_t length);
 
 // Writes the value into `length` bytes; false (the bytes untouched) when it does not fit.
 bool Encode(const Variant& value, char* bytes, std::size_t length, std::size_t decimals,

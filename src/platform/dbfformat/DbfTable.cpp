@@ -149,9 +149,17 @@ const DbfField* DbfTable::FindField(const QString& name) const {
 }
 
 bool DbfTable::ReadRecord(std::uint32_t row, char* record) {
+    if (RecordLength() == 0) return m_file.IsOpen() && row >= 1 && row <= RecordCount();
+    std::uint32_t available = 0;
+    const char* records = RecordsFrom(row, available);
+    if (!records) return false;
+    std::memcpy(record, records, RecordLength());
+    return true;
+}
+
+const char* DbfTable::RecordsFrom(std::uint32_t row, std::uint32_t& available) {
     const std::size_t length = RecordLength();
-    if (row < 1 || row > RecordCount()) return false;
-    if (length == 0) return m_file.IsOpen();
+    if (row < 1 || row > RecordCount() || length == 0) return nullptr;
     if (row < m_readAheadFirst || row >= m_readAheadFirst + m_readAheadRows) {
         const std::uint32_t wanted = std::min<std::uint32_t>(
             RecordCount() - row + 1,
@@ -161,10 +169,10 @@ bool DbfTable::ReadRecord(std::uint32_t row, char* record) {
             m_file.ReadAt(m_layout.RecordPosition(row), m_readAhead.data(), m_readAhead.size());
         m_readAheadFirst = row;
         m_readAheadRows = static_cast<std::uint32_t>(got / length);
-        if (m_readAheadRows == 0) return false;
+        if (m_readAheadRows == 0) return nullptr;
     }
-    std::memcpy(record, &m_readAhead[(row - m_readAheadFirst) * length], length);
-    return true;
+    available = m_readAheadFirst + m_readAheadRows - row;
+    return &m_readAhead[(row - m_readAheadFirst) * length];
 }
 
 bool DbfTable::WriteRecord(std::uint32_t row, const char* record) {

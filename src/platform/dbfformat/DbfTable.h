@@ -43,6 +43,10 @@ public:
     // Whole records of RecordLength() bytes. Reads go ahead by a block, so a scan costs one
     // read per block. WriteRecord takes the next row after the last one to append.
     bool ReadRecord(std::uint32_t row, char* record);
+    // The records from `row` on where they stand in the read-ahead block, RecordLength()
+    // bytes apart, valid until the next read: `available` (at least one) of them. Null when
+    // `row` cannot be read.
+    const char* RecordsFrom(std::uint32_t row, std::uint32_t& available);
     bool WriteRecord(std::uint32_t row, const char* record);
     void SetRecordCount(std::uint32_t count) { m_layout.SetRecordCount(count); }
     // The 32 header bytes back to the file (the record count).

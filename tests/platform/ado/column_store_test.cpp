@@ -85,6 +85,58 @@ TEST(ColumnStoreReserve, RoomForABigLoadHoldsEveryRowStored) {
     EXPECT_EQ(texts.TextAt(rows - 1), Varied(rows - 1));
 }
 
+// An array of a huge page or more is a mapping of its own on a huge-page boundary; it keeps
+// its values as it grows past one mapping into another, is copied and shrinks back under a
+// huge page.
+TEST(ColumnStoreReserve, LargeArraysStartOnHugePagesAndKeepTheirValues) {
+    LargeVector<std::uint32_t> values;
+    const std::uint32_t count = 3'000'000;
+    for (std::uint32_t i = 0; i < count; ++i)
+        values.push_back(i * 7);
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(values.data()) % kHugePageBytes, 0u);
+    const LargeVector<std::uint32_t> copy = values;
+    EXPECT_EQ(reinterpret_cast<std::uintptr_t>(copy.data()) % kHugePageBytes, 0u);
+    for (std::uint32_t i = 0; i < count; i += 4999)
+        ASSERT_EQ(copy[i], i * 7) << i;
+    EXPECT_EQ(copy.back(), (count - 1) * 7);
+    values.resize(1000);
+    values.shrink_to_fit();
+    EXPECT_EQ(values.capacity(), 1000u);
+    EXPECT_EQ(values[999], 999u * 7);
+}
+
+// Values appended together are stored as appended one by one: the Nulls among them, and
+// currency magnitudes that still make a total check for overflow.
+TEST(ColumnStoreAppend, ValuesAppendedTogetherKeepNullsAndOverflowChecks) {
+    ColumnStore dates(adDate, 0, false);
+    dates.AppendReal(45000.0);
+    const double days[] = {45001.0, 0.0, 45003.0};
+    const std::uint8_t nulls[] = {0, 1, 0};
+    dates.AppendReals(days, nulls, 3);
+    ASSERT_EQ(dates.Size(), 4u);
+    EXPECT_FALSE(dates.HasNoNulls());
+    EXPECT_FALSE(dates.IsNull(0));
+    EXPECT_TRUE(dates.Get(2).IsNull());
+    EXPECT_EQ(dates.Get(3).ToDate().value, 45003.0);
+    dates.AppendReal(1.5); // a row after the Nulls has its flag too
+    EXPECT_FALSE(dates.IsNull(4));
+
+    ColumnStore money(adCurrency, 8, false);
+    const std::int64_t halves[] = {std::numeric_limits<std::int64_t>::max() / 2,
+                                   std::numeric_limits<std::int64_t>::max() / 2, 10};
+    money.AppendCurrencies(halves, 3);
+    Currency total;
+    EXPECT_EQ(VariantErrorOf([&] { money.CurrencyTotal({0, 1, 2}, total); }), vbErrOverflow);
+    ASSERT_TRUE(money.CurrencyTotal({0, 2}, total));
+    EXPECT_EQ(total.scaled, halves[0] + 10);
+
+    ColumnStore counts(adInteger, 0, false);
+    const std::int64_t some[] = {-3, 0, 2'000'000'000};
+    counts.AppendIntegers(some, 3);
+    EXPECT_EQ(counts.Get(2).ToLong(), 2'000'000'000);
+    EXPECT_TRUE(counts.HasNoNulls());
+}
+
 TEST(TextColumnStore, ChangedTextsReplaceTheirRowsOnlyThroughEveryLayout) {
     ColumnStore column(adVarWChar, 0, false, TextColumn::Layout::Buffer);
     const std::size_t rows = 2000;
