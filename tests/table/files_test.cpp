@@ -313,10 +313,11 @@ TEST(TableFiles, DbfLoadOfManyBlocksHoldsWhatTheFileReaderReads) {
             const Variant cell = table.DataCell(field.name, row);
             const std::string where = std::string(field.name) + " " + std::to_string(row);
             ASSERT_EQ(cell.IsNull(), read.IsNull()) << where;
-            if (field.type == 'L')
+            if (field.type == 'L') {
                 ASSERT_EQ(cell.ToLong(), read.ToBool() ? 1 : 0) << where;
-            else if (!read.IsNull())
+            } else if (!read.IsNull()) {
                 ASSERT_EQ(cell.Compare(read), 0) << where;
+            }
         }
     }
     EXPECT_EQ(table.DataCell("NAME", 2).ToString(), QString::fromUtf8("Peéañ1    "));

@@ -1,7 +1,6 @@
 #include "platform/ado/ColumnStore.h"
 
 #include "platform/ado/AdoErrorTexts.h"
-#include "platform/ado/LargeReserve.h"
 
 #include <algorithm>
 #include <bit>
@@ -108,15 +107,15 @@ void ColumnStore::Reserve(std::size_t rows) {
     switch (m_kind) {
     case Kind::Integer:
     case Kind::Currency:
-        ReserveLarge(m_ints, rows);
+        m_ints.reserve(rows);
         break;
     case Kind::Real:
-        ReserveLarge(m_reals, rows);
+        m_reals.reserve(rows);
         break;
     case Kind::Decimal:
-        ReserveLarge(m_ints, rows);
-        ReserveLarge(m_reals, rows);
-        ReserveLarge(m_scales, rows);
+        m_ints.reserve(rows);
+        m_reals.reserve(rows);
+        m_scales.reserve(rows);
         break;
     case Kind::Text:
         m_texts.Reserve(rows);

@@ -4,21 +4,25 @@
 
 #if defined(__linux__)
 #include <sys/mman.h>
+#include <unistd.h>
 #endif
 
 namespace zlx::ado {
 
 namespace {
 
-std::size_t WholeHugePages(std::size_t bytes) {
-    return (bytes + kHugePageBytes - 1) / kHugePageBytes * kHugePageBytes;
+#if defined(__linux__)
+std::size_t WholePages(std::size_t bytes) {
+    const auto page = static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+    return (bytes + page - 1) / page * page;
 }
 
-#if defined(__linux__)
 // A mapping one huge page longer than needed, cut back to the part that starts on a
-// huge-page boundary.
+// huge-page boundary. Its length is not rounded up to whole huge pages: the kernel backs the
+// whole huge pages inside it with huge pages and the rest with ordinary ones, so a block
+// holds no more memory than its values fill.
 void* MapHugePages(std::size_t bytes) {
-    const std::size_t length = WholeHugePages(bytes);
+    const std::size_t length = WholePages(bytes);
     void* mapped = mmap(nullptr, length + kHugePageBytes, PROT_READ | PROT_WRITE,
                         MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
     if (mapped == MAP_FAILED) throw std::bad_alloc();
@@ -48,7 +52,7 @@ void* AllocateLargeBlock(std::size_t bytes) {
 void FreeLargeBlock(void* block, std::size_t bytes) noexcept {
 #if defined(__linux__)
     if (bytes >= kHugePageBytes) {
-        munmap(block, WholeHugePages(bytes));
+        munmap(block, WholePages(bytes));
         return;
     }
 #endif

@@ -2,7 +2,6 @@
 
 #include "platform/ado/AdoErrorTexts.h"
 #include "platform/ado/FieldIndex.h"
-#include "platform/ado/LargeReserve.h"
 #include "platform/ado/RecordsetBuilder.h"
 #include "platform/ado/RecordsetWriter.h"
 #include "platform/ado/RecordsetXml.h"
@@ -1109,9 +1108,9 @@ void Recordset::BeginLoading(std::size_t records) {
     const std::size_t rows = m_status.size() + records;
     for (ColumnStore& column : m_columns)
         column.Reserve(rows);
-    ReserveLarge(m_status, rows);
-    ReserveLarge(m_order, rows);
-    ReserveLarge(m_view, m_view.size() + records);
+    m_status.reserve(rows);
+    m_order.reserve(rows);
+    m_view.reserve(m_view.size() + records);
 }
 
 ColumnStore& Recordset::LoadingColumn(int field) {

@@ -1,7 +1,5 @@
 #include "platform/ado/TextColumn.h"
 
-#include "platform/ado/LargeReserve.h"
-
 #include <algorithm>
 
 namespace zlx::ado {
@@ -12,10 +10,10 @@ std::size_t TextColumn::Size() const {
 
 void TextColumn::Reserve(std::size_t rows) {
     if (HasDictionary()) {
-        ReserveLarge(m_codes, rows);
+        m_codes.reserve(rows);
     } else {
-        ReserveLarge(m_starts, rows);
-        ReserveLarge(m_lengths, rows);
+        m_starts.reserve(rows);
+        m_lengths.reserve(rows);
     }
 }
 
@@ -32,9 +30,9 @@ void TextColumn::Clear() {
 void TextColumn::UseBuffer(std::size_t chars) {
     if (!HasDictionary() || !m_codes.empty()) return;
     m_layout = Layout::Buffer;
-    ReserveLarge(m_starts, m_codes.capacity());
-    ReserveLarge(m_lengths, m_codes.capacity());
-    ReserveLarge(m_chars, chars);
+    m_starts.reserve(m_codes.capacity());
+    m_lengths.reserve(m_codes.capacity());
+    m_chars.reserve(chars);
     m_codes = {};
 }
 
@@ -103,9 +101,9 @@ void TextColumn::MoveToBuffer() {
         chars += static_cast<std::size_t>(m_values[code].size());
     // Room for the rows reserved at the length of the texts so far, or half as many again.
     const std::size_t rows = std::max<std::size_t>(m_codes.size(), 1);
-    ReserveLarge(m_chars, std::max(chars + chars / 2, chars * m_codes.capacity() / rows));
-    ReserveLarge(m_starts, m_codes.capacity());
-    ReserveLarge(m_lengths, m_codes.capacity());
+    m_chars.reserve(std::max(chars + chars / 2, chars * m_codes.capacity() / rows));
+    m_starts.reserve(m_codes.capacity());
+    m_lengths.reserve(m_codes.capacity());
     m_layout = Layout::Buffer;
     for (std::uint32_t code : m_codes)
         AppendToBuffer(m_values[code]);
