@@ -46,6 +46,30 @@ void WriteArticles(const QString& path) {
     dbf.CloseDBF();
 }
 
+// Each cell of the table loaded from the file holds what the file reader reads from the same
+// field, in the column's type (a logical as 1 or 0).
+void ExpectWhatTheFileReaderReads(const QString& path, const HandTable& shape, cDatos& table) {
+    cDBF dbf;
+    dbf.ShowErrors(false);
+    ASSERT_TRUE(dbf.OpenRaw(path));
+    const auto records = static_cast<std::int32_t>(shape.records.size());
+    for (std::int32_t row = 1; row <= records; ++row) {
+        dbf.CurrentRow(row);
+        for (const HandField& field : shape.fields) {
+            const Variant read = dbf.Field(field.name);
+            const Variant cell = table.DataCell(field.name, row);
+            const std::string where = std::string(field.name) + " " + std::to_string(row);
+            ASSERT_EQ(cell.IsNull(), read.IsNull()) << where;
+            if (read.IsNull()) continue;
+            if (field.type == 'L') {
+                ASSERT_EQ(cell.ToLong(), read.ToBool() ? 1 : 0) << where;
+            } else {
+                ASSERT_EQ(cell.Compare(read), 0) << where << " " << cell.ToString().toStdString();
+            }
+        }
+    }
+}
+
 } // namespace
 
 TEST(TableFiles, XmlRoundTripKeepsEveryRowTypeAndValue) {
@@ -214,24 +238,7 @@ TEST(TableFiles, DbfLoadHoldsWhatTheFileReaderReads) {
     cDatos table;
     ASSERT_EQ(table.LoadFile_DBF(path), 1);
     ASSERT_EQ(table.RecCount(), 300);
-    cDBF dbf;
-    dbf.ShowErrors(false);
-    ASSERT_TRUE(dbf.OpenRaw(path));
-    for (std::int32_t row = 1; row <= 300; ++row) {
-        dbf.CurrentRow(row);
-        for (const HandField& field : shape.fields) {
-            const Variant read = dbf.Field(field.name);
-            const Variant cell = table.DataCell(field.name, row);
-            const std::string where = std::string(field.name) + " " + std::to_string(row);
-            ASSERT_EQ(cell.IsNull(), read.IsNull()) << where;
-            if (read.IsNull()) continue;
-            if (field.type == 'L') {
-                EXPECT_EQ(cell.ToLong(), read.ToBool() ? 1 : 0) << where;
-            } else {
-                EXPECT_EQ(cell.Compare(read), 0) << where << " " << cell.ToString().toStdString();
-            }
-        }
-    }
+    ExpectWhatTheFileReaderReads(path, shape, table);
     EXPECT_EQ(table.DataCell("QTY", 1).ToLong(), 12);
     EXPECT_EQ(table.DataCell("PRICE", 1).ToCurrency().scaled, 1500000);
     EXPECT_TRUE(table.DataCell("BORN", 1).IsNull());
@@ -303,23 +310,7 @@ TEST(TableFiles, DbfLoadOfManyBlocksHoldsWhatTheFileReaderReads) {
     ASSERT_EQ(table.LoadFile_DBF(path), 1);
     ASSERT_EQ(table.RecCount(), records);
     EXPECT_EQ(table.Tally(), records);
-    cDBF dbf;
-    dbf.ShowErrors(false);
-    ASSERT_TRUE(dbf.OpenRaw(path));
-    for (std::int32_t row = 1; row <= records; ++row) {
-        dbf.CurrentRow(row);
-        for (const HandField& field : shape.fields) {
-            const Variant read = dbf.Field(field.name);
-            const Variant cell = table.DataCell(field.name, row);
-            const std::string where = std::string(field.name) + " " + std::to_string(row);
-            ASSERT_EQ(cell.IsNull(), read.IsNull()) << where;
-            if (field.type == 'L') {
-                ASSERT_EQ(cell.ToLong(), read.ToBool() ? 1 : 0) << where;
-            } else if (!read.IsNull()) {
-                ASSERT_EQ(cell.Compare(read), 0) << where;
-            }
-        }
-    }
+    ExpectWhatTheFileReaderReads(path, shape, table);
     EXPECT_EQ(table.DataCell("NAME", 2).ToString(), QString::fromUtf8("Peéañ1    "));
     EXPECT_EQ(table.DataCell("QTY", 5244).ToLong(), 150);
     EXPECT_EQ(table.DataCell("PRICE", records).ToCurrency().scaled, 71250);
