@@ -3,9 +3,12 @@
 
 #include "QtPrinters.h"
 #include "frame/LibraryState.h"
+#include "platform/companion/cMatriz.h"
 #include "support/ServerDatabaseTest.h"
 
 #include <QSysInfo>
+#include <QThread>
+#include <thread>
 
 using namespace zlx;
 
@@ -24,15 +27,31 @@ protected:
         LibraryState::Instance().AutoReconectar(false);
         DropDatabaseFromNewSession();
     }
+    static QString Me() { return QSysInfo::machineHostName() + ':' + QString::number(getpid()); }
     // Ends every session of this process on the server, as a failing network would.
     void KillMySessions() const {
         const ado::ConnectionPtr admin = NativeSession();
         long affected = 0;
-        const QString me = QSysInfo::machineHostName() + ':' + QString::number(getpid());
         admin->Execute("SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE "
                        "application_name = '" +
-                           me + "' AND pid <> pg_backend_pid()",
+                           Me() + "' AND pid <> pg_backend_pid()",
                        affected, ado::adCmdText);
+    }
+    // Ends the first session of this process found waiting for a lock; false when none waited
+    // within about ten seconds.
+    bool KillMySessionWaitingForALock() const {
+        const ado::ConnectionPtr admin = NativeSession();
+        for (int attempt = 0; attempt < 200; ++attempt) {
+            long affected = 0;
+            const ado::RecordsetPtr killed = admin->Execute(
+                "SELECT pg_terminate_backend(pid) FROM pg_stat_activity WHERE application_name = "
+                "'" +
+                    Me() + "' AND wait_event_type = 'Lock'",
+                affected, ado::adCmdText);
+            if (killed && !killed->IsEOF()) return true;
+            QThread::msleep(50);
+        }
+        return false;
     }
 };
 
@@ -73,6 +92,36 @@ TEST_P(LostLink, AServerThatNoLongerAnswersIsTriedAFewTimesThenDeclaredLost) {
     ASSERT_EQ(m_messages.Messages().size(), 1u);
     EXPECT_TRUE(m_messages.Last().text.contains(
         "La conexión con el servidor de datos se ha interrumpido.<BR>Tal vez sea un problema"));
+}
+
+// The link breaks while a batch of the matrix's INSERTs is on the server: the batch ran as one
+// transaction there, so the broken link undid it whole, and running it again after the
+// reconnection stores each row exactly once.
+TEST_P(LostLink, AnInsertWhoseLinkBreaksInTheMiddleOfABatchStoresEachRowOnce) {
+    Run("CREATE TABLE k (ZolmarID INT NOT NULL PRIMARY KEY, n INT)");
+    // Another session holds key 30 without committing: the batch's INSERT of 30 waits for it.
+    const ado::ConnectionPtr holder = NativeSession();
+    long affected = 0;
+    holder->Execute("BEGIN; INSERT INTO " + m_database.toLower() + ".k VALUES (30, 0)", affected,
+                    ado::adCmdText);
+    bool killed = false;
+    std::thread killer([&] {
+        killed = KillMySessionWaitingForALock();
+        long rolledBack = 0;
+        holder->Execute("ROLLBACK", rolledBack, ado::adCmdText);
+    });
+    auto rows = std::make_shared<cMatriz>();
+    rows->Dimension(1, 2, 1, 0);
+    for (int i = 1; i <= 60; ++i)
+        rows->AddRow(Variant::Array({Variant(i), Variant(i * 10)}));
+    LibraryState::Instance().AutoReconectar(true);
+    const std::int32_t inserted =
+        m_cn->Insert("k", Variant::Array({Variant("ZolmarID"), Variant("n")}), Variant(rows));
+    killer.join();
+    EXPECT_TRUE(killed);
+    EXPECT_EQ(inserted, 0);
+    EXPECT_EQ(m_cn->Execute("SELECT count(*) FROM k", zlxExecuteReturn_Value).ToLong(), 60);
+    EXPECT_EQ(m_cn->Execute("SELECT sum(n) FROM k", zlxExecuteReturn_Value).ToLong(), 18300);
 }
 
 ZLX_ON_POSTGRES(LostLink);

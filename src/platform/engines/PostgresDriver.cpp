@@ -434,12 +434,11 @@ void PostgresDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {
     PQclear(found);
 }
 
-PipelineRun PostgresDriver::RunPipeline(const std::vector<QByteArray>& statements,
-                                        bool ownTransaction, int timeoutSeconds,
-                                        ResultSink& notices) {
+PipelineRun PostgresDriver::RunPipeline(const std::vector<QByteArray>& statements, RunGuard guard,
+                                        int timeoutSeconds, ResultSink& notices) {
     if (!IsConnected()) ThrowNotConnected();
     m_noticeSink = &notices;
-    PipelineRun run = PostgresPipeline(m_conn).Run(statements, ownTransaction, timeoutSeconds);
+    PipelineRun run = PostgresPipeline(m_conn).Run(statements, guard, timeoutSeconds);
     m_noticeSink = nullptr;
     return run;
 }

@@ -44,7 +44,7 @@ public:
     QString EngineName() const override { return QStringLiteral("PostgreSQL"); }
     // Single statements sent in one round trip, as PostgresPipeline runs them; the engine's
     // notices go to `notices`.
-    PipelineRun RunPipeline(const std::vector<QByteArray>& statements, bool ownTransaction,
+    PipelineRun RunPipeline(const std::vector<QByteArray>& statements, RunGuard guard,
                             int timeoutSeconds, ResultSink& notices);
     // Names from the catalog; the key is the primary key, else the identity column.
     void ResolveBaseColumns(std::vector<ColumnInfo>& columns) override;

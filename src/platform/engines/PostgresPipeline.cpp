@@ -5,7 +5,6 @@
 #include <QDateTime>
 #include <libpq-fe.h>
 #include <poll.h>
-#include <utility>
 
 namespace zlx::ado {
 
@@ -43,59 +42,71 @@ AdoError PostgresError(const ErrorRecord& record, bool timedOut, bool cancelRequ
     return AdoError(record.number, record.description, {record});
 }
 
-PipelineRun PostgresPipeline::Run(const std::vector<QByteArray>& statements, bool ownTransaction,
+PipelineRun PostgresPipeline::Run(const std::vector<QByteArray>& statements, RunGuard guard,
                                   int timeoutSeconds) {
-    PipelineRun run;
-    m_sent.clear();
-    m_partial = PipelinedOutcome();
     m_timeoutSeconds = timeoutSeconds;
+    PipelineRun run = RunOnce(statements, guard);
+    if (!run.failure || guard == RunGuard::None) return run;
+    const std::size_t undone = Settle(run, statements.size(), guard);
+    if (undone == 0) return run;
+    // The statements before the failing one were undone with the transaction: they run again,
+    // once, each kept by its savepoint, and never again after that.
+    const std::vector<QByteArray> before(statements.begin(),
+                                         statements.begin() + static_cast<std::ptrdiff_t>(undone));
+    PipelineRun again = RunOnce(before, RunGuard::Savepoints);
+    if (again.failure)
+        Settle(again, before.size(), RunGuard::Savepoints);
+    else
+        again.failure = std::move(run.failure);
+    return again;
+}
+
+PipelineRun PostgresPipeline::RunOnce(const std::vector<QByteArray>& statements, RunGuard guard) {
+    PipelineRun run;
     m_timedOut = false;
-    if (!PQenterPipelineMode(m_conn)) {
-        run.failure = PostgresError(PostgresFailure(m_conn, nullptr), false, false);
+    if (!PQsendQuery(m_conn, Text(statements, guard).constData())) {
+        Fail(nullptr, run);
         return run;
     }
-    bool sent = !ownTransaction || Send("BEGIN", Kind::Control);
-    for (std::size_t i = 0; sent && i < statements.size(); ++i) {
-        sent = Send(statements[i], Kind::Statement);
-        // The point a failure of the next statement goes back to.
-        if (sent && ownTransaction)
-            sent = Send(i + 1 < statements.size() ? "SAVEPOINT zlx_run" : "COMMIT", Kind::Control);
-    }
-    sent = sent && PQpipelineSync(m_conn) && PQflush(m_conn) == 0;
-    m_deadline = timeoutSeconds > 0 ? Now() + qint64(timeoutSeconds) * 1000 : 0;
-    for (const Kind kind : m_sent) {
-        while (pg_result* result = NextResult()) {
-            Take(result, kind, run);
-            PQclear(result);
-        }
-        if (PQstatus(m_conn) != CONNECTION_OK) break;
-    }
-    // The synchronisation point's own result ends the run.
-    while (PQstatus(m_conn) == CONNECTION_OK && PQpipelineStatus(m_conn) != PQ_PIPELINE_OFF) {
-        pg_result* result = NextResult();
-        // No synchronisation point was sent: nothing more will come.
-        if (!result && !PQexitPipelineMode(m_conn)) break;
-        if (!result) continue;
-        const bool synced = PQresultStatus(result) == PGRES_PIPELINE_SYNC;
+    m_deadline = m_timeoutSeconds > 0 ? Now() + qint64(m_timeoutSeconds) * 1000 : 0;
+    // One result per statement, up to the first that fails.
+    std::size_t part = 0;
+    for (; pg_result* result = NextResult(); ++part) {
+        if (part < m_sent.size()) Take(result, m_sent[part], run);
         PQclear(result);
-        if (synced) PQexitPipelineMode(m_conn);
     }
-    if (!sent && !run.failure) Fail(nullptr, run);
-    // A failure in the COMMIT itself undid the last statement too.
-    if (run.failure && run.done.size() == statements.size()) run.done.pop_back();
-    if (ownTransaction && run.failure) EndTransaction(run);
+    if (!run.failure && part < m_sent.size()) Fail(nullptr, run);
     return run;
 }
 
-bool PostgresPipeline::Send(const QByteArray& sql, Kind kind) {
-    if (!PQsendQueryParams(m_conn, sql.constData(), 0, nullptr, nullptr, nullptr, nullptr, 0))
-        return false;
-    m_sent.push_back(kind);
-    return true;
+// The run as one text; each statement begins on a line of its own, so that a line comment at
+// the end of the one before cannot hide it.
+QByteArray PostgresPipeline::Text(const std::vector<QByteArray>& statements, RunGuard guard) {
+    static const QByteArray kSavepoint = QByteArrayLiteral("SAVEPOINT zlx_run");
+    m_sent.clear();
+    QByteArray text;
+    qsizetype size = 16;
+    for (const QByteArray& statement : statements)
+        size += statement.size() + 2 + (guard == RunGuard::Savepoints ? kSavepoint.size() + 2 : 0);
+    text.reserve(size);
+    const auto add = [&](const QByteArray& sql, Kind kind) {
+        if (!m_sent.empty()) text += "\n;";
+        text += sql;
+        m_sent.push_back(kind);
+    };
+    if (guard != RunGuard::None) add(QByteArrayLiteral("BEGIN"), Kind::Control);
+    for (std::size_t i = 0; i < statements.size(); ++i) {
+        add(statements[i], Kind::Statement);
+        // The point a failure of the next statement goes back to.
+        if (guard == RunGuard::Savepoints && i + 1 < statements.size())
+            add(kSavepoint, Kind::Control);
+    }
+    if (guard != RunGuard::None) add(QByteArrayLiteral("COMMIT"), Kind::Control);
+    return text;
 }
 
-// The next result of the current statement, null at its end; waits in short steps so that a
-// statement running past its time-out is cancelled.
+// The next result of the run, null at its end; waits in short steps so that a statement
+// running past its time-out is cancelled.
 pg_result* PostgresPipeline::NextResult() {
     while (PQstatus(m_conn) == CONNECTION_OK && PQisBusy(m_conn)) {
         pollfd descriptor{PQsocket(m_conn), POLLIN, 0};
@@ -114,22 +125,20 @@ pg_result* PostgresPipeline::NextResult() {
 }
 
 void PostgresPipeline::Take(pg_result* result, Kind kind, PipelineRun& run) {
+    if (run.failure) return;
     const ExecStatusType status = PQresultStatus(result);
-    if (status == PGRES_PIPELINE_ABORTED || run.failure) return;
-    // Rows may come one by one when the connection's last query asked for single rows.
-    const bool rows = status == PGRES_TUPLES_OK || status == PGRES_SINGLE_TUPLE;
-    if (status != PGRES_COMMAND_OK && !rows) return Fail(result, run);
+    if (status != PGRES_COMMAND_OK && status != PGRES_TUPLES_OK) return Fail(result, run);
     if (kind == Kind::Control) return;
-    if (rows) {
+    PipelinedOutcome outcome;
+    if (status == PGRES_TUPLES_OK) {
         const int count = PQntuples(result);
-        m_partial.count = std::max<std::int64_t>(m_partial.count, 0) + count;
+        outcome.count = count;
         if (count > 0 && PQnfields(result) > 0 && !PQgetisnull(result, count - 1, 0))
-            m_partial.lastValue = QByteArray(PQgetvalue(result, count - 1, 0)).toLongLong();
-        if (status == PGRES_SINGLE_TUPLE) return;
+            outcome.lastValue = QByteArray(PQgetvalue(result, count - 1, 0)).toLongLong();
     } else if (const char* count = PQcmdTuples(result); count && *count) {
-        m_partial.count = QByteArray(count).toLongLong();
+        outcome.count = QByteArray(count).toLongLong();
     }
-    run.done.push_back(std::exchange(m_partial, PipelinedOutcome()));
+    run.done.push_back(outcome);
     if (m_timeoutSeconds > 0) m_deadline = Now() + qint64(m_timeoutSeconds) * 1000;
 }
 
@@ -137,11 +146,27 @@ void PostgresPipeline::Fail(const pg_result* result, PipelineRun& run) {
     run.failure = PostgresError(PostgresFailure(m_conn, result), m_timedOut, !m_timedOut);
 }
 
-// After a failure the transaction keeps what the statements before it did.
-void PostgresPipeline::EndTransaction(const PipelineRun& run) {
-    if (PQstatus(m_conn) != CONNECTION_OK) return;
-    PQclear(
-        PQexec(m_conn, run.done.empty() ? "ROLLBACK" : "ROLLBACK TO SAVEPOINT zlx_run; COMMIT"));
+// After a failure of a run in a transaction of its own: ends the transaction, keeping what the
+// savepoints hold. Answers how many statements before the failing one were undone with it.
+std::size_t PostgresPipeline::Settle(PipelineRun& run, std::size_t total, RunGuard guard) {
+    // A failing COMMIT ends the transaction with every statement in it.
+    const bool atCommit = run.done.size() == total;
+    if (atCommit) run.done.pop_back();
+    const bool keep = guard == RunGuard::Savepoints && !atCommit && !run.done.empty();
+    const bool ended = PQstatus(m_conn) == CONNECTION_OK && (atCommit || EndTransaction(keep));
+    if (ended && keep) return 0;
+    // A lost link took the whole transaction with it, and nothing can run again.
+    const std::size_t undone = ended ? run.done.size() : 0;
+    run.done.clear();
+    return undone;
+}
+
+bool PostgresPipeline::EndTransaction(bool keepDone) {
+    PGresult* result =
+        PQexec(m_conn, keepDone ? "ROLLBACK TO SAVEPOINT zlx_run; COMMIT" : "ROLLBACK");
+    const bool ended = PQresultStatus(result) == PGRES_COMMAND_OK;
+    PQclear(result);
+    return ended;
 }
 
 } // namespace zlx::ado

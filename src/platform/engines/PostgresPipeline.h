@@ -1,5 +1,5 @@
 #pragma once
-// Several single statements sent to PostgreSQL in one round trip (libpq's pipeline mode),
+// Several single statements sent to PostgreSQL in one round trip (one query message),
 // answering what each one did, in order, and stopping at the first that fails.
 
 #include "platform/engines/AdoError.h"
@@ -21,32 +21,43 @@ struct PipelinedOutcome {
 };
 
 struct PipelineRun {
-    std::vector<PipelinedOutcome> done; // the statements that ran, in order
+    std::vector<PipelinedOutcome> done; // the statements that ran and were kept, in order
     std::optional<AdoError> failure;    // the error of the statement after them
+};
+
+// How a run outside a transaction leaves the engine as one statement at a time would have
+// (those before a failure stay, the rest never run).
+enum class RunGuard {
+    // The connection is in a transaction: the statements run in it, and a failure is the
+    // caller's to handle.
+    None,
+    // One transaction with a savepoint after each statement: a failure goes back to the last.
+    Savepoints,
+    // One transaction without savepoints, for statements whose undoing leaves no trace (no
+    // identity consumed): after a failure it is undone, and the statements before the failing
+    // one run again, once, under savepoints.
+    Replay,
 };
 
 class PostgresPipeline {
 public:
     explicit PostgresPipeline(pg_conn* conn) : m_conn(conn) {}
 
-    // `ownTransaction`: the connection is in no transaction, and the run leaves the engine as
-    // one statement at a time would have (those before a failure stay, the rest never run): it
-    // runs in one transaction with a savepoint after each statement.
     // `timeoutSeconds` applies to each statement, as it would to each one sent alone.
-    PipelineRun Run(const std::vector<QByteArray>& statements, bool ownTransaction,
-                    int timeoutSeconds);
+    PipelineRun Run(const std::vector<QByteArray>& statements, RunGuard guard, int timeoutSeconds);
 
 private:
     enum class Kind { Control, Statement };
-    bool Send(const QByteArray& sql, Kind kind);
+    PipelineRun RunOnce(const std::vector<QByteArray>& statements, RunGuard guard);
+    QByteArray Text(const std::vector<QByteArray>& statements, RunGuard guard);
     pg_result* NextResult();
     void Take(pg_result* result, Kind kind, PipelineRun& run);
     void Fail(const pg_result* result, PipelineRun& run);
-    void EndTransaction(const PipelineRun& run);
+    std::size_t Settle(PipelineRun& run, std::size_t total, RunGuard guard);
+    bool EndTransaction(bool keepDone);
 
     pg_conn* m_conn;
-    std::vector<Kind> m_sent;
-    PipelinedOutcome m_partial; // the statement whose rows are arriving
+    std::vector<Kind> m_sent; // what each part of the run's text is
     qint64 m_deadline = 0;
     int m_timeoutSeconds = 0;
     bool m_timedOut = false;

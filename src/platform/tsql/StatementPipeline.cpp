@@ -24,7 +24,7 @@ void StatementPipeline::Flush(SessionCounts counts, ado::ResultSink& sink, int t
     m_pending.clear();
     m_texts.clear();
     const ado::PipelineRun run =
-        m_driver.RunPipeline(texts, !counts.inTransaction, timeoutSeconds, sink);
+        m_driver.RunPipeline(texts, Guard(pending, counts.inTransaction), timeoutSeconds, sink);
     for (std::size_t i = 0; i < run.done.size(); ++i) {
         const ado::PipelinedOutcome& outcome = run.done[i];
         counts.rowCount = outcome.count;
@@ -36,6 +36,16 @@ void StatementPipeline::Flush(SessionCounts counts, ado::ResultSink& sink, int t
     }
     if (run.failure)
         throw Failure{pending[run.done.size()].index, m_dialect.MapError(*run.failure)};
+}
+
+// Outside a transaction a run is undone and partly run again after a failure, unless that
+// would take identity values the statements before the failure already had: those keep a
+// savepoint after each statement instead.
+ado::RunGuard StatementPipeline::Guard(const std::vector<Pending>& pending, bool inTransaction) {
+    if (inTransaction) return ado::RunGuard::None;
+    for (const Pending& statement : pending)
+        if (statement.identity == IdentityEffect::Answers) return ado::RunGuard::Savepoints;
+    return ado::RunGuard::Replay;
 }
 
 } // namespace zlx::tsql

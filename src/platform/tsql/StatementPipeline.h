@@ -50,6 +50,7 @@ private:
         std::size_t index;
         IdentityEffect identity;
     };
+    static ado::RunGuard Guard(const std::vector<Pending>& pending, bool inTransaction);
     ado::PostgresDriver& m_driver;
     const EngineDialect& m_dialect;
     std::vector<Pending> m_pending;

@@ -23,6 +23,17 @@ protected:
     QString Insert(int n) { return QStringLiteral("INSERT INTO pedidos (n) VALUES (%1) ").arg(n); }
 
     QStringList Numbers() { return Column(QStringLiteral("SELECT n FROM pedidos ORDER BY n")); }
+
+    // The first error record of the batch's failure.
+    ado::ErrorRecord FailureOf(const QString& batch) {
+        try {
+            Exec(batch);
+        } catch (const ado::AdoError& error) {
+            if (!error.Records().empty()) return error.Records().front();
+        }
+        ADD_FAILURE() << "no error: " << batch.toStdString();
+        return {};
+    }
 };
 
 } // namespace
@@ -87,6 +98,45 @@ TEST_P(DataRunTest, AFailingStatementStopsTheBatchWhereItFails) {
     // The session goes on as before.
     EXPECT_EQ(Exec(Insert(14) + Insert(15)), (QStringList{"count 1", "count 1"}));
     EXPECT_EQ(Numbers(), (QStringList{"1", "2", "5", "7", "8", "14", "15"}));
+}
+
+// A table without identity: what ran before a failure stays exactly once, whatever the engine
+// had to undo and run again to get there.
+TEST_P(DataRunTest, AFailureInTheMiddleKeepsEachStatementBeforeItOnce) {
+    Exec(QStringLiteral("CREATE TABLE lineas (n INT NOT NULL)"));
+    const auto line = [](const QString& n) {
+        return QStringLiteral("INSERT INTO lineas (n) VALUES (%1) ").arg(n);
+    };
+    const auto lines = [this] { return Column(QStringLiteral("SELECT n FROM lineas ORDER BY n")); };
+    Exec(Insert(1));
+    const ado::ErrorRecord failure = FailureOf(
+        line("1") + line("2") + QStringLiteral("UPDATE lineas SET n = n + 10 WHERE n < 3 ") +
+        line("NULL") + line("4"));
+    EXPECT_EQ(m_session->RowCount(), 2);            // the UPDATE's
+    EXPECT_EQ(m_session->Identity(), std::nullopt); // the INSERTs into lineas cleared it
+    EXPECT_EQ(m_session->TranCount(), 0);
+    EXPECT_EQ(lines(), (QStringList{"11", "12"}));
+    // The batch fails with the failing statement's own error.
+    const ado::ErrorRecord alone = FailureOf(line("NULL"));
+    EXPECT_EQ(failure.nativeError, 515);
+    EXPECT_EQ(failure.description, alone.description);
+    EXPECT_EQ(failure.sqlState, alone.sqlState);
+
+    // A failure at the first statement keeps nothing and leaves the counts as they were.
+    Exec(Insert(2));
+    EXPECT_EQ(FailureOf(line("NULL") + line("5") + line("6")).nativeError, 515);
+    EXPECT_EQ(m_session->Identity(), 2);
+    EXPECT_EQ(m_session->RowCount(), 1);
+    EXPECT_EQ(lines(), (QStringList{"11", "12"}));
+
+    // A failure at the 40th statement of a run of 50 keeps the 39 before it.
+    Exec(QStringLiteral("DELETE FROM lineas"));
+    QString batch;
+    for (int n = 1; n <= 50; ++n)
+        batch += line(n == 40 ? QStringLiteral("NULL") : QString::number(n));
+    EXPECT_EQ(FailureOf(batch).nativeError, 515);
+    EXPECT_EQ(Value(QStringLiteral("SELECT count(*), sum(n) FROM lineas")),
+              QStringLiteral("39|780"));
 }
 
 TEST_P(DataRunTest, ALongBatchRunsWhole) {
