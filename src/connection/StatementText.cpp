@@ -49,9 +49,8 @@ QString ValuePiece(const Variant& value, int provider) {
     }
 }
 
-QString Insert(const QString& cTabla, const QString& fields, const QString& pieces) {
-    return QStringLiteral("INSERT INTO ") + cTabla + u' ' + fields + QStringLiteral(" VALUES (") +
-           pieces + QStringLiteral(") ");
+QString InsertHead(const QString& cTabla, const QString& fields) {
+    return QStringLiteral("INSERT INTO ") + cTabla + u' ' + fields + QStringLiteral(" VALUES (");
 }
 
 QString FieldList(const Variant& xCampos) {

@@ -21,7 +21,8 @@ QString WithIdentity(const QString& cSQL);
 // value cannot be written (Null outside SQL Server, Empty, Boolean, objects, arrays).
 QString ValuePiece(const Variant& value, int provider);
 
-QString Insert(const QString& cTabla, const QString& fields, const QString& pieces);
+// "INSERT INTO <table> <fields> VALUES (": the pieces and ") " follow.
+QString InsertHead(const QString& cTabla, const QString& fields);
 // The field list "(a,b,c)" from an array of names.
 QString FieldList(const Variant& xCampos);
 

@@ -32,34 +32,36 @@ std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
         ShowConexionError(zlxConexionError_InsertBadParameter, {}, {});
         return -1;
     }
-    const QString fields = StatementText::FieldList(xCampos);
-    // Each value as a piece of the VALUES list; an unwritable one stops the insert.
-    const auto piecesOf = [&](const std::function<Variant(std::int32_t)>& cell, std::int32_t first,
-                              std::int32_t last, const std::function<QString(std::int32_t)>& where,
-                              QString& pieces) {
+    const QString head = StatementText::InsertHead(cTabla, StatementText::FieldList(xCampos));
+    // Appends an INSERT of the values to `text`; an unwritable value stops the insert.
+    const auto appendInsert = [&](QString& text, const auto& cell, std::int32_t first,
+                                  std::int32_t last, const auto& where) {
+        text += head;
         for (std::int32_t i = first; i <= last; ++i) {
             const QString piece = ValuePiece(cell(i));
             if (piece.isEmpty()) {
                 ShowConexionError(zlxConexionError_InsertBadValue, {}, where(i));
                 return false;
             }
-            pieces += piece;
+            text += piece;
         }
-        pieces.chop(1);
+        if (last >= first) text.chop(1); // the last piece's comma
+        text += QStringLiteral(") ");
         return true;
     };
     const auto run = [&](const QString& batch) {
         return !RunWithReconnect([&] { RunNoRecords(batch, Main()); });
     };
     if (const VariantArrayPtr values = xValores.ToArray()) {
-        QString pieces;
+        QString statement;
         const auto where = [](std::int32_t i) {
             return QStringLiteral("Posición: (Col.=%1) Valor: ").arg(i);
         };
-        if (!piecesOf([&](std::int32_t i) { return values->At(i); }, values->LBound(),
-                      values->UBound(), where, pieces))
+        if (!appendInsert(
+                statement, [&](std::int32_t i) { return values->At(i); }, values->LBound(),
+                values->UBound(), where))
             return -1;
-        return run(StatementText::Insert(cTabla, fields, pieces)) ? 0 : -1;
+        return run(statement) ? 0 : -1;
     }
     const auto matrix = xValores.IsObject() && xValores.TypeName() == u"cMatriz"
                             ? std::dynamic_pointer_cast<cMatriz>(xValores.ToObject())
@@ -67,17 +69,17 @@ std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
     if (!matrix) return 0;
     QString batch;
     for (std::int32_t row = matrix->FirstRow(); row <= matrix->LastRow(); ++row) {
-        QString pieces;
         const auto where = [row](std::int32_t col) {
             return QStringLiteral("Posición: (Línea=%1, Col.=%2) Valor: ").arg(row).arg(col);
         };
-        if (!piecesOf([&](std::int32_t col) { return matrix->Item(row, col); }, matrix->FirstCol(),
-                      matrix->LastCol(), where, pieces))
+        if (!appendInsert(
+                batch, [&](std::int32_t col) { return matrix->Item(row, col); }, matrix->FirstCol(),
+                matrix->LastCol(), where))
             return -1;
-        batch += StatementText::Insert(cTabla, fields, pieces);
         if (row % 50 == 0) {
             if (!run(batch)) return -1;
-            batch.clear();
+            // The next batch reuses the text's room.
+            batch.resize(0);
         }
     }
     return batch.isEmpty() || run(batch) ? 0 : -1;

@@ -35,7 +35,7 @@ TEST(StatementText, ValuePiecesByTypeAndProvider) {
 TEST(StatementText, InsertCountAndMaximumTexts) {
     const QString fields = FieldList(Variant::Array({Variant("a"), Variant("b")}));
     EXPECT_EQ(fields, "(a,b)");
-    EXPECT_EQ(Insert("t", fields, "1,'x'"), "INSERT INTO t (a,b) VALUES (1,'x') ");
+    EXPECT_EQ(InsertHead("t", fields), "INSERT INTO t (a,b) VALUES (");
     EXPECT_EQ(RecCount("t", ""), "SELECT count(*) AS cuantos FROM t");
     EXPECT_EQ(RecCount("t", "a>1"), "SELECT count(*) AS cuantos FROM t WHERE a>1");
     EXPECT_EQ(ValorMasAlto("t", "id", zlxDataProvider_MSDE),

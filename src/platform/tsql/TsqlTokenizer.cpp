@@ -3,6 +3,8 @@
 #include "platform/tsql/TsqlErrors.h"
 
 #include <QStringList>
+#include <algorithm>
+#include <array>
 
 namespace zlx::tsql {
 namespace {
@@ -14,22 +16,40 @@ bool IsWordPart(QChar c) {
     return c.isLetterOrNumber() || c == u'_' || c == u'#' || c == u'$';
 }
 
+// A piece of `sql`. One ASCII character (a blank, a comma, a parenthesis), the commonest piece,
+// is shared rather than allocated each time.
+QString Piece(const QString& sql, qsizetype start, qsizetype length) {
+    static const std::array<QString, 128> kOneCharacter = [] {
+        std::array<QString, 128> texts;
+        for (char16_t c = 0; c < 128; ++c)
+            texts[c] = QString(QChar(c));
+        return texts;
+    }();
+    if (length == 0) return {};
+    if (length == 1 && sql[start].unicode() < 128) return kOneCharacter[sql[start].unicode()];
+    return sql.mid(start, length);
+}
+
 class Lexer {
 public:
     explicit Lexer(const QString& sql) : m_sql(sql) {}
 
     Tokens Run() {
         Tokens tokens;
-        QString leading;
         while (m_pos < m_sql.size()) {
-            if (SkipBlankOrComment(leading)) continue;
+            const qsizetype blanks = m_pos;
+            while (m_pos < m_sql.size() && SkipBlankOrComment()) {
+            }
+            QString leading = Piece(m_sql, blanks, m_pos - blanks);
+            if (m_pos == m_sql.size()) {
+                // Trailing blanks ride on an empty symbol so that nothing of the text is lost.
+                if (!leading.isEmpty())
+                    tokens.push_back(Token{TokenKind::Symbol, QString(), leading});
+                break;
+            }
             Token token = Next();
-            token.leading = std::exchange(leading, QString());
+            token.leading = std::move(leading);
             tokens.push_back(std::move(token));
-        }
-        if (!leading.isEmpty()) {
-            // Trailing blanks ride on an empty symbol so that nothing of the text is lost.
-            tokens.push_back(Token{TokenKind::Symbol, QString(), leading});
         }
         return tokens;
     }
@@ -37,24 +57,20 @@ public:
 private:
     QChar At(qsizetype i) const { return i < m_sql.size() ? m_sql[i] : QChar(); }
 
-    bool SkipBlankOrComment(QString& leading) {
+    bool SkipBlankOrComment() {
         const QChar c = m_sql[m_pos];
         if (c.isSpace()) {
-            leading += c;
             ++m_pos;
             return true;
         }
         if (c == u'-' && At(m_pos + 1) == u'-') {
             const qsizetype end = m_sql.indexOf(u'\n', m_pos);
-            const qsizetype stop = end < 0 ? m_sql.size() : end;
-            leading += m_sql.mid(m_pos, stop - m_pos);
-            m_pos = stop;
+            m_pos = end < 0 ? m_sql.size() : end;
             return true;
         }
         if (c == u'/' && At(m_pos + 1) == u'*') {
             const qsizetype end = m_sql.indexOf(QStringLiteral("*/"), m_pos + 2);
             if (end < 0) ThrowStatementError(QStringLiteral("Missing end comment mark '*/'."), 113);
-            leading += m_sql.mid(m_pos, end + 2 - m_pos);
             m_pos = end + 2;
             return true;
         }
@@ -81,26 +97,23 @@ private:
     // A quoted run; the closing character doubled stands for itself.
     Token Quoted(QChar close, TokenKind kind) {
         QString value;
-        qsizetype i = m_pos + 1;
+        qsizetype from = m_pos + 1;
         for (;;) {
-            if (i >= m_sql.size()) {
+            const qsizetype at = m_sql.indexOf(close, from);
+            if (at < 0) {
                 ThrowStatementError(
                     QStringLiteral("Unclosed quotation mark after the character string '%1'.")
-                        .arg(value),
+                        .arg(value + m_sql.mid(from)),
                     105);
             }
-            if (m_sql[i] == close) {
-                if (At(i + 1) == close) {
-                    value += close;
-                    i += 2;
-                    continue;
-                }
-                break;
+            value += QStringView(m_sql).mid(from, at - from);
+            if (At(at + 1) != close) {
+                m_pos = at + 1;
+                return Token{kind, value, {}};
             }
-            value += m_sql[i++];
+            value += close;
+            from = at + 2;
         }
-        m_pos = i + 1;
-        return Token{kind, value, {}};
     }
 
     Token Variable() {
@@ -131,23 +144,26 @@ private:
             while (m_pos < m_sql.size() && m_sql[m_pos].isDigit())
                 ++m_pos;
         }
-        return Token{TokenKind::Number, m_sql.mid(start, m_pos - start), {}};
+        return Token{TokenKind::Number, Piece(m_sql, start, m_pos - start), {}};
     }
 
     template <typename Pred> Token Take(TokenKind kind, Pred part) {
         const qsizetype start = m_pos++;
         while (m_pos < m_sql.size() && part(m_sql[m_pos]))
             ++m_pos;
-        return Token{kind, m_sql.mid(start, m_pos - start), {}};
+        return Token{kind, Piece(m_sql, start, m_pos - start), {}};
     }
 
     Token Symbol() {
-        static const QStringList twoChar = {
-            QStringLiteral("<>"), QStringLiteral("<="), QStringLiteral(">="), QStringLiteral("!="),
-            QStringLiteral("!<"), QStringLiteral("!>"), QStringLiteral("||"), QStringLiteral("::")};
-        const QString pair = m_sql.mid(m_pos, 2);
-        const qsizetype length = twoChar.contains(pair) ? 2 : 1;
-        const QString text = m_sql.mid(m_pos, length);
+        static constexpr char16_t kPairs[][2] = {{u'<', u'>'}, {u'<', u'='}, {u'>', u'='},
+                                                 {u'!', u'='}, {u'!', u'<'}, {u'!', u'>'},
+                                                 {u'|', u'|'}, {u':', u':'}};
+        const QChar first = m_sql[m_pos], second = At(m_pos + 1);
+        const bool pair = std::any_of(std::begin(kPairs), std::end(kPairs), [&](const auto& p) {
+            return first == p[0] && second == p[1];
+        });
+        const qsizetype length = pair ? 2 : 1;
+        const QString text = Piece(m_sql, m_pos, length);
         m_pos += length;
         return Token{TokenKind::Symbol, text, {}};
     }

@@ -4,7 +4,9 @@
 
 #include <QDate>
 #include <QRegularExpression>
+#include <algorithm>
 #include <cfloat>
+#include <charconv>
 #include <cmath>
 #include <limits>
 
@@ -789,10 +791,35 @@ Date BlankDate() {
     return MakeDate(1753, 1, 1);
 }
 
+namespace {
+
+// The number of significant digits of the shortest text that reads back as `value`.
+int ShortestDigits(double value) {
+    char text[32];
+    const auto written =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::scientific);
+    return static_cast<int>(std::count_if(text, std::find(text, written.ptr, 'e'),
+                                          [](char c) { return c >= '0' && c <= '9'; }));
+}
+
+} // namespace
+
 QString DoubleToString(double value, QChar decimalSeparator) {
     if (value == 0.0) return QStringLiteral("0");
-    // %G switches to the exponent form where VB does (below 1E-04, from 1E+15 up).
-    return QString::asprintf("%.15G", value).replace(u'.', decimalSeparator);
+    // %G switches to the exponent form where VB does (below 1E-04, from 1E+15 up). A value
+    // whose shortest text has at most 15 digits rounds to that text whoever rounds it, so the
+    // quick conversion serves; longer ones keep Qt's rounding of their 16th digit.
+    if (!std::isfinite(value) || ShortestDigits(value) > 15)
+        return QString::asprintf("%.15G", value).replace(u'.', decimalSeparator);
+    char text[32];
+    const auto written =
+        std::to_chars(text, text + sizeof text, value, std::chars_format::general, 15);
+    QString result = QString::fromLatin1(text, written.ptr - text);
+    for (QChar& c : result) {
+        if (c == u'.') c = decimalSeparator;
+        if (c == u'e') c = u'E';
+    }
+    return result;
 }
 
 } // namespace zlx

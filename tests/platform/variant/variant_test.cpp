@@ -85,6 +85,9 @@ TEST(VariantConversions, StringsUseSpanishSeparatorsAndVbNumberForms) {
     EXPECT_EQ(Variant(0.0001).ToString(), "0,0001");
     EXPECT_EQ(Variant(123456789012345.0).ToString(), "123456789012345");
     EXPECT_EQ(Variant(0.1 + 0.2).ToString(), "0,3");
+    // Fifteen digits of a value that needs more: its 16th digit, exactly 5, rounds up.
+    EXPECT_EQ(Variant(33110032036284.25).ToString(), "33110032036284,3");
+    EXPECT_EQ(Variant(-1.1732521780045051e16).ToString(), "-1,17325217800451E+16");
     EXPECT_EQ(Variant(1.1f).ToString(), "1,1");
     EXPECT_EQ(Variant(1.5).ToInvariantString(), "1.5");
     EXPECT_EQ(Variant(Currency{15000}).ToString(), "1,5");
