@@ -140,7 +140,7 @@ public:
         return {};
     }
     // What follows ORDER BY so that the first `count` rows come with those tied with the
-    // last (TOP n WITH TIES); empty: not supported.
+    // last (TOP n WITH TIES); empty: the writer counts them by rank.
     virtual QString FirstRowsWithTies(const QString& count) const {
         (void)count;
         return {};

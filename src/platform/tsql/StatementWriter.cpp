@@ -6,9 +6,15 @@
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TsqlTranslator.h"
 
+#include <algorithm>
 #include <limits>
 
 namespace zlx::tsql {
+namespace {
+
+constexpr std::int32_t kTiesWithoutOrder = 1062; // SQL Server's number for TOP WITH TIES alone
+
+} // namespace
 
 StatementWriter::StatementWriter(StatementTokens& tokens, const TranslationContext& context,
                                  StoredValues& stored)
@@ -387,11 +393,15 @@ size_t StatementWriter::EmitTop(size_t select, size_t end, QString& out,
         ++next;
     }
     if (m_t.WordAt(next, u"WITH") && m_t.WordAt(next + 1, u"TIES")) {
-        limit = m_t.WordAt(next - 1, u"PERCENT") ? QString() : m_dialect.FirstRowsWithTies(n);
-        if (limit.isEmpty()) ThrowUnsupported(QStringLiteral("TOP ... WITH TIES"));
+        if (m_t.WordAt(next - 1, u"PERCENT")) ThrowUnsupported(QStringLiteral("TOP ... WITH TIES"));
+        const size_t order = TiesOrderBy(select, scopeEnd);
+        limit = m_dialect.FirstRowsWithTies(n);
+        if (limit.isEmpty())
+            limit = QStringLiteral(" LIMIT ") + TiedCount(select, order, scopeEnd, n);
         next += 2;
     }
-    limits.emplace(scopeEnd, limit);
+    // Before what an enclosing subquery closes there.
+    limits.emplace_hint(limits.lower_bound(scopeEnd), scopeEnd, limit);
     out += m_t[select].leading + m_t[select].text;
     return next;
 }
@@ -405,6 +415,25 @@ QString StatementWriter::PercentCount(size_t select, size_t scopeEnd, const QStr
         ThrowUnsupported(QStringLiteral("TOP ") + percent + QStringLiteral(" PERCENT"));
     return QStringLiteral("(SELECT (count(*) * %1 + 99) / 100 ").arg(percent) +
            Range(from, order).trimmed() + u')';
+}
+
+size_t StatementWriter::TiesOrderBy(size_t select, size_t scopeEnd) const {
+    const size_t order = m_t.DepthZeroWord(m_t.DepthZeroWord(select + 1, u"FROM"), u"ORDER");
+    if (order >= scopeEnd || !m_t.WordAt(order + 1, u"BY"))
+        ThrowStatementError(QStringLiteral("The TOP N WITH TIES clause is not allowed without a "
+                                           "corresponding ORDER BY clause."),
+                            kTiesWithoutOrder);
+    return order;
+}
+
+QString StatementWriter::TiedCount(size_t select, size_t order, size_t scopeEnd,
+                                   const QString& count) {
+    QString keys;
+    EmitOrderedItems(order + 2, OrderByEnd(order + 2, scopeEnd), keys);
+    const size_t from = std::min(m_t.DepthZeroWord(select + 1, u"FROM"), order);
+    return QStringLiteral("(SELECT count(*) FROM (SELECT rank() OVER (ORDER BY %1) AS zlx_rank ")
+               .arg(keys.trimmed()) +
+           Range(from, order).trimmed() + QStringLiteral(") WHERE zlx_rank <= %1)").arg(count);
 }
 
 size_t StatementWriter::ScopeEnd(size_t select, size_t end) const {
@@ -501,8 +530,9 @@ bool StatementWriter::IsScalarSubquery(size_t open) const {
 // (SELECT x FROM ...) where one value is due: its value compares under the database
 // collation (SQLite gives a subquery's value none), and on an engine that would answer the
 // first of several rows, x goes through its aggregate that fails as SQL Server's error 512.
-// The aggregate is left out when the subquery gives one row at most, or several rows to an
-// aggregate (TOP, DISTINCT, GROUP BY, UNION, an aggregate in x, more than one column).
+// A subquery whose rows come out of a TOP, DISTINCT, GROUP BY or set operator is read whole
+// by the aggregate; one with an aggregate in x, more than one column or no FROM gives one row
+// at most.
 void StatementWriter::MarkSingleValue(size_t open, std::multimap<size_t, QString>& limits) {
     static const QStringList aggregates = {u"COUNT"_qs, u"SUM"_qs,   u"AVG"_qs, u"MIN"_qs,
                                            u"MAX"_qs,   u"STDEV"_qs, u"VAR"_qs, u"COUNT_BIG"_qs};
@@ -512,10 +542,14 @@ void StatementWriter::MarkSingleValue(size_t open, std::multimap<size_t, QString
     const size_t close = m_t.Close(open);
     limits.emplace(close + 1, m_dialect.TextResultCollation());
     const size_t from = m_t.DepthZeroWord(select + 1, u"FROM");
-    if (from >= close || m_t.WordAt(select + 1, u"TOP") || m_t.WordAt(select + 1, u"DISTINCT"))
+    size_t itemEnd = std::min(from, close);
+    for (QStringView word : {u"UNION", u"EXCEPT", u"INTERSECT"})
+        itemEnd = std::min(itemEnd, m_t.DepthZeroWord(select + 1, word));
+    if (RowsComeWhole(select, from, itemEnd, close)) {
+        ReadWhole(select, itemEnd, close, aggregate, limits);
         return;
-    for (QStringView word : {u"GROUP", u"UNION", u"EXCEPT", u"INTERSECT"})
-        if (m_t.DepthZeroWord(from, word) < close) return;
+    }
+    if (from >= close || m_t.WordAt(select + 1, u"TOP")) return; // TOP 1
     for (size_t k = select + 1, depth = 0; k < from; ++k) {
         if (m_t[k].IsSymbol(u"("))
             ++depth;
@@ -532,6 +566,49 @@ void StatementWriter::MarkSingleValue(size_t open, std::multimap<size_t, QString
                    (item.leading.isEmpty() ? u" "_qs : item.leading) + aggregate + u'(');
     item.leading.clear();
     limits.emplace(from, QStringLiteral(")"));
+}
+
+bool StatementWriter::RowsComeWhole(size_t select, size_t from, size_t itemEnd,
+                                    size_t close) const {
+    if (!m_t.Commas(select, itemEnd).empty()) return false; // several columns
+    for (QStringView word : {u"UNION", u"EXCEPT", u"INTERSECT"})
+        if (m_t.DepthZeroWord(select + 1, word) < close) return true;
+    if (m_t.WordAt(select + 1, u"DISTINCT")) return true;
+    if (m_t.WordAt(select + 1, u"TOP"))
+        return !(m_t.At(select + 2) && m_t.At(select + 2)->Is(TokenKind::Number, u"1")) &&
+               !(m_t.SymbolAt(select + 2, u"(") && m_t.At(select + 3) &&
+                 m_t.At(select + 3)->Is(TokenKind::Number, u"1") && m_t.SymbolAt(select + 4, u")"));
+    return from < close && m_t.DepthZeroWord(from, u"GROUP") < close;
+}
+
+void StatementWriter::ReadWhole(size_t select, size_t itemEnd, size_t close,
+                                const QString& aggregate, std::multimap<size_t, QString>& limits) {
+    QString column = ItemAlias(select, itemEnd);
+    if (column.isEmpty()) {
+        column = QStringLiteral("zlx_value");
+        limits.emplace(itemEnd, QStringLiteral(" AS zlx_value"));
+    }
+    Token& first = m_t[select];
+    limits.emplace(select,
+                   QStringLiteral("%1SELECT %2(%3) FROM (").arg(first.leading, aggregate, column));
+    first.leading.clear();
+    limits.emplace(close, QStringLiteral(")"));
+}
+
+QString StatementWriter::ItemAlias(size_t select, size_t itemEnd) const {
+    size_t item = select + 1;
+    if (m_t.WordAt(item, u"DISTINCT")) ++item;
+    if (m_t.WordAt(item, u"TOP"))
+        item = m_t.SymbolAt(item + 1, u"(") ? m_t.Close(item + 1) + 1 : item + 2;
+    if (m_t.WordAt(item, u"PERCENT")) ++item;
+    if (m_t.WordAt(item, u"WITH") && m_t.WordAt(item + 1, u"TIES")) item += 2;
+    const Token* last = m_t.At(itemEnd - 1);
+    if (itemEnd < item + 2 || !last || !IsName(*last) || last->IsWord(u"END")) return {};
+    const Token& before = m_t[itemEnd - 2];
+    if (!before.IsWord(u"AS") && !IsName(before) && before.kind != TokenKind::Number &&
+        before.kind != TokenKind::String && !before.IsSymbol(u")"))
+        return {};
+    return last->kind == TokenKind::QuotedName ? m_dialect.QuoteName(last->text) : last->text;
 }
 
 } // namespace zlx::tsql

@@ -90,6 +90,13 @@ private:
     // subquery over its FROM and WHERE.
     QString PercentCount(size_t select, size_t scopeEnd, const QString& percent);
 
+    // The ORDER BY that TOP n WITH TIES requires (error 1062 without one).
+    size_t TiesOrderBy(size_t select, size_t scopeEnd) const;
+
+    // TOP n WITH TIES on an engine without it: the number of rows ranked n or better by the
+    // SELECT's ORDER BY at `order`, which are the first n and those tied with the last of them.
+    QString TiedCount(size_t select, size_t order, size_t scopeEnd, const QString& count);
+
     // Where the SELECT at `select` ends: the ")" closing its parenthesis, or the end.
     size_t ScopeEnd(size_t select, size_t end) const;
 
@@ -106,6 +113,14 @@ private:
 
     bool IsScalarSubquery(size_t open) const;
     void MarkSingleValue(size_t open, std::multimap<size_t, QString>& limits);
+    // Whether the subquery's rows come out of a TOP (but TOP 1), DISTINCT, GROUP BY or set
+    // operator, so that the aggregate reads them whole; `itemEnd` ends its first column.
+    bool RowsComeWhole(size_t select, size_t from, size_t itemEnd, size_t close) const;
+    // (SELECT agg(column) FROM (SELECT ... column ...)).
+    void ReadWhole(size_t select, size_t itemEnd, size_t close, const QString& aggregate,
+                   std::multimap<size_t, QString>& limits);
+    // The alias the item that ends at `itemEnd` is given (x AS a, x a); empty: none.
+    QString ItemAlias(size_t select, size_t itemEnd) const;
 
     // Calls (StatementWriter_calls.cpp).
     size_t EmitMoneyDivision(const QString& money, size_t slash, const QString& lead, QString& out);

@@ -124,7 +124,7 @@ TEST(TsqlTranslator, DateLiteralsAreNormalisedOnlyWhenValid) {
 
 TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
     for (const char* sql :
-         {"SELECT TOP 3 WITH TIES * FROM t ORDER BY a", "SELECT @local",
+         {"SELECT TOP 3 PERCENT WITH TIES * FROM t ORDER BY a", "SELECT @local",
           "SELECT TOP 10 PERCENT * FROM t GROUP BY a", "SELECT DATEPART(fortnight, f) FROM t",
           "CREATE TABLE t (id INT IDENTITY(5,2))", "SELECT @@SPID"}) {
         const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
@@ -155,7 +155,8 @@ TEST(TsqlTranslator, MalformedStatementsAreCommandErrors) {
 
 // SQLite answers the first row of a scalar subquery that finds several: where one value is
 // due and the subquery may find more than one row, its value goes through the aggregate that
-// fails as error 512 (and compares under the database collation); subqueries of sets and
+// fails as error 512 (and compares under the database collation), reading the whole
+// subquery when TOP, DISTINCT, GROUP BY or UNION make its rows; subqueries of sets and
 // tables, and those of one row at most, stay.
 TEST(TsqlTranslator, ScalarSubqueriesOfSeveralRowsFailOnSqlite) {
     const auto sqlite = [](const char* tsql) {
@@ -176,9 +177,18 @@ TEST(TsqlTranslator, ScalarSubqueriesOfSeveralRowsFailOnSqlite) {
          {"SELECT x FROM a WHERE x IN (SELECT n FROM t)",
           "SELECT x FROM a WHERE EXISTS (SELECT n FROM t)", "SELECT x FROM (SELECT n FROM t) a",
           "SELECT x FROM a, (SELECT n FROM t) b", "SELECT (SELECT MAX(n) FROM t)",
-          "SELECT (SELECT COUNT(*) + 1 FROM t)", "SELECT (SELECT n FROM t GROUP BY n)",
-          "SELECT (SELECT DISTINCT n FROM t)", "SELECT (SELECT 1)", "SELECT (SELECT n, m FROM t)"})
+          "SELECT (SELECT COUNT(*) + 1 FROM t)", "SELECT (SELECT TOP 1 n FROM t ORDER BY n)",
+          "SELECT (SELECT 1)", "SELECT (SELECT n, m FROM t)"})
         EXPECT_FALSE(sqlite(unchanged).contains(u"zlx_single")) << unchanged;
+    EXPECT_EQ(sqlite("SELECT (SELECT t.n FROM t GROUP BY t.n)"),
+              QStringLiteral("SELECT (SELECT zlx_single(zlx_value) FROM (SELECT t.n AS zlx_value "
+                             "FROM t GROUP BY t.n)) COLLATE NOCASE"));
+    EXPECT_EQ(sqlite("SELECT (SELECT DISTINCT n k FROM t ORDER BY k) + 1"),
+              QStringLiteral("SELECT (SELECT zlx_single(k) FROM (SELECT DISTINCT n k FROM t ORDER "
+                             "BY k)) COLLATE NOCASE + 1"));
+    EXPECT_EQ(sqlite("SELECT (SELECT TOP 2 n AS [v] FROM t ORDER BY n)"),
+              QStringLiteral("SELECT (SELECT zlx_single(\"v\") FROM (SELECT n AS \"v\" FROM t "
+                             "ORDER BY n LIMIT 2)) COLLATE NOCASE"));
     EXPECT_FALSE(Translated(QStringLiteral("SELECT (SELECT n FROM t) + 1"), Target::PostgreSQL)
                      .contains(u"zlx_single"));
 }

@@ -1,5 +1,4 @@
 -- TOP n WITH TIES adds the rows tied with the last one.
--- gap sqlite: SELECT TOP 3 WITH TIES n FROM t ORDER BY n is refused (error 102): the engine has no WITH TIES
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run
