@@ -120,11 +120,17 @@ QString SqliteDialect::CaseInsensitiveCollation() const {
     return QStringLiteral("COLLATE NOCASE");
 }
 
-// Only an INTEGER PRIMARY KEY is an alias of the row id; SQLite counts by one only.
+// Only an INTEGER PRIMARY KEY is an alias of the row id. SQLite counts by one: another step is
+// written in the table's definition, where FindIdentityColumn reads it back, and the counter
+// starts a step before the seed.
 IdentitySpelling SqliteDialect::Identity(std::int64_t seed, std::int64_t step) const {
-    if (step != 1) return {};
     IdentitySpelling spelling{QStringLiteral("PRIMARY KEY AUTOINCREMENT"), true, std::nullopt};
-    if (seed != 1) spelling.start = seed;
+    if (step != 1) {
+        spelling.text += SqliteIdentities::StepMark(step);
+        spelling.start = seed - step + 1;
+    } else if (seed != 1) {
+        spelling.start = seed;
+    }
     return spelling;
 }
 
@@ -417,9 +423,9 @@ QString SqliteDialect::FindIdentityColumn(const QString& table) {
         QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table' AND name = %2 "
                        "COLLATE NOCASE")
             .arg(schema, SqlString(bare)));
-    if (definition.empty() ||
-        !definition[0][0].ToString().contains(u"AUTOINCREMENT", Qt::CaseInsensitive))
-        return QString();
+    const QString sql = definition.empty() ? QString() : definition[0][0].ToString();
+    if (!sql.contains(u"AUTOINCREMENT", Qt::CaseInsensitive)) return QString();
+    m_identities.NoteStep(IdentityTable(table), SqliteIdentities::MarkedStep(sql));
     const auto rows =
         Access().Query(QStringLiteral("SELECT name FROM pragma_table_info(%1, %2) WHERE pk = 1")
                            .arg(SqlString(bare), SqlString(schema)));
@@ -464,10 +470,10 @@ void SqliteDialect::RaiseIdentity(const QString& table, const QString& column) {
     m_identities.Raise(Access(), IdentityTable(table), column);
 }
 
-// INSERT INTO [schema.]name ...: only a table whose identity is set below its values answers
-// its own identity.
+// INSERT INTO [schema.]name ...: only a table whose identity is set below its values or counts
+// by a step other than 1 answers its own identity.
 QString SqliteDialect::InsertReturningIdentity(const QString& insert, const QString& column) const {
-    if (!m_identities.AnyBelow()) return {};
+    if (!m_identities.AnyNamed()) return {};
     const Tokens tokens = Tokenize(insert);
     if (tokens.size() < 3) return {};
     const bool qualified = tokens.size() > 4 && tokens[3].IsSymbol(u".");

@@ -59,6 +59,17 @@ bool OneValuesRow(const Tokens& tokens) {
     return false;
 }
 
+// Whether the engine INSERT's column list, before VALUES, names `column`.
+bool NamesColumn(const Tokens& tokens, const QString& column) {
+    for (size_t i = 0;
+         i < tokens.size() && !tokens[i].IsWord(u"VALUES") && !tokens[i].IsWord(u"SELECT"); ++i)
+        if ((tokens[i].kind == TokenKind::Word || tokens[i].kind == TokenKind::QuotedName) &&
+            tokens[i].text.compare(column, Qt::CaseInsensitive) == 0 && i > 0 &&
+            (tokens[i - 1].IsSymbol(u"(") || tokens[i - 1].IsSymbol(u",")))
+            return true;
+    return false;
+}
+
 } // namespace
 
 bool SqliteIdentities::Taken(EngineAccess& access, const Table& table) {
@@ -82,20 +93,50 @@ void SqliteIdentities::Raise(EngineAccess& access, const Table& table, const QSt
     if (highest && (!counter || *highest > *counter)) Set(access, table, column, *highest);
 }
 
+QString SqliteIdentities::StepMark(std::int64_t step) {
+    return QStringLiteral(" /* zlx_identity_step %1 */").arg(step);
+}
+
+std::int64_t SqliteIdentities::MarkedStep(const QString& definition) {
+    static const QRegularExpression mark(QStringLiteral(R"(/\* zlx_identity_step (-?\d+) \*/)"));
+    const QRegularExpressionMatch match = mark.match(definition);
+    return match.hasMatch() ? match.captured(1).toLongLong() : 1;
+}
+
+void SqliteIdentities::NoteStep(const Table& table, std::int64_t step) {
+    if (step == 1)
+        m_steps.remove(table.Key());
+    else
+        m_steps.insert(table.Key(), step);
+}
+
 QString SqliteIdentities::ExplicitInsert(EngineAccess& access, const Table& table,
                                          const QString& insert, const QString& column) {
-    if (!m_below.contains(table.Key())) return {};
-    const std::int64_t next = Counter(access, table).value_or(0) + 1;
-    const std::optional<std::int64_t> highest = Highest(access, table, column);
-    if (next >= 1 && next > highest.value_or(0)) {
-        m_below.remove(table.Key()); // SQLite's own next value is the one due again
-        return {};
+    const std::int64_t step = m_steps.value(table.Key(), 1);
+    if (step == 1 && !m_below.contains(table.Key())) return {};
+    const Tokens tokens = Tokenize(insert);
+    if (NamesColumn(tokens, column)) return {}; // IDENTITY_INSERT
+    const std::int64_t next = Counter(access, table).value_or(0) + step;
+    if (step == 1) {
+        const std::optional<std::int64_t> highest = Highest(access, table, column);
+        if (next >= 1 && next > highest.value_or(0)) {
+            m_below.remove(table.Key()); // SQLite's own next value is the one due again
+            return {};
+        }
     }
-    if (!OneValuesRow(Tokenize(insert)))
-        ThrowUnsupported(QStringLiteral("INSERT de varias filas en una tabla cuya identidad "
-                                        "DBCC CHECKIDENT puso por debajo de sus valores"));
+    if (!OneValuesRow(tokens))
+        ThrowUnsupported(step == 1 ? QStringLiteral("INSERT de varias filas en una tabla cuya "
+                                                    "identidad DBCC CHECKIDENT puso por debajo "
+                                                    "de sus valores")
+                                   : QStringLiteral("INSERT de varias filas en una tabla con "
+                                                    "IDENTITY(seed, incremento distinto de 1)"));
     // The value counts as taken even when the row is refused, as on SQL Server.
     WriteCounter(access, table, next);
+    return Naming(access, table, insert, column, next);
+}
+
+QString SqliteIdentities::Naming(EngineAccess& access, const Table& table, const QString& insert,
+                                 const QString& column, std::int64_t value) {
     static const QRegularExpression valuesWord(QStringLiteral(R"(\bVALUES\s*\()"),
                                                QRegularExpression::CaseInsensitiveOption);
     QString sql = insert;
@@ -113,7 +154,7 @@ QString SqliteIdentities::ExplicitInsert(EngineAccess& access, const Table& tabl
         sql.insert(values, u'(' + names.join(QStringLiteral(", ")) + QStringLiteral(") "));
     }
     values = sql.indexOf(valuesWord);
-    sql.insert(sql.indexOf(u'(', values) + 1, QString::number(next) + QStringLiteral(", "));
+    sql.insert(sql.indexOf(u'(', values) + 1, QString::number(value) + QStringLiteral(", "));
     return sql + QStringLiteral(" RETURNING ") + column;
 }
 

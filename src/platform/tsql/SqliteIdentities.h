@@ -4,7 +4,8 @@
 // transaction), and DBCC CHECKIDENT may set the next identity below the values a table holds or
 // below 1 (SQLite never hands out a row id at or under the highest one): such a table's next
 // single-row INSERTs name their identity themselves, so that a value already there is a
-// duplicate key, until the counter is past the table's values again.
+// duplicate key, until the counter is past the table's values again. A table whose identity
+// counts by a step other than 1 names it in every INSERT.
 
 #include "platform/tsql/EngineDialect.h"
 
@@ -28,12 +29,21 @@ public:
     void Set(EngineAccess& access, const Table& table, const QString& column, std::int64_t value);
     // The next identity follows the highest value of `column` when that is past it.
     void Raise(EngineAccess& access, const Table& table, const QString& column);
-    // For a table whose next identity is below what SQLite would give: `insert` naming its
-    // identity, answering it; empty otherwise. Throws 0x80040E14 for an INSERT of several
-    // rows into such a table.
+    // For a table whose next identity is below what SQLite would give or that counts by a
+    // step: `insert` naming its identity, answering it; empty otherwise (and for an INSERT
+    // that names the identity itself). Throws 0x80040E14 for an INSERT of several rows into
+    // such a table.
     QString ExplicitInsert(EngineAccess& access, const Table& table, const QString& insert,
                            const QString& column);
-    bool AnyBelow() const { return !m_below.isEmpty(); }
+    // Whether some table's INSERTs name their identity (ExplicitInsert has work to do).
+    bool AnyNamed() const { return !m_below.isEmpty() || !m_steps.isEmpty(); }
+
+    // IDENTITY(seed, step) with a step other than 1: what the column's definition carries so
+    // that MarkedStep reads the step back from the table's definition (1 when it has none).
+    static QString StepMark(std::int64_t step);
+    static std::int64_t MarkedStep(const QString& definition);
+    // Such a table's INSERTs name their identity, the last one plus the step.
+    void NoteStep(const Table& table, std::int64_t step);
 
     void NoteTaken(const Table& table, std::int64_t value);
     // After a rollback (to a savepoint too): the counters are put back up to the values taken.
@@ -41,7 +51,12 @@ public:
     void Forget() { m_taken.clear(); }
 
 private:
+    // `insert` with `column` set to `value`, answering it.
+    static QString Naming(EngineAccess& access, const Table& table, const QString& insert,
+                          const QString& column, std::int64_t value);
+
     QSet<QString> m_below;                                  // tables whose next identity is below
+    QHash<QString, std::int64_t> m_steps;                   // tables counting by another step
     QHash<QString, std::pair<Table, std::int64_t>> m_taken; // the highest taken per table
 };
 

@@ -1,5 +1,4 @@
 -- IDENTITY(seed, step) starts at the seed and grows by the step.
--- gap sqlite: CREATE TABLE t (id INT IDENTITY(100,10), n INT) answers error 102, not success
 -- run
 CREATE TABLE t (id INT IDENTITY(100,10), n INT)
 -- run
