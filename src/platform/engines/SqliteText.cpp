@@ -8,6 +8,8 @@
 #include <QString>
 #include <algorithm>
 #include <cctype>
+#include <cstdint>
+#include <limits>
 #include <sqlite3.h>
 
 namespace zlx::ado::SqliteText {
@@ -156,6 +158,41 @@ void CharIndex(sqlite3_context* context, int count, sqlite3_value** values) {
     sqlite3_result_int64(context, at + 1);
 }
 
+// zlx_pad(value, n): the value as a CHAR(n) column holds it, blanks added up to n characters.
+void Pad(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QString text = TextArgument(values[0]);
+    const auto length = static_cast<qsizetype>(sqlite3_value_int64(values[1]));
+    ResultText(context, text.size() < length ? text.leftJustified(length) : text);
+}
+
+// zlx_datalength(value): the bytes SQL Server keeps for the value: one a character of a text
+// (the database's code page), a blob's own, 4 or 8 for an integer, 8 for a real.
+void DataLength(sqlite3_context* context, int, sqlite3_value** values) {
+    sqlite3_value* value = values[0];
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_NULL:
+        sqlite3_result_null(context);
+        return;
+    case SQLITE_INTEGER: {
+        const sqlite3_int64 n = sqlite3_value_int64(value);
+        sqlite3_result_int(context, n >= std::numeric_limits<std::int32_t>::min() &&
+                                            n <= std::numeric_limits<std::int32_t>::max()
+                                        ? 4
+                                        : 8);
+        return;
+    }
+    case SQLITE_FLOAT:
+        sqlite3_result_int(context, 8);
+        return;
+    case SQLITE_BLOB:
+        sqlite3_result_int(context, sqlite3_value_bytes(value));
+        return;
+    default:
+        sqlite3_result_int64(context, TextArgument(value).size());
+    }
+}
+
 } // namespace
 
 int Compare(int lengthA, const void* a, int lengthB, const void* b) {
@@ -193,7 +230,7 @@ void Install(sqlite3* db) {
     } functions[] = {
         {"like", 2, &Like},           {"like", 3, &Like},       {"upper", 1, &Upper},
         {"lower", 1, &Lower},         {"replace", 3, &Replace}, {"charindex", 2, &CharIndex},
-        {"charindex", 3, &CharIndex},
+        {"charindex", 3, &CharIndex}, {"zlx_pad", 2, &Pad},     {"zlx_datalength", 1, &DataLength},
     };
     for (const auto& f : functions)
         sqlite3_create_function(db, f.name, f.arguments, flags, nullptr, f.function, nullptr,

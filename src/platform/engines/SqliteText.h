@@ -2,7 +2,8 @@
 // Text on the embedded engine as the database collation Modern_Spanish_CI_AI treats it:
 // letters compare without regard to case or accents, ñ is a letter of its own after n,
 // trailing blanks do not count; LIKE, REPLACE and CHARINDEX match under the same rules and
-// UPPER and LOWER change every letter, not only ASCII ones.
+// UPPER and LOWER change every letter, not only ASCII ones. zlx_pad(x, n) pads a text to a
+// CHAR(n) column's length and zlx_datalength(x) answers SQL Server's DATALENGTH.
 
 struct sqlite3;
 

@@ -139,6 +139,12 @@ public:
         (void)value, (void)precision, (void)scale;
         return {};
     }
+    // `value` padded with blanks to `length` characters, as a CHAR(length) column stores it;
+    // empty: the engine's fixed-length text type pads it itself.
+    virtual QString PaddedText(const QString& value, int length) const {
+        (void)value, (void)length;
+        return {};
+    }
     // What follows ORDER BY so that the first `count` rows come with those tied with the
     // last (TOP n WITH TIES); empty: the writer counts them by rank.
     virtual QString FirstRowsWithTies(const QString& count) const {

@@ -1,6 +1,7 @@
 #include "platform/tsql/PostgresDialect.h"
 
 #include "platform/engines/SqlServerErrors.h"
+#include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresTextSearch.h"
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TypeNames.h"
@@ -19,6 +20,7 @@ constexpr FunctionSpelling kFunctions[] = {
     {"LEFT", 2, true, "left(%1, %2)"},
     {"CHARINDEX", 2, true, "strpos(zlx_key(%2) COLLATE \"default\", zlx_key(%1))"},
     {"REPLACE", 3, true, "zlx_replace(%1, %2, %3)"},
+    {"DATALENGTH", 1, true, "zlx_datalength(%1)"},
 };
 
 // SQL Server's column types that PostgreSQL spells otherwise.
@@ -172,7 +174,7 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "FROM pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
-            TextSearchFunctions() +
+            TextSearchFunctions() + FixedTextFunctions() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         QStringLiteral("SET application_name = %1").arg(SqlString(applicationName)),

@@ -21,6 +21,7 @@ constexpr FunctionSpelling kFunctions[] = {
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
     {"RIGHT", 2, true, "substr(%1, -(%2))"},
     {"LEFT", 2, true, "substr(%1, 1, %2)"},
+    {"DATALENGTH", 1, true, "zlx_datalength(%1)"},
 };
 
 // Dates are ISO-8601 texts, so that they compare in order.
@@ -146,6 +147,11 @@ QString SqliteDialect::CheckedDivisor(const QString& divisor) const {
 // SQLite keeps any number in a NUMERIC column.
 QString SqliteDialect::ScaledDecimal(const QString& value, int precision, int scale) const {
     return QStringLiteral("zlx_decimal(%1, %2, %3)").arg(value).arg(precision).arg(scale);
+}
+
+// SQLite keeps a text as it is given in any column.
+QString SqliteDialect::PaddedText(const QString& value, int length) const {
+    return QStringLiteral("zlx_pad(%1, %2)").arg(value).arg(length);
 }
 
 QString SqliteDialect::Autoincrement() const {

@@ -29,6 +29,7 @@ public:
     QString DateLiteral(const QString& isoLiteral) const override;
     QString CurrentDatabaseName() const override;
     QString CheckedDivisor(const QString& divisor) const override;
+    QString PaddedText(const QString& value, int length) const override;
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;

@@ -15,33 +15,42 @@ namespace zlx::tsql {
 StoredValues::StoredValues(StatementTokens& tokens, const TranslationContext& context)
     : m_t(tokens), m_context(context), m_dialect(DialectOf(context)) {}
 
-void StoredValues::PrepareStoredDecimals() {
+void StoredValues::PrepareStoredValues() {
     const bool insert = m_t.WordAt(0, u"INSERT");
     if (!m_context.tableColumns || (!insert && !m_t.WordAt(0, u"UPDATE")) ||
-        m_dialect.ScaledDecimal(QStringLiteral("x"), 1, 0).isEmpty())
+        (m_dialect.ScaledDecimal(QStringLiteral("x"), 1, 0).isEmpty() &&
+         m_dialect.PaddedText(QStringLiteral("x"), 1).isEmpty()))
         return;
     m_target = StoreTarget(insert);
     if (std::none_of(m_target->columns.begin(), m_target->columns.end(),
-                     [](const TableColumn& c) { return DecimalType(c.type).has_value(); }))
+                     [this](const TableColumn& c) { return !StoringCall(c).isEmpty(); }))
         return;
     const std::vector<StoredItem> items = insert ? InsertedItems() : SetItems();
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
         const TableColumn* column = FindColumn(m_target->columns, item->column);
-        const auto digits = column ? DecimalType(column->type) : std::nullopt;
+        const QString call = column ? StoringCall(*column) : QString();
         // DEFAULT stays as written; a blank text is StoredText's.
         const Token& value = m_t[item->first];
         const bool single = item->last == item->first + 1;
-        if (!digits || (single && (value.IsWord(u"DEFAULT") || (value.kind == TokenKind::String &&
-                                                                value.text.trimmed().isEmpty()))))
+        if (call.isEmpty() ||
+            (single && (value.IsWord(u"DEFAULT") ||
+                        (value.kind == TokenKind::String && value.text.trimmed().isEmpty() &&
+                         column->kind != ColumnKind::Text))))
             continue;
-        const QString call =
-            m_dialect.ScaledDecimal(QStringLiteral("\x01"), digits->precision, digits->scale);
         m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->last),
                    Raw(call.section(u'\x01', 1)));
         m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->first),
                    Raw(call.section(u'\x01', 0, 0), m_t[item->first].leading));
         m_t[item->first + 1].leading.clear();
     }
+}
+
+QString StoredValues::StoringCall(const TableColumn& column) const {
+    const QString marker = QStringLiteral("\x01");
+    if (const auto digits = DecimalType(column.type))
+        return m_dialect.ScaledDecimal(marker, digits->precision, digits->scale);
+    const auto text = SizedTextType(column.type.trimmed().toUpper());
+    return text && !text->variable ? m_dialect.PaddedText(marker, text->length.toInt()) : QString();
 }
 
 std::vector<StoredValues::StoredItem> StoredValues::InsertedItems() const {

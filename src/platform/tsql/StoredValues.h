@@ -1,8 +1,8 @@
 #pragma once
 // The values an INSERT's VALUES or an UPDATE's SET list stores, as SQL Server stores them in the
-// column's type: decimals rounded to the column's scale, texts in number, BIT or date columns
-// converted (or refused with SQL Server's error), trailing blanks of stored texts dropped on an
-// engine whose comparisons count them. Looks the target table's columns up once per statement.
+// column's type: decimals rounded to the column's scale, CHAR(n) texts padded, texts in number,
+// BIT or date columns converted (or refused with SQL Server's error), trailing blanks of stored
+// texts dropped on an engine whose comparisons count them. Looks the target table's columns up once per statement.
 
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TableColumns.h"
@@ -19,8 +19,9 @@ public:
 
     // On an engine whose numeric columns keep any number, what an INSERT's VALUES or an
     // UPDATE's SET list stores in a DECIMAL or MONEY column is rounded to the column's scale
-    // (and held to its precision) by the engine's function.
-    void PrepareStoredDecimals();
+    // (and held to its precision) by the engine's function; on one whose text columns keep
+    // any text, what it stores in a CHAR(n) column is padded to n by the engine's function.
+    void PrepareStoredValues();
 
     // On an engine whose comparisons count trailing blanks, a string literal loses them where
     // it is compared (an operand of =, <>, <, >, <= or >=) or stored (a whole value of VALUES
@@ -51,6 +52,10 @@ private:
     std::vector<StoredItem> SetItems() const;
 
     bool IsInsertedValue(size_t i) const;
+
+    // The engine's call, its value written \x01, that stores a value in `column` as SQL Server
+    // does; empty: the value goes in as it is.
+    QString StoringCall(const TableColumn& column) const;
 
     // The kind of the column that the literal at `i` is stored in: a whole value of an
     // INSERT's VALUES or of an UPDATE's SET list. nullopt for any other literal.

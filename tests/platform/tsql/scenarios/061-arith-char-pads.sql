@@ -1,6 +1,4 @@
 -- A CHAR(n) value is padded with blanks to its length.
--- gap sqlite: SELECT c + '|', DATALENGTH(c) FROM t answers error 195, not row ab   ||5
--- gap postgres: SELECT c + '|', DATALENGTH(c) FROM t answers error 195, not row ab   ||5
 -- run
 CREATE TABLE t (c CHAR(5))
 -- run
