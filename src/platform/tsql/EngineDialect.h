@@ -126,6 +126,12 @@ public:
         (void)negated;
         return {};
     }
+    // For LikeOperator: the pattern of LIKE `pattern` ESCAPE `escape` written without its
+    // escape character, each escaped character a class of its own ("[%]").
+    virtual QString EscapedPattern(const QString& pattern, const QString& escape) const {
+        (void)pattern, (void)escape;
+        return {};
+    }
     // What an ORDER BY item (or index key) adds so that NULLs come first ascending and last
     // descending, as on SQL Server; empty: the engine orders them so already.
     virtual QString NullsOrder(bool descending) const {

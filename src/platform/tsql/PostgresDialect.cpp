@@ -150,6 +150,10 @@ QString PostgresDialect::LikeOperator(bool negated) const {
     return negated ? QStringLiteral("!~~~") : QStringLiteral("~~~");
 }
 
+QString PostgresDialect::EscapedPattern(const QString& pattern, const QString& escape) const {
+    return QStringLiteral("zlx_like_escaped(%1, %2)").arg(pattern, escape);
+}
+
 // PostgreSQL sorts NULLs after every value, SQL Server before.
 QString PostgresDialect::NullsOrder(bool descending) const {
     return descending ? QStringLiteral(" NULLS LAST") : QStringLiteral(" NULLS FIRST");

@@ -40,6 +40,7 @@ public:
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
     QString Autoincrement() const override;
     QString LikeOperator(bool negated) const override;
+    QString EscapedPattern(const QString& pattern, const QString& escape) const override;
     QString NullsOrder(bool descending) const override;
     QString AlterColumnTypeWord() const override;
 

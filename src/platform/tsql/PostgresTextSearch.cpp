@@ -55,6 +55,30 @@ CREATE FUNCTION zlx_not_like(t text, p text) RETURNS boolean LANGUAGE sql IMMUTA
 STRICT AS $f$ SELECT NOT zlx_like(t, p) $f$;
 CREATE OPERATOR ~~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = zlx_like);
 CREATE OPERATOR !~~~ (LEFTARG = text, RIGHTARG = text, FUNCTION = zlx_not_like);
+END IF;
+IF to_regprocedure('zlx_like_escaped(text, text)') IS NULL THEN
+CREATE FUNCTION zlx_like_escaped(p text, e text) RETURNS text LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$
+DECLARE
+  plain text := '';
+  i integer := 1;
+  c text;
+BEGIN
+  IF length(e) <> 1 THEN
+    RAISE EXCEPTION 'The invalid escape character "%" was specified in a LIKE predicate.', e;
+  END IF;
+  WHILE i <= length(p) LOOP
+    c := substr(p, i, 1);
+    IF c = e COLLATE "C" AND i < length(p) THEN
+      i := i + 1;
+      c := substr(p, i, 1);
+      IF c IN ('%', '_', '[') THEN c := '[' || c || ']'; END IF;
+    END IF;
+    plain := plain || c;
+    i := i + 1;
+  END LOOP;
+  RETURN plain;
+END $f$;
 END IF;)sql");
 }
 

@@ -10,9 +10,10 @@
 namespace zlx::tsql {
 
 // The PL/pgSQL that makes, once in a database's schema, the functions zlx_key(text),
-// zlx_replace(text, sought, replacement), zlx_like(text, pattern) and the operators ~~~ (LIKE)
-// and !~~~ (NOT LIKE). A pattern keeps T-SQL's %, _ and [classes]; blanks that end the text do
-// not count.
+// zlx_replace(text, sought, replacement), zlx_like(text, pattern), the operators ~~~ (LIKE)
+// and !~~~ (NOT LIKE) and zlx_like_escaped(pattern, escape), a pattern of LIKE ... ESCAPE
+// without its escape character. A pattern keeps T-SQL's %, _ and [classes]; blanks that end the
+// text do not count.
 QString TextSearchFunctions();
 
 } // namespace zlx::tsql

@@ -232,11 +232,16 @@ size_t StatementWriter::EmitLike(size_t like, bool negated, QString& out) {
         return patternEnd;
     }
     const Token* escape = m_t.At(patternEnd + 1);
-    if (patternEnd != like + 2 || m_t[like + 1].kind != TokenKind::String || !escape ||
-        escape->kind != TokenKind::String || escape->text.size() != 1)
-        ThrowUnsupported(QStringLiteral("LIKE ... ESCAPE"));
-    out += QuoteString(WithoutEscapes(m_t[like + 1].text, escape->text[0])) + u')';
-    return patternEnd + 2;
+    if (patternEnd == like + 2 && m_t[like + 1].kind == TokenKind::String && escape &&
+        escape->kind == TokenKind::String && escape->text.size() == 1) {
+        out += QuoteString(WithoutEscapes(m_t[like + 1].text, escape->text[0])) + u')';
+        return patternEnd + 2;
+    }
+    const size_t escapeEnd = m_t.ExpressionEnd(patternEnd + 1);
+    out += m_dialect.EscapedPattern(Range(like + 1, patternEnd).trimmed(),
+                                    Range(patternEnd + 1, escapeEnd).trimmed()) +
+           u')';
+    return escapeEnd;
 }
 
 bool StatementWriter::IsTextColumnName(size_t i) const {

@@ -60,7 +60,8 @@ private:
     bool IsConcatenation(size_t plus) const;
 
     // LIKE (NOT LIKE when `negated`) as the engine's operator, its pattern in parentheses; an
-    // ESCAPE character turns the escaped characters of a literal pattern into classes ("[%]").
+    // ESCAPE character turns the escaped characters of the pattern into classes ("[%]"): of a
+    // literal pattern here, of any other through the engine's function.
     size_t EmitLike(size_t like, bool negated, QString& out);
 
     bool IsTextColumnName(size_t i) const;
