@@ -95,10 +95,13 @@ void TableDefinitionRewriter::PrepareDefinitions() {
             m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(i) + 1,
                        Raw(QStringLiteral("("), m_t[i + 1].leading));
             m_t[i + 2].leading.clear();
-        } else if (m_t[i].IsWord(u"IDENTITY") && m_t.SymbolAt(i + 1, u"(")) {
-            const size_t close = m_t.Close(i + 1);
+        } else if (m_t[i].IsWord(u"IDENTITY")) {
+            // IDENTITY alone is IDENTITY(1,1).
+            const bool bare = !m_t.SymbolAt(i + 1, u"(");
+            const size_t close = bare ? i : m_t.Close(i + 1);
             const QString arguments =
-                TokensToSql(Tokens(m_t.begin() + i + 2, m_t.begin() + close)).simplified();
+                bare ? QStringLiteral("1,1")
+                     : TokensToSql(Tokens(m_t.begin() + i + 2, m_t.begin() + close)).simplified();
             const QStringList parts = QString(arguments).remove(u' ').split(u',');
             bool seedOk = false, stepOk = false;
             const qint64 seed = parts.value(0).toLongLong(&seedOk);
@@ -108,7 +111,7 @@ void TableDefinitionRewriter::PrepareDefinitions() {
                                                   : IdentitySpelling();
             if (identity.text.isEmpty())
                 ThrowUnsupported(QStringLiteral("IDENTITY(") + arguments + u')');
-            m_t.erase(m_t.begin() + i + 1, m_t.begin() + close + 1);
+            if (!bare) m_t.erase(m_t.begin() + i + 1, m_t.begin() + close + 1);
             if (identity.integerKey) {
                 RetypeAsInteger(i);
                 i -= DropColumnPrimaryKey(i);
