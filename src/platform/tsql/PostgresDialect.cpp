@@ -310,16 +310,18 @@ TableColumns PostgresDialect::ColumnsOf(const QString& table) {
     };
     TableColumns columns;
     for (const auto& row : Access().Query(
-             QStringLiteral("SELECT CAST(attname AS text), format_type(atttypid, atttypmod) FROM "
-                            "pg_attribute WHERE attrelid = to_regclass(%1) AND attnum > 0 AND "
-                            "NOT attisdropped ORDER BY attnum")
+             QStringLiteral("SELECT CAST(attname AS text), format_type(atttypid, atttypmod), "
+                            "CAST(attidentity <> '' AS integer) FROM pg_attribute WHERE attrelid "
+                            "= to_regclass(%1) AND attnum > 0 AND NOT attisdropped ORDER BY "
+                            "attnum")
                  .arg(SqlString(table)))) {
         const QString type = row.at(1).ToString();
         QString tsql = LookUpType(kinds, type);
         if (tsql.isEmpty() && type.startsWith(u"numeric"))
             tsql = QStringLiteral("DECIMAL") + type.mid(7);
         if (tsql.isEmpty() && type.startsWith(u"timestamp")) tsql = QStringLiteral("DATETIME");
-        columns.push_back(ColumnOfType(row.at(0).ToString(), tsql.isEmpty() ? type : tsql));
+        columns.push_back(ColumnOfType(row.at(0).ToString(), tsql.isEmpty() ? type : tsql,
+                                       row.at(2).ToLong() != 0));
     }
     return columns;
 }

@@ -457,10 +457,14 @@ void SqliteDialect::NoteKeyConstraints(const QString& schema, const QString& tab
 TableColumns SqliteDialect::ColumnsOf(const QString& table) {
     const auto [schema, bare] = SchemaAndCatalogName(table);
     TableColumns columns;
+    // The identity is the AUTOINCREMENT key.
     for (const auto& row : Access().Query(
-             QStringLiteral("SELECT name, type FROM pragma_table_info(%1, %2) ORDER BY cid")
-                 .arg(SqlString(bare), SqlString(schema))))
-        columns.push_back(ColumnOfType(row.at(0).ToString(), row.at(1).ToString()));
+             QStringLiteral("SELECT p.name, p.type, p.pk = 1 AND m.sql LIKE '%AUTOINCREMENT%' "
+                            "FROM pragma_table_info(%1, %2) p, %3.sqlite_master m WHERE m.type = "
+                            "'table' AND m.name = %1 COLLATE NOCASE ORDER BY p.cid")
+                 .arg(SqlString(bare), SqlString(schema), schema)))
+        columns.push_back(
+            ColumnOfType(row.at(0).ToString(), row.at(1).ToString(), row.at(2).ToLong() != 0));
     return columns;
 }
 

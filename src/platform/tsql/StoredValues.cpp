@@ -53,6 +53,23 @@ QString StoredValues::StoringCall(const TableColumn& column) const {
     return text && !text->variable ? m_dialect.PaddedText(marker, text->length.toInt()) : QString();
 }
 
+void StoredValues::NameInsertedColumns() {
+    if (!m_context.tableColumns || !m_t.WordAt(0, u"INSERT")) return;
+    const size_t name = m_t.WordAt(1, u"INTO") ? 2 : 1;
+    const size_t end = m_t.QualifiedNameEnd(name);
+    if (end == name || !(m_t.WordAt(end, u"VALUES") || m_t.WordAt(end, u"SELECT"))) return;
+    const TableColumns columns = StoreTarget(true).columns;
+    if (std::none_of(columns.begin(), columns.end(),
+                     [](const TableColumn& c) { return c.identity; }))
+        return;
+    QStringList names;
+    for (const TableColumn& column : columns)
+        if (!column.identity) names << u'[' + column.name + u']';
+    const Tokens list = Tokenize(u" ("_qs + names.join(u", "_qs) + u')');
+    for (auto token = list.rbegin(); token != list.rend(); ++token)
+        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end), *token);
+}
+
 std::vector<StoredValues::StoredItem> StoredValues::InsertedItems() const {
     std::vector<StoredItem> items;
     for (size_t open = m_t.DepthZeroWord(0, u"VALUES") + 1; m_t.SymbolAt(open, u"("); open += 2) {

@@ -2,7 +2,8 @@
 // The values an INSERT's VALUES or an UPDATE's SET list stores, as SQL Server stores them in the
 // column's type: decimals rounded to the column's scale, CHAR(n) texts padded, texts in number,
 // BIT or date columns converted (or refused with SQL Server's error), trailing blanks of stored
-// texts dropped on an engine whose comparisons count them. Looks the target table's columns up once per statement.
+// texts dropped on an engine whose comparisons count them. Looks the target table's columns up once
+// per statement.
 
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TableColumns.h"
@@ -16,6 +17,10 @@ namespace zlx::tsql {
 class StoredValues {
 public:
     StoredValues(StatementTokens& tokens, const TranslationContext& context);
+
+    // INSERT INTO t VALUES ... or SELECT ... without a column list into a table with an
+    // identity: SQL Server gives the values to the other columns, which are named.
+    void NameInsertedColumns();
 
     // On an engine whose numeric columns keep any number, what an INSERT's VALUES or an
     // UPDATE's SET list stores in a DECIMAL or MONEY column is rounded to the column's scale

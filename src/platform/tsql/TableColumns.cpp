@@ -19,8 +19,8 @@ ColumnKind KindOfTsqlType(const QString& type) {
     return ColumnKind::Other;
 }
 
-TableColumn ColumnOfType(const QString& name, const QString& type) {
-    return TableColumn{name, type, KindOfTsqlType(type)};
+TableColumn ColumnOfType(const QString& name, const QString& type, bool identity) {
+    return TableColumn{name, type, KindOfTsqlType(type), identity};
 }
 
 const TableColumn* FindColumn(const TableColumns& columns, const QString& name) {

@@ -14,13 +14,14 @@ struct TableColumn {
     QString name;
     QString type; // the T-SQL type, as declared ("DECIMAL(5,2)")
     ColumnKind kind = ColumnKind::Other;
+    bool identity = false; // numbered by the engine: an INSERT without column list skips it
 };
 
 using TableColumns = std::vector<TableColumn>;
 
 // The kind of a column declared with T-SQL type `type` ("INT", "DECIMAL(5,2)", "nvarchar(40)").
 ColumnKind KindOfTsqlType(const QString& type);
-TableColumn ColumnOfType(const QString& name, const QString& type);
+TableColumn ColumnOfType(const QString& name, const QString& type, bool identity = false);
 
 // The column of `columns` named `name` (without regard to case); nullptr when none is.
 const TableColumn* FindColumn(const TableColumns& columns, const QString& name);

@@ -67,6 +67,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
                                            u')'};
     DataStatementRewriter(tokens, DialectOf(m_context)).Rewrite();
     StoredValues stored(tokens, m_context);
+    stored.NameInsertedColumns();
     stored.PrepareStoredValues();
     StatementWriter writer(tokens, m_context, stored);
     translation.sql = writer.Write();
