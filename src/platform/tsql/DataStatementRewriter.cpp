@@ -7,10 +7,18 @@
 namespace zlx::tsql {
 
 void DataStatementRewriter::Rewrite() {
+    PrepareInsertInto();
     PrepareWriteTop();
     PrepareDeleteJoin();
     PrepareUpdateJoin();
     PrepareDefaultValues();
+}
+
+// INSERT t ...: the engines require INTO.
+void DataStatementRewriter::PrepareInsertInto() {
+    if (!m_t.WordAt(0, u"INSERT") || m_t.WordAt(1, u"INTO") || !m_t.At(1) || !IsName(m_t[1]))
+        return;
+    m_t.insert(m_t.begin() + 1, Token{TokenKind::Word, QStringLiteral("INTO"), m_t[1].leading});
 }
 
 void DataStatementRewriter::PrepareDefaultValues() {

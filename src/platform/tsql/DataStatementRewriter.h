@@ -1,7 +1,7 @@
 #pragma once
 // The forms of INSERT, UPDATE and DELETE that the engines spell otherwise, rewritten before the
-// statement is written: DELETE/UPDATE TOP (n), DELETE x FROM t x JOIN ..., UPDATE ... FROM with
-// joins, and DEFAULT in VALUES on an engine without it.
+// statement is written: INSERT without INTO, DELETE/UPDATE TOP (n), DELETE x FROM t x JOIN ...,
+// UPDATE ... FROM with joins, and DEFAULT in VALUES on an engine without it.
 
 #include "platform/tsql/StatementTokens.h"
 
@@ -20,6 +20,8 @@ public:
     void Rewrite();
 
 private:
+    void PrepareInsertInto();
+
     // Without DEFAULT inside VALUES, the column and its value leave the list so that the
     // column takes its default.
     void PrepareDefaultValues();
