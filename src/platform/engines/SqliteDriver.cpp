@@ -10,6 +10,8 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QScopeGuard>
+#include <cstring>
 #include <sqlite3.h>
 #include <thread>
 
@@ -131,7 +133,8 @@ QString QualifiedTable(const char* database, const char* table) {
     return QString::fromUtf8(database) + QStringLiteral("..") + name;
 }
 
-std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow) {
+// `readsRow`, when given: whether some column's kind came from the first row.
+std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow, bool* readsRow = nullptr) {
     std::vector<ColumnInfo> columns(static_cast<std::size_t>(sqlite3_column_count(statement)));
     for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
         ColumnInfo& column = columns[static_cast<std::size_t>(i)];
@@ -149,10 +152,53 @@ std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow) {
                 column.keyColumn = primaryKey != 0;
         }
         const char* declared = sqlite3_column_decltype(statement, i);
-        if (!declared || !ApplyDeclaredType(QString::fromUtf8(declared), column))
+        if (!declared || !ApplyDeclaredType(QString::fromUtf8(declared), column)) {
             ApplyValueKind(hasRow ? KindOfValue(statement, i) : adVarWChar, column);
+            if (readsRow) *readsRow = true;
+        }
     }
     return columns;
+}
+
+// A kept statement's columns are described once for each time SQLite prepares it, unless a
+// column's kind depends on the row.
+std::vector<ColumnInfo> KeptColumns(sqlite3_stmt* statement, bool hasRow,
+                                    SqliteStatementCache::Entry& kept) {
+    const int prepared = sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
+    if (kept.described == prepared) return kept.columns;
+    bool readsRow = false;
+    std::vector<ColumnInfo> columns = Describe(statement, hasRow, &readsRow);
+    kept.described = readsRow ? -1 : prepared;
+    kept.columns = readsRow ? std::vector<ColumnInfo>() : columns;
+    return columns;
+}
+
+void Bind(sqlite3_stmt* statement, const std::vector<BoundValue>& parameters) {
+    for (std::size_t i = 0; i < parameters.size(); ++i) {
+        const int number = static_cast<int>(i) + 1;
+        if (const auto* text = std::get_if<QString>(&parameters[i])) {
+            const QByteArray utf8 = text->toUtf8();
+            sqlite3_bind_text(statement, number, utf8.constData(), static_cast<int>(utf8.size()),
+                              SQLITE_TRANSIENT);
+        } else {
+            sqlite3_bind_int64(statement, number, std::get<std::int64_t>(parameters[i]));
+        }
+    }
+}
+
+// A column named after its expression would show the parameter where the text had its literal.
+bool NamesShowParameters(sqlite3_stmt* statement) {
+    for (int i = 0; i < sqlite3_column_count(statement); ++i) {
+        const char* name = sqlite3_column_name(statement, i);
+        if (!name || std::strchr(name, '?')) return true;
+    }
+    return false;
+}
+
+bool OnlyBlanks(const char* from, const char* end) {
+    for (; from < end; ++from)
+        if (!QChar::isSpace(static_cast<uchar>(*from))) return false;
+    return true;
 }
 
 // An Access database (Access 97-2003 "Standard Jet DB", 2007 on "Standard ACE DB" at
@@ -226,6 +272,7 @@ void SqliteDriver::OpenFile(const QString& path, bool create) {
 void SqliteDriver::Disconnect() {
     Cancel();
     m_worker.Abandon();
+    m_kept.Clear();
     if (m_db) sqlite3_close_v2(m_db);
     m_db = nullptr;
 }
@@ -259,14 +306,17 @@ void SqliteDriver::ThrowEngineError(int code) {
                        sqlite3_extended_errcode(m_db), SqlStateFor(code));
 }
 
-void SqliteDriver::RunStatement(sqlite3_stmt* statement, ResultSink& sink) {
+void SqliteDriver::RunStatement(sqlite3_stmt* statement, ResultSink& sink,
+                                SqliteStatementCache::Entry* kept) {
     int code = sqlite3_step(statement);
     if (code != SQLITE_ROW && code != SQLITE_DONE) ThrowEngineError(code);
     if (sqlite3_column_count(statement) == 0) {
-        sink.RowsAffected(ReportsChanges(statement) ? sqlite3_changes64(m_db) : -1);
+        const bool changes = kept ? kept->reportsChanges : ReportsChanges(statement);
+        sink.RowsAffected(changes ? sqlite3_changes64(m_db) : -1);
         return;
     }
-    const auto columns = Describe(statement, code == SQLITE_ROW);
+    const auto columns = kept ? KeptColumns(statement, code == SQLITE_ROW, *kept)
+                              : Describe(statement, code == SQLITE_ROW);
     sink.BeginRowset(columns);
     std::vector<Variant> values(columns.size());
     while (code == SQLITE_ROW) {
@@ -313,6 +363,46 @@ void SqliteDriver::Execute(const QString& batch, ResultSink& sink, int timeoutSe
     Run(batch, sink);
 }
 
+bool SqliteDriver::ExecuteKept(const QString& sql, const std::vector<BoundValue>& parameters,
+                               ResultSink& sink, int timeoutSeconds) {
+    Arm(timeoutSeconds);
+    SqliteStatementCache::Entry* kept = KeptStatement(sql, parameters.size());
+    if (!kept) return false;
+    sqlite3_stmt* statement = kept->statement;
+    // Reset at once, so that no read or write transaction stays open until the next run.
+    const auto reset = qScopeGuard([statement] {
+        sqlite3_reset(statement);
+        sqlite3_clear_bindings(statement);
+    });
+    Bind(statement, parameters);
+    RunStatement(statement, sink, kept);
+    m_deadline = 0;
+    return true;
+}
+
+// The statement kept for `sql`, prepared on its first run; nullptr when it cannot be kept. A
+// text the engine refuses is not remembered: the table it names may exist next time.
+SqliteStatementCache::Entry* SqliteDriver::KeptStatement(const QString& sql,
+                                                         std::size_t parameters) {
+    if (auto* kept = m_kept.Find(sql)) return kept->statement ? kept : nullptr;
+    const QByteArray text = sql.toUtf8();
+    const char* end = text.constData() + text.size();
+    sqlite3_stmt* statement = nullptr;
+    const char* tail = nullptr;
+    if (sqlite3_prepare_v3(m_db, text.constData(), static_cast<int>(text.size()),
+                           SQLITE_PREPARE_PERSISTENT, &statement, &tail) != SQLITE_OK)
+        return nullptr;
+    if (!statement || !OnlyBlanks(tail, end) || NamesShowParameters(statement) ||
+        sqlite3_bind_parameter_count(statement) != static_cast<int>(parameters)) {
+        sqlite3_finalize(statement);
+        m_kept.Keep(sql, nullptr);
+        return nullptr;
+    }
+    SqliteStatementCache::Entry& kept = m_kept.Keep(sql, statement);
+    kept.reportsChanges = ReportsChanges(statement);
+    return &kept;
+}
+
 // The flags are armed here, on the caller's thread, so that a Cancel right after the start
 // is not lost.
 void SqliteDriver::StartExecute(const QString& batch) {
@@ -334,6 +424,7 @@ void SqliteDriver::UseDatabase(const QString& database) {
         return;
     if (!SqliteServerFolder(m_target).HasDatabase(database))
         ThrowCannotOpenDatabase(database, kSource);
+    m_kept.Clear();
     sqlite3_close_v2(m_db);
     m_db = nullptr;
     OpenFile(FileFor(database), false);

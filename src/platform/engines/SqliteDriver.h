@@ -2,7 +2,9 @@
 // The embedded engine: SQLite through its C API. Either a "server" folder where database X
 // is the file <folder>/X.sqlite (master.sqlite made on first connect), or one database file.
 
+#include "platform/engines/BoundValue.h"
 #include "platform/engines/Driver.h"
+#include "platform/engines/SqliteStatementCache.h"
 #include "platform/engines/WorkerExecution.h"
 
 #include <atomic>
@@ -28,6 +30,12 @@ public:
     bool IsConnected() const override { return m_db != nullptr; }
 
     void Execute(const QString& batch, ResultSink& sink, int timeoutSeconds) override;
+    // Runs one statement whose literals are its numbered parameters ?1..?n, with `parameters`
+    // bound to them; the statement is prepared once and kept for the next run of `sql`.
+    // Answers false, having run nothing, when `sql` cannot run so (not one statement, or
+    // refused by the engine): the caller runs the text with its literals instead.
+    bool ExecuteKept(const QString& sql, const std::vector<BoundValue>& parameters,
+                     ResultSink& sink, int timeoutSeconds);
     void StartExecute(const QString& batch) override;
     bool PollExecute(ResultSink& sink) override;
     void Cancel() override;
@@ -44,7 +52,9 @@ public:
 private:
     QString FileFor(const QString& database) const;
     void OpenFile(const QString& path, bool create);
-    void RunStatement(sqlite3_stmt* statement, ResultSink& sink);
+    void RunStatement(sqlite3_stmt* statement, ResultSink& sink,
+                      SqliteStatementCache::Entry* kept = nullptr);
+    SqliteStatementCache::Entry* KeptStatement(const QString& sql, std::size_t parameters);
     void Arm(int timeoutSeconds);
     void Run(const QString& batch, ResultSink& sink);
     void RunSimple(const char* sql);
@@ -61,6 +71,7 @@ private:
     std::atomic<bool> m_timedOut{false};
     std::atomic<qint64> m_deadline{0}; // ms since epoch, 0 for none
     WorkerExecution m_worker;
+    SqliteStatementCache m_kept{100};
 };
 
 } // namespace zlx::ado

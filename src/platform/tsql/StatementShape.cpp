@@ -43,6 +43,7 @@ StatementShape::StatementShape(const Tokens& statement, const Settings& settings
             m_key += u'#';
             m_slots.push_back(i);
             m_values.push_back(EngineText(token));
+            AddParameter(token);
             continue;
         }
         m_key += token.national ? u'N' : u'-';
@@ -103,6 +104,18 @@ bool StatementShape::IsPlainNumber(const Token& token) {
         if (k != point && (c < u'0' || c > u'9')) return false;
     }
     return point != 0 && point != token.text.size() - 1;
+}
+
+// A decimal is left written: its double might not be the one the engine reads in the text.
+void StatementShape::AddParameter(const Token& literal) {
+    if (literal.kind == TokenKind::String) {
+        m_bindable = m_bindable && !literal.text.contains(QChar(0));
+        m_parameters.emplace_back(literal.text);
+        return;
+    }
+    bool whole = false;
+    m_parameters.emplace_back(literal.text.toLongLong(&whole));
+    m_bindable = m_bindable && whole;
 }
 
 QString StatementShape::EngineText(const Token& token) {

@@ -5,6 +5,7 @@
 // literals as the engine's text writes them. The record cursor's moves and the INSERTs of a
 // matrix differ only in such literals, so each kind shares one translation.
 
+#include "platform/engines/BoundValue.h"
 #include "platform/tsql/TsqlToken.h"
 
 #include <QString>
@@ -37,6 +38,10 @@ public:
     const std::vector<std::size_t>& Slots() const { return m_slots; }
     // Each literal taken out as the engine's text writes it ('it''s', 12).
     const std::vector<QString>& Values() const { return m_values; }
+    // Each literal taken out as the value of a parameter in its place, when every one reads
+    // bound as it reads written (a text without NUL, a whole number): Bindable().
+    const std::vector<ado::BoundValue>& Parameters() const { return m_parameters; }
+    bool Bindable() const { return m_bindable; }
 
     // `statement` with a stand-in of the same kind in each slot, no two alike and none found
     // elsewhere in the statement; empty when a stand-in would be ambiguous.
@@ -50,12 +55,15 @@ private:
     static bool IsSmallWholeNumber(const Token& token);
     static bool IsPlainNumber(const Token& token);
     static QString EngineText(const Token& token);
+    void AddParameter(const Token& literal);
     static QString StandInValue(std::size_t slot, TokenKind kind);
 
     Settings m_settings;
     QString m_key;
     std::vector<std::size_t> m_slots;
     std::vector<QString> m_values;
+    std::vector<ado::BoundValue> m_parameters;
+    bool m_bindable = true;
 };
 
 } // namespace zlx::tsql

@@ -14,6 +14,16 @@ std::optional<Translation> TranslationCache::Find(const StatementShape& shape) c
     return translation;
 }
 
+std::optional<PreparedTranslation>
+TranslationCache::FindPrepared(const StatementShape& shape) const {
+    const auto found = m_kept.constFind(shape.Key());
+    if (found == m_kept.constEnd() || found->prepared.isEmpty() || !shape.Bindable())
+        return std::nullopt;
+    PreparedTranslation prepared{found->translation, shape.Parameters()};
+    prepared.translation.sql = found->prepared;
+    return prepared;
+}
+
 void TranslationCache::Check(const StatementShape& shape, const Tokens& statement,
                              TranslationContext checking) {
     // Another database shows in the translation's list of them; the locks tables in MayKeep.
@@ -57,7 +67,8 @@ void TranslationCache::Check(const StatementShape& shape, const Tokens& statemen
         return; // refused only with the columns: refused when it runs
     }
     if (consulted || !translation.databases.isEmpty() || !mayKeep) return;
-    Kept kept{std::move(translation), {}, {}};
+    Kept kept{std::move(translation), {}, {}, {}};
+    kept.prepared = kept.translation.sql.trimmed();
     if (!shape.Slots().empty()) {
         std::optional<Kept> general = WithSlots(shape, statement, kept.translation, checking);
         if (!general || consulted) return;
@@ -101,10 +112,12 @@ TranslationCache::WithSlots(const StatementShape& shape, const Tokens& statement
     }
     std::sort(places.begin(), places.end(),
               [](const Place& a, const Place& b) { return a.at < b.at; });
-    Kept kept{general, {}, {}};
+    Kept kept{general, {}, {}, {}};
+    bool parameters = true;
     qsizetype from = 0;
     for (const Place& place : places) {
         if (place.at < from) return std::nullopt;
+        parameters = parameters && IsWholeToken(general.sql, place.at, place.size);
         kept.pieces << general.sql.mid(from, place.at - from);
         kept.slotOrder.push_back(place.slot);
         from = place.at + place.size;
@@ -112,7 +125,47 @@ TranslationCache::WithSlots(const StatementShape& shape, const Tokens& statement
     kept.pieces << general.sql.mid(from);
     if (Written(kept, shape.Values()) != translation.sql) return std::nullopt;
     kept.translation.sql.clear();
+    if (parameters) kept.prepared = WithParameters(kept, shape.Slots().size());
     return kept;
+}
+
+QString TranslationCache::WithParameters(const Kept& kept, std::size_t count) {
+    std::vector<QString> numbers;
+    for (std::size_t slot = 1; slot <= count; ++slot)
+        numbers.push_back(u'?' + QString::number(slot));
+    // Without the blanks around it: the same statement later in a batch shares it.
+    return Written(kept, numbers).trimmed();
+}
+
+// Whether the `size` characters at `at` are a token of their own of the engine's text, outside
+// any quoted text, quoted name or comment: a parameter may stand in their place.
+bool TranslationCache::IsWholeToken(const QString& sql, qsizetype at, qsizetype size) {
+    QChar closing; // of the quoted text or name open at `at`, or '\n' or '*' for a comment
+    for (qsizetype i = 0; i < at; ++i) {
+        const QChar c = sql[i];
+        const QChar next = i + 1 < sql.size() ? sql[i + 1] : QChar();
+        if (closing == u'*') {
+            if (c == u'*' && next == u'/') {
+                closing = QChar();
+                ++i;
+            }
+        } else if (!closing.isNull()) {
+            if (c == closing) closing = QChar();
+        } else if (c == u'\'' || c == u'"' || c == u'`') {
+            closing = c;
+        } else if (c == u'[') {
+            closing = u']';
+        } else if ((c == u'-' && next == u'-') || (c == u'/' && next == u'*')) {
+            closing = c == u'-' ? QChar(u'\n') : QChar(u'*');
+            ++i;
+        }
+    }
+    const auto joins = [](QChar c) {
+        return c.isLetterOrNumber() || c == u'_' || c == u'.' || c == u'\'' || c == u'"' ||
+               c == u'$' || c == u'@' || c == u'?' || c == u':';
+    };
+    return closing.isNull() && (at == 0 || !joins(sql[at - 1])) &&
+           (at + size == sql.size() || !joins(sql[at + size]));
 }
 
 QString TranslationCache::Written(const Kept& kept, const std::vector<QString>& values) {

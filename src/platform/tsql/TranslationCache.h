@@ -7,7 +7,8 @@
 // wrote no @@ or @ value into the text. A kept translation is found again only under the same
 // DATEFORMAT, DATEFIRST and LANGUAGE, and only until a definition or the database changes.
 // Statements that differ only in the literals StatementShape takes out share one translation,
-// kept as the text around those literals.
+// kept as the text around those literals. For an engine that keeps statements prepared, the
+// same text is kept with numbered parameters (?1, ?2...) where the literals go.
 
 #include "platform/tsql/StatementShape.h"
 #include "platform/tsql/TsqlToken.h"
@@ -19,12 +20,22 @@
 
 namespace zlx::tsql {
 
+// A kept translation as an engine that prepares statements runs it: `translation.sql` with
+// the literals of the statement's shape as its parameters ?1..?n, `parameters` their values.
+struct PreparedTranslation {
+    Translation translation;
+    std::vector<ado::BoundValue> parameters;
+};
+
 class TranslationCache {
 public:
     using Settings = StatementShape::Settings;
 
     // The kept translation of the statement of `shape`, written with its literals.
     std::optional<Translation> Find(const StatementShape& shape) const;
+    // The same with its literals as parameters; nullopt when not kept, or when a literal
+    // cannot be a parameter in its place.
+    std::optional<PreparedTranslation> FindPrepared(const StatementShape& shape) const;
     bool Knows(const StatementShape& shape) const { return m_kept.contains(shape.Key()); }
     // Translates `statement` as the check before a batch runs does: with the session's
     // `context`, except that the kinds of columns and their defaults are not read from the
@@ -44,11 +55,14 @@ private:
         Translation translation;
         QStringList pieces;                 // one more than `slotOrder`; empty: no slot
         std::vector<std::size_t> slotOrder; // the slot whose literal follows each piece
+        QString prepared;                   // with ?1..?n in the slots; empty: not possible
     };
     // Enough for the statements an application repeats; a full cache starts again.
     static constexpr qsizetype kMostKept = 512;
     static bool MayKeep(const Tokens& statement);
     static QString Written(const Kept& kept, const std::vector<QString>& values);
+    static QString WithParameters(const Kept& kept, std::size_t count);
+    static bool IsWholeToken(const QString& sql, qsizetype at, qsizetype size);
     std::optional<Kept> WithSlots(const StatementShape& shape, const Tokens& statement,
                                   const Translation& translation,
                                   const TranslationContext& checking) const;

@@ -1,6 +1,7 @@
 #include "platform/tsql/TsqlSession.h"
 
 #include "platform/engines/DriverErrors.h"
+#include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/TsqlBatchInterpreter.h"
@@ -88,6 +89,7 @@ TsqlSession::TsqlSession(ado::DriverPtr inner)
     ZLX_ASSERT(m_dialect, "a session runs over an engine that needs T-SQL translated");
     if (auto* postgres = dynamic_cast<ado::PostgresDriver*>(m_inner.get()))
         m_pipeline = std::make_unique<StatementPipeline>(*postgres, *m_dialect);
+    m_preparing = dynamic_cast<ado::SqliteDriver*>(m_inner.get());
 }
 
 void TsqlSession::Connect(const ado::ConnectParams& params) {
@@ -384,13 +386,23 @@ void TsqlSession::CheckTranslation(const Tokens& statement) {
 }
 
 Translation TsqlSession::RunTranslation(const Tokens& statement) {
+    std::optional<StatementShape> fresh;
+    std::optional<Translation> kept = m_translations.Find(ShapeOf(statement, fresh));
+    return kept ? std::move(*kept) : TsqlTranslator(Context()).Translate(statement);
+}
+
+std::optional<PreparedTranslation> TsqlSession::RunPrepared(const Tokens& statement) {
+    if (!m_preparing) return std::nullopt;
+    std::optional<StatementShape> fresh;
+    return m_translations.FindPrepared(ShapeOf(statement, fresh));
+}
+
+const StatementShape& TsqlSession::ShapeOf(const Tokens& statement,
+                                           std::optional<StatementShape>& fresh) {
     const auto settings = TranslationSettings();
     std::optional<StatementShape>* checked = CheckedShape(statement);
-    std::optional<Translation> kept =
-        checked && *checked && (*checked)->ReadUnder(settings)
-            ? m_translations.Find(**checked)
-            : m_translations.Find(StatementShape(statement, settings));
-    return kept ? std::move(*kept) : TsqlTranslator(Context()).Translate(statement);
+    if (checked && *checked && (*checked)->ReadUnder(settings)) return **checked;
+    return fresh.emplace(statement, settings);
 }
 
 // Only a statement of the batch itself: the parts of a block or an IF are made anew each time.
@@ -759,22 +771,29 @@ void TsqlSession::CheckIdentityWrite(const Tokens& statement) {
     CheckIdentityWrites(statement, written, IdentityColumn(table), table == m_identityInsertTable);
 }
 
+// A statement kept prepared runs with its literals bound; an INSERT, which may be rewritten to
+// answer its identity, runs its text.
 void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
                                 int timeoutSeconds) {
     CheckIdentityWrite(statement);
-    const Translation translation = RunTranslation(statement);
+    const bool insert = statement.front().IsWord(u"INSERT");
+    const std::optional<PreparedTranslation> prepared =
+        insert ? std::nullopt : RunPrepared(statement);
+    const Translation translation = prepared ? prepared->translation : RunTranslation(statement);
     if (m_tranCount > 0) {
         for (const QString& table : translation.exclusiveTables)
             Run(m_dialect->ExclusiveLockSql(table));
     }
-    if (statement.front().IsWord(u"INSERT")) {
+    if (insert) {
         const size_t name = statement.size() > 1 && statement[1].IsWord(u"INTO") ? 2 : 1;
         RunInsert(translation.sql, EngineObjectName(QualifiedNameAt(statement, name)), sink,
                   timeoutSeconds);
         return;
     }
     CountingSink counting(sink, m_noCount);
-    ExecuteMapped(translation.sql, counting, timeoutSeconds);
+    if (!prepared || !ExecutePrepared(*prepared, counting, timeoutSeconds))
+        ExecuteMapped(prepared ? RunTranslation(statement).sql : translation.sql, counting,
+                      timeoutSeconds);
     m_rowCount = counting.rows;
     // CREATE TABLE t (... IDENTITY(s, 1)): the next identity is s.
     if (translation.identityStart && statement.size() > 2 && statement[0].IsWord(u"CREATE"))
@@ -815,6 +834,16 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
 void TsqlSession::ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds) {
     try {
         m_inner->Execute(sql, sink, timeoutSeconds);
+    } catch (const ado::AdoError& error) {
+        throw m_dialect->MapError(error);
+    }
+}
+
+bool TsqlSession::ExecutePrepared(const PreparedTranslation& prepared, ado::ResultSink& sink,
+                                  int timeoutSeconds) {
+    try {
+        return m_preparing->ExecuteKept(prepared.translation.sql, prepared.parameters, sink,
+                                        timeoutSeconds);
     } catch (const ado::AdoError& error) {
         throw m_dialect->MapError(error);
     }

@@ -17,6 +17,10 @@
 #include <atomic>
 #include <optional>
 
+namespace zlx::ado {
+class SqliteDriver;
+}
+
 namespace zlx::tsql {
 
 class TsqlSession : public ado::Driver, private EngineAccess {
@@ -92,6 +96,11 @@ private:
     TranslationCache::Settings TranslationSettings() const;
     void CheckTranslation(const Tokens& statement);
     Translation RunTranslation(const Tokens& statement);
+    // The kept translation with its literals as parameters, on an engine that keeps prepared
+    // statements.
+    std::optional<PreparedTranslation> RunPrepared(const Tokens& statement);
+    // The shape of `statement` under the session's settings: the check's, when it still holds.
+    const StatementShape& ShapeOf(const Tokens& statement, std::optional<StatementShape>& fresh);
     // The shape the check read of a statement of the running batch, kept for its run.
     std::optional<StatementShape>* CheckedShape(const Tokens& statement);
 
@@ -118,6 +127,9 @@ private:
 
     // Runs engine SQL for a statement, its errors mapped.
     void ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds);
+    // The same for a prepared translation; false when the engine ran nothing (see ExecuteKept).
+    bool ExecutePrepared(const PreparedTranslation& prepared, ado::ResultSink& sink,
+                         int timeoutSeconds);
     QString IdentityColumn(const QString& table);
     TableColumns ColumnsOf(const QString& tsqlTable);
     void Reseed(const QString& table, std::optional<std::int64_t> seed);
@@ -125,6 +137,7 @@ private:
     ado::DriverPtr m_inner;
     std::unique_ptr<EngineDialect> m_dialect;
     std::unique_ptr<StatementPipeline> m_pipeline; // PostgreSQL only
+    ado::SqliteDriver* m_preparing = nullptr;      // SQLite only: `m_inner` keeps statements
     TranslationCache m_translations;
     // While a batch runs: its statements and the shape the check read of each.
     const std::vector<Tokens>* m_batchStatements = nullptr;
