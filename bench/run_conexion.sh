@@ -21,24 +21,27 @@ uptime
 /usr/bin/python3 - "$out" <<'PY'
 import json, sys
 folder = sys.argv[1]
-times, peak = {}, {}
+times, cpu, peak = {}, {}, {}
 for side in ["Library", "Bare"]:
     for b in json.load(open(f"{folder}/{side}.json"))["benchmarks"]:
         times[b["name"].split("/")[0]] = b["real_time"]
+        cpu[b["name"].split("/")[0]] = b["cpu_time"]
     peak[side] = int(open(f"{folder}/{side}.json.rss").read().split()[-1]) / 1024
 goals = {("Insert", "PostgreSQL"): 1.5, ("Lookups", "SQLite"): 1.3}
-print(f"{'work':<10}{'engine':<12}{'cConexion ms':>14}{'bare ms':>10}{'ratio':>8}{'goal':>7}")
+print(f"{'work':<10}{'engine':<12}{'cConexion ms':>14}{'bare ms':>10}{'ratio':>8}{'goal':>7}{'CPU ratio':>11}")
 for work in ["Insert", "Lookups"]:
     for engine in ["SQLite", "PostgreSQL"]:
         if f"BM_Library_{work}_{engine}" not in times:
             continue
         lib, bare = times[f"BM_Library_{work}_{engine}"], times[f"BM_Bare_{work}_{engine}"]
+        cpu_ratio = cpu[f"BM_Library_{work}_{engine}"] / cpu[f"BM_Bare_{work}_{engine}"]
         goal = goals.get((work, engine))
         goal = f"{goal:.1f}" if goal else "-"
-        print(f"{work:<10}{engine:<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}{goal:>7}")
+        print(f"{work:<10}{engine:<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}{goal:>7}{cpu_ratio:>11.2f}")
 if "BM_Library_Lookups_SQLite" in times and "BM_Bare_LookupsToEnd_SQLite" in times:
     lib, bare = times["BM_Library_Lookups_SQLite"], times["BM_Bare_LookupsToEnd_SQLite"]
-    print(f"{'Lookups':<10}{'SQLite':<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}{'1.3':>7}"
+    cpu_ratio = cpu["BM_Library_Lookups_SQLite"] / cpu["BM_Bare_LookupsToEnd_SQLite"]
+    print(f"{'Lookups':<10}{'SQLite':<12}{lib:>14.0f}{bare:>10.0f}{lib / bare:>8.2f}{'1.3':>7}{cpu_ratio:>11.2f}"
           "   (bare statements stepped to their end, as the library steps them)")
 print(f"peak resident memory: cConexion {peak['Library']:.0f} MB, bare engines {peak['Bare']:.0f} MB")
 PY
