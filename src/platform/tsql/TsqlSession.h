@@ -36,7 +36,13 @@ public:
     void Connect(const ado::ConnectParams& params) override;
     void StartConnect(const ado::ConnectParams& params) override;
     bool PollConnect() override;
-    void Disconnect() override { m_inner->Disconnect(); }
+    // An asynchronous batch still running is stopped first: the engine's statements it runs
+    // are finalised with the connection.
+    void Disconnect() override {
+        Cancel();
+        m_worker.Abandon();
+        m_inner->Disconnect();
+    }
     bool IsConnected() const override { return m_inner->IsConnected(); }
 
     void Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) override;
