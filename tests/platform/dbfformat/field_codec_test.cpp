@@ -115,3 +115,33 @@ TEST(DbfPlainDecoding, DatesCountDaysAsMakeDate) {
         }
     }
 }
+
+// A date whose eight bytes are not all digits (a blank or another character at either end or
+// inside) is read piece by piece; one of plain digits reads at once. Both give the same days.
+TEST(DbfPlainDecoding, DatesWithBlanksOrOtherBytesReadPieceByPiece) {
+    const auto date = [](const char* bytes) { return DbfFieldCodec::Decode('D', bytes, 8, 0); };
+    EXPECT_EQ(date("2024 315").ToDate().value, MakeDate(2024, 3, 15).value);
+    EXPECT_EQ(date("2024031 ").ToDate().value, MakeDate(2024, 3, 1).value);
+    EXPECT_EQ(date(" 9990101").ToDate().value, MakeDate(999, 1, 1).value);
+    EXPECT_EQ(date("20240315").ToDate().value, MakeDate(2024, 3, 15).value);
+    for (const char* bytes : {"2024:315", "2024/3/1",
+                              "202403\xb9"
+                              "5",
+                              "\x80"
+                              "0240315"})
+        EXPECT_TRUE(date(bytes).IsNull()) << bytes;
+}
+
+// Windows-1252 texts: bytes 0x80-0x9F are the code page's own characters wherever they stand
+// in a text, every other byte its Latin-1 character.
+TEST(DbfPlainDecoding, TextsDecodeWindows1252) {
+    const auto text = [](const std::string& bytes) {
+        return DbfFieldCodec::Decode('C', bytes.data(), bytes.size(), 0).ToString();
+    };
+    EXPECT_EQ(text("Pe\xf1"
+                   "a \xe1\xc9\xfc\xff"),
+              QStringLiteral(u"Peña áÉüÿ"));
+    EXPECT_EQ(text(std::string(39, 'x') + "\x80"), QString(39, u'x') + QChar(0x20AC));
+    EXPECT_EQ(text("\x9f\x8a\x99\x81"), QStringLiteral(u"ŸŠ™\u0081"));
+    EXPECT_EQ(text(std::string("a\0b", 3)), QString(u'a') + QChar(0) + QChar(u'b'));
+}
