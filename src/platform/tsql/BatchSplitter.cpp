@@ -15,11 +15,8 @@ bool IsStarterWord(const Token& token) {
         u"COMMIT", u"ROLLBACK", u"DBCC",    u"EXEC",   u"EXECUTE", u"CREATE", u"ALTER",
         u"DROP",   u"TRUNCATE", u"DECLARE", u"PRINT",  u"USE",     u"SAVE"};
     if (token.kind != TokenKind::Word) return false;
-    // Comparing the lengths first spares most words of a batch (names, INTO) a comparison.
-    return std::any_of(kStarters.begin(), kStarters.end(), [&](QStringView word) {
-        return word.size() == token.text.size() &&
-               QStringView(token.text).compare(word, Qt::CaseInsensitive) == 0;
-    });
+    return std::any_of(kStarters.begin(), kStarters.end(),
+                       [&](QStringView word) { return SameTextIgnoringCase(token.text, word); });
 }
 
 namespace {

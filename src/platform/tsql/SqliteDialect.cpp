@@ -213,25 +213,53 @@ QStringList SqliteDialect::ObjectViews(const QString& locksSchema) const {
             QStringLiteral("CREATE TEMP VIEW syscolumns AS ") + columnsView};
 }
 
+namespace {
+
+struct CatalogMentions {
+    bool objects = false;
+    bool databases = false;
+    bool processes = false;
+};
+
+// Which catalog views a batch names, in one pass over its text: every statement the session
+// runs is looked at, and nearly none names one.
+CatalogMentions MentionedCatalogs(QStringView batch) {
+    CatalogMentions found;
+    for (qsizetype i = 0; i < batch.size(); ++i) {
+        const char16_t c = batch[i].unicode() | 0x20; // ASCII lower case
+        const char16_t d = i + 1 < batch.size() ? batch[i + 1].unicode() | 0x20 : 0;
+        if (!(c == u's' && d == u'y') && !(c == u'o' && d == u'b')) continue;
+        const QStringView rest = batch.sliced(i);
+        const auto startsWith = [rest](QStringView name) {
+            return rest.startsWith(name, Qt::CaseInsensitive);
+        };
+        found.objects = found.objects || startsWith(u"sysobjects") || startsWith(u"syscolumns") ||
+                        startsWith(u"object_id");
+        found.databases = found.databases || startsWith(u"sysdatabases");
+        found.processes = found.processes || startsWith(u"sysprocesses");
+    }
+    return found;
+}
+
+} // namespace
+
 // sysdatabases and sysprocesses of a SQLite server are the folder's files and this
 // machine's processes, read when a statement asks for them.
 void SqliteDialect::RefreshCatalog(const QString& batch) {
+    const CatalogMentions mentions = MentionedCatalogs(batch);
     EngineAccess& access = Access();
-    const bool objects = batch.contains(u"sysobjects", Qt::CaseInsensitive) ||
-                         batch.contains(u"syscolumns", Qt::CaseInsensitive) ||
-                         batch.contains(u"object_id", Qt::CaseInsensitive);
-    if (objects && Folder().IsFolder() &&
+    if (mentions.objects && Folder().IsFolder() &&
         !ado::SqliteServerFolder::IsMaster(access.CurrentDatabase())) {
         for (const QString& statement : ObjectViews(LocksSchema(QString())))
             access.Run(statement);
     }
-    if (batch.contains(u"sysdatabases", Qt::CaseInsensitive)) {
+    if (mentions.databases) {
         access.Run(QStringLiteral("DELETE FROM temp.sysdatabases"));
         for (const auto& [name, file] : Folder().Databases())
             access.Run(QStringLiteral("INSERT INTO temp.sysdatabases VALUES (%1, %2)")
                            .arg(SqlString(name), SqlString(file)));
     }
-    if (batch.contains(u"sysprocesses", Qt::CaseInsensitive)) {
+    if (mentions.processes) {
         access.Run(QStringLiteral("DELETE FROM temp.sysprocesses"));
         const QString host = SqlString(QSysInfo::machineHostName());
         for (const QString& entry : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {

@@ -17,6 +17,22 @@ enum class TokenKind {
     Symbol,     // operators and punctuation: ( ) , ; . = <> >= + & ...
 };
 
+// QString's case-insensitive equality, answered without Unicode case folding while both texts
+// are ASCII (keywords, symbols and nearly every name compared while reading a batch). Texts
+// of different lengths never fold to each other: simple folding maps a character to one
+// character of the same plane.
+inline bool SameTextIgnoringCase(QStringView a, QStringView b) {
+    if (a.size() != b.size()) return false;
+    for (qsizetype i = 0; i < a.size(); ++i) {
+        const char16_t x = a[i].unicode(), y = b[i].unicode();
+        if (x == y) continue;
+        if (x >= 0x80 || y >= 0x80) return a.compare(b, Qt::CaseInsensitive) == 0;
+        const char16_t lower = x | 0x20;
+        if (lower != (y | 0x20) || lower < u'a' || lower > u'z') return false;
+    }
+    return true;
+}
+
 struct Token {
     TokenKind kind = TokenKind::Symbol;
     QString text;
@@ -24,7 +40,7 @@ struct Token {
     bool national = false; // N'...' string
 
     bool Is(TokenKind k, QStringView value) const {
-        return kind == k && text.compare(value, Qt::CaseInsensitive) == 0;
+        return kind == k && SameTextIgnoringCase(text, value);
     }
     bool IsWord(QStringView word) const { return Is(TokenKind::Word, word); }
     bool IsSymbol(QStringView symbol) const { return Is(TokenKind::Symbol, symbol); }

@@ -104,3 +104,17 @@ TEST(TsqlBatchSplitter, KeepsAnIfWithItsStatement) {
               QStringLiteral("NOT EXISTS (SELECT name FROM sysdatabases WHERE name = 'emp')"));
     EXPECT_EQ(TokensToSql(parts.body).trimmed(), QStringLiteral("CREATE DATABASE emp"));
 }
+
+// Keywords and names are compared as QString compares them without case, ASCII or not: letters
+// match their other case only, other characters only themselves.
+TEST(TsqlTokenizer, ComparesWordsWithoutCaseAsQStringDoes) {
+    using namespace Qt::StringLiterals;
+    const QStringList texts = {
+        u"SELECT"_s, u"select"_s, u"SeLeCt"_s, u"SELECTS"_s, u"@"_s,   u"`"_s,      u"["_s,
+        u"{"_s,      u"Árbol"_s,  u"árbol"_s,  u"ARBOL"_s,   u"Año"_s, u"AÑO"_s,    u"ano"_s,
+        u""_s,       u"_x"_s,     u"\x7fx"_s,  u"1a"_s,      u"1A"_s,  u"straße"_s, u"STRASSE"_s};
+    for (const QString& a : texts)
+        for (const QString& b : texts)
+            EXPECT_EQ(zlx::tsql::SameTextIgnoringCase(a, b), a.compare(b, Qt::CaseInsensitive) == 0)
+                << a.toStdString() << " / " << b.toStdString();
+}
