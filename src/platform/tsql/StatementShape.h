@@ -50,7 +50,7 @@ public:
     QString StandInText(std::size_t slot, const Tokens& statement) const;
 
 private:
-    static bool IsSlot(const Tokens& statement, std::size_t i);
+    static bool IsSlot(const Tokens& statement, std::size_t i, bool insert);
     static bool IsPlainText(const Token& token);
     static bool IsSmallWholeNumber(const Token& token);
     static bool IsPlainNumber(const Token& token);
