@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QSysInfo>
+#include <cstring>
 #include <libpq-fe.h>
 #include <poll.h>
 
@@ -122,14 +123,17 @@ void Describe(ColumnInfo& column, unsigned type, int modifier) {
     }
 }
 
-std::vector<ColumnInfo> Columns(const PGresult* result) {
+std::vector<ColumnInfo> Columns(const PGresult* result, const PostgresBooleanColumns& booleans) {
     std::vector<ColumnInfo> columns(static_cast<std::size_t>(PQnfields(result)));
     for (int i = 0; i < PQnfields(result); ++i) {
         ColumnInfo& column = columns[static_cast<std::size_t>(i)];
         column.name = QString::fromUtf8(PQfname(result, i));
         column.attributes = adFldIsNullable | adFldMayBeNull;
-        Describe(column, PQftype(result, i), PQfmod(result, i));
         const unsigned table = PQftable(result, i);
+        const unsigned type = PQftype(result, i);
+        Describe(column,
+                 type == kInt2 && booleans.IsBoolean(table, PQftablecol(result, i)) ? kBool : type,
+                 PQfmod(result, i));
         if (table != 0) {
             column.baseTableId = table;
             column.baseColumnNumber = PQftablecol(result, i);
@@ -158,11 +162,19 @@ QString ApplicationName() {
     return QSysInfo::machineHostName() + u':' + QString::number(QCoreApplication::applicationPid());
 }
 
+struct ResultClear {
+    void operator()(PGresult* result) const { PQclear(result); }
+};
+using HeldResult = std::unique_ptr<PGresult, ResultClear>;
+
 } // namespace
 
 // What a running batch has seen so far.
 struct PostgresDriver::Batch {
     std::vector<ColumnInfo> columns;
+    // From the first rowset whose Boolean columns are not known yet on, the results wait for
+    // the batch's end, when those columns are looked up.
+    std::vector<HeldResult> held;
     bool inRowset = false;
     bool discarding = false; // the sink refused a row: the rest of this rowset is dropped
     std::optional<ErrorRecord> failure;
@@ -282,24 +294,18 @@ bool PostgresDriver::PollExecute(ResultSink& sink) {
     m_noticeSink = &sink;
     if (!PQconsumeInput(m_conn)) RecordFailure(nullptr);
     while (PQstatus(m_conn) == CONNECTION_OK && !PQisBusy(m_conn)) {
-        PGresult* result = PQgetResult(m_conn);
+        HeldResult result(PQgetResult(m_conn));
         if (!result) {
+            DeliverHeld(sink);
             m_noticeSink = nullptr;
             if (m_batch->failure) ThrowFailure();
             m_batch.reset();
             return true;
         }
-        try {
-            Process(result, sink);
-        } catch (...) {
-            // The reader refused the results: the rest of the batch is read and dropped so
-            // that the session is ready for the next one.
-            PQclear(result);
-            m_noticeSink = nullptr;
-            DiscardBatch();
-            throw;
-        }
-        PQclear(result);
+        if (m_batch->held.empty() && (m_batch->inRowset || !m_booleans.NeedsLookUp(result.get())))
+            Deliver(result.get(), sink);
+        else
+            m_batch->held.push_back(std::move(result));
     }
     m_noticeSink = nullptr;
     if (PQstatus(m_conn) != CONNECTION_OK) {
@@ -324,6 +330,31 @@ void PostgresDriver::Execute(const QString& batch, ResultSink& sink, int timeout
     }
 }
 
+void PostgresDriver::Deliver(PGresult* result, ResultSink& sink) {
+    try {
+        Process(result, sink);
+    } catch (...) {
+        // The reader refused the results: the rest of the batch is read and dropped so that
+        // the session is ready for the next one.
+        m_noticeSink = nullptr;
+        DiscardBatch();
+        throw;
+    }
+}
+
+// The batch has ended: the Boolean columns of the held results are looked up, and the results
+// go on in order.
+void PostgresDriver::DeliverHeld(ResultSink& sink) {
+    std::vector<HeldResult> held = std::move(m_batch->held);
+    if (held.empty()) return;
+    std::vector<const PGresult*> results;
+    for (const HeldResult& result : held)
+        results.push_back(result.get());
+    m_booleans.LookUp(m_conn, results);
+    for (const HeldResult& result : held)
+        Deliver(result.get(), sink);
+}
+
 void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
     Batch& batch = *m_batch;
     switch (PQresultStatus(result)) {
@@ -331,7 +362,7 @@ void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
     case PGRES_TUPLES_OK: {
         if (batch.failure) return;
         if (!batch.inRowset) {
-            batch.columns = Columns(result);
+            batch.columns = Columns(result, m_booleans);
             sink.BeginRowset(batch.columns);
             batch.inRowset = true;
             batch.discarding = false;
@@ -351,6 +382,7 @@ void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
     }
     case PGRES_COMMAND_OK: {
         if (batch.failure) return;
+        if (std::strcmp(PQcmdStatus(result), "ALTER TABLE") == 0) m_booleans.Forget();
         const char* count = PQcmdTuples(result);
         sink.RowsAffected(count && *count ? QByteArray(count).toLongLong() : -1);
         break;
@@ -396,6 +428,10 @@ void PostgresDriver::Cancel() {
     m_lastCancel = QDateTime::currentMSecsSinceEpoch();
     char error[256];
     PQcancel(m_cancel, error, sizeof error);
+}
+
+void PostgresDriver::ReadAsBoolean(const QString& domain) {
+    m_booleans.SetDomain(domain.toUtf8());
 }
 
 void PostgresDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {

@@ -3,6 +3,7 @@
 // the PostgreSQL database named in the conninfo; the default database is the search_path.
 
 #include "platform/engines/Driver.h"
+#include "platform/engines/PostgresBooleanColumns.h"
 #include "platform/engines/PostgresPipeline.h"
 
 #include <atomic>
@@ -46,12 +47,16 @@ public:
     // notices go to `notices`.
     PipelineRun RunPipeline(const std::vector<QByteArray>& statements, RunGuard guard,
                             int timeoutSeconds, ResultSink& notices);
+    // The columns of the domain named `domain` (over smallint) read back as Booleans.
+    void ReadAsBoolean(const QString& domain);
     // Names from the catalog; the key is the primary key, else the identity column.
     void ResolveBaseColumns(std::vector<ColumnInfo>& columns) override;
 
 private:
     struct Batch;
     void FinishConnect();
+    void Deliver(pg_result* result, ResultSink& sink);
+    void DeliverHeld(ResultSink& sink);
     void Process(pg_result* result, ResultSink& sink);
     void RecordFailure(pg_result* result);
     [[noreturn]] void ThrowFailure();
@@ -68,6 +73,7 @@ private:
     QString m_database;
     std::unique_ptr<Batch> m_batch;
     ResultSink* m_noticeSink = nullptr;
+    PostgresBooleanColumns m_booleans;
     std::atomic<bool> m_cancelRequested{false};
     std::atomic<qint64> m_lastCancel{0};
     bool m_timedOut = false;

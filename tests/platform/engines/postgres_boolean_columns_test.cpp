@@ -1,0 +1,87 @@
+// The PostgreSQL driver reads the columns of one domain over smallint as Booleans: from the
+// first rowset of a table on (whose results wait for the batch's end and the look-up of its
+// columns), in the order the batch answered them, after a failure in the batch, and again after
+// ALTER TABLE adds such a column to a table already read.
+
+#include "RecordingSink.h"
+#include "platform/engines/PostgresDriver.h"
+#include "support/EngineTest.h"
+
+#include <gtest/gtest.h>
+
+namespace zlx::ado::testing {
+namespace {
+
+class PostgresBooleanColumnsTest : public zlx::test::EngineTest {
+protected:
+    void SetUp() override {
+        EngineTest::SetUp();
+        if (Stopped()) return;
+        ConnectParams params;
+        params.target = Target();
+        m_setup.Connect(params);
+        Run(m_setup, "CREATE DOMAIN pg_temp.flag AS smallint; CREATE TEMP TABLE flags (id integer, "
+                     "f pg_temp.flag, n smallint); INSERT INTO flags VALUES (1, 1, 5), (2, 0, 6), "
+                     "(3, NULL, 7)");
+        m_setup.ReadAsBoolean(QStringLiteral("flag"));
+    }
+
+    static RecordingSink Run(PostgresDriver& driver, const char* sql) {
+        RecordingSink sink;
+        driver.Execute(QString::fromUtf8(sql), sink, 0);
+        return sink;
+    }
+
+    // Each row's values written out, a Boolean as True or False.
+    static QStringList Rows(const RecordedRowset& rowset) {
+        QStringList rows;
+        for (const auto& row : rowset.rows) {
+            QStringList cells;
+            for (const Variant& value : row)
+                cells << (value.IsNull() ? QStringLiteral("NULL") : value.ToInvariantString());
+            rows << cells.join(u'|');
+        }
+        return rows;
+    }
+
+    PostgresDriver m_setup; // its temporary table and domain are its own
+};
+
+TEST_P(PostgresBooleanColumnsTest, TheDomainsColumnsReadAsBooleansFromTheFirstRowsetOn) {
+    for (int pass = 0; pass < 2; ++pass) { // the table looked up, then known
+        const RecordingSink sink = Run(m_setup, "SELECT f, n FROM flags ORDER BY id; UPDATE flags "
+                                                "SET n = n; SELECT n, f FROM flags WHERE id = 2");
+        EXPECT_EQ(sink.events, (QStringList{"rowset 3", "affected 3", "rowset 1"})) << pass;
+        ASSERT_EQ(sink.rowsets.size(), 2u);
+        EXPECT_EQ(sink.rowsets[0].columns[0].type, adBoolean);
+        EXPECT_EQ(sink.rowsets[0].columns[1].type, adSmallInt);
+        EXPECT_EQ(Rows(sink.rowsets[0]), (QStringList{"True|5", "False|6", "NULL|7"}));
+        EXPECT_EQ(Rows(sink.rowsets[1]), (QStringList{"6|False"}));
+    }
+    // A number computed from the column is no longer the domain's.
+    EXPECT_EQ(Rows(Run(m_setup, "SELECT f + 1 FROM flags WHERE id = 1").rowsets.at(0)),
+              QStringList{"2"});
+}
+
+TEST_P(PostgresBooleanColumnsTest, RowsBeforeAFailureOfTheBatchStillReadAsBooleans) {
+    RecordingSink sink;
+    EXPECT_THROW(
+        m_setup.Execute(QStringLiteral("SELECT f FROM flags WHERE id = 1; SELECT 1 / 0"), sink, 0),
+        AdoError);
+    ASSERT_EQ(sink.rowsets.size(), 1u);
+    EXPECT_EQ(Rows(sink.rowsets[0]), QStringList{"True"});
+    EXPECT_EQ(Rows(Run(m_setup, "SELECT f FROM flags WHERE id = 2").rowsets.at(0)),
+              QStringList{"False"});
+}
+
+TEST_P(PostgresBooleanColumnsTest, AColumnAddedToATableAlreadyReadIsLookedUp) {
+    Run(m_setup, "SELECT f FROM flags");
+    Run(m_setup, "ALTER TABLE flags ADD g pg_temp.flag; UPDATE flags SET g = 1");
+    const RecordingSink sink = Run(m_setup, "SELECT g, f FROM flags WHERE id = 1");
+    EXPECT_EQ(Rows(sink.rowsets.at(0)), QStringList{"True|True"});
+}
+
+ZLX_ON_POSTGRES(PostgresBooleanColumnsTest);
+
+} // namespace
+} // namespace zlx::ado::testing
