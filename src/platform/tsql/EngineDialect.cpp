@@ -47,6 +47,7 @@ QString EngineDialect::Cast(const QString& value, const QString& type, bool text
         if (const QString scaled = ScaledDecimal(value, digits->precision, digits->scale);
             !scaled.isEmpty())
             return scaled;
+    if (type == u"BIT") return BitCast(value);
     const QString engineType = CastType(type);
     if (engineType.isEmpty()) return {};
     if (!textLiteral && integers.contains(type)) return TruncatingCast(value, engineType);

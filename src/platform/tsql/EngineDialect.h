@@ -145,6 +145,17 @@ public:
         (void)value, (void)precision, (void)scale;
         return {};
     }
+    // `value` as a BIT column stores it (1 for any number but 0, the words TRUE and FALSE);
+    // empty: the engine stores it as it is.
+    virtual QString StoredBit(const QString& value) const {
+        (void)value;
+        return {};
+    }
+    // CAST(value AS BIT), which reads back as a Boolean; empty: not supported.
+    virtual QString BitCast(const QString& value) const {
+        (void)value;
+        return {};
+    }
     // `value` padded with blanks to `length` characters, as a CHAR(length) column stores it;
     // empty: the engine's fixed-length text type pads it itself.
     virtual QString PaddedText(const QString& value, int length) const {

@@ -1,6 +1,7 @@
 #include "platform/tsql/PostgresDialect.h"
 
 #include "platform/engines/SqlServerErrors.h"
+#include "platform/tsql/PostgresBitValues.h"
 #include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresTextSearch.h"
 #include "platform/tsql/SystemCatalog.h"
@@ -28,7 +29,7 @@ constexpr TypeName kColumnTypes[] = {
     {"DATETIME", "timestamp(3)"},
     {"SMALLDATETIME", "timestamp(0)"},
     {"TINYINT", "smallint"},
-    {"BIT", "smallint"},
+    {"BIT", "zlx_bit"},
     {"FLOAT", "double precision"},
     {"MONEY", "numeric(19,4)"},
     {"SMALLMONEY", "numeric(10,4)"},
@@ -56,7 +57,7 @@ constexpr TypeName kCastTypes[] = {
 
 // clang-format off
 constexpr TypeRule kTypeRules[] = {
-    {"integer", 56, "4"}, {"smallint", 52, "2"}, {"bigint", 127, "8"}, {"boolean", 104, "1"},
+    {"integer", 56, "4"}, {"smallint", 52, "2"}, {"bigint", 127, "8"}, {"%zlx_bit", 104, "1"},
     {"double precision", 62, "8"}, {"real", 59, "4"}, {"timestamp(0)%", 58, "4"}, {"timestamp%", 61, "8"},
     {"numeric(19,4)", 60, "8"}, {"numeric%", 108, "p"}, {"character varying%", 167, "n"},
     {"character(%", 175, "n"}, {"text", 35, "16"}, {"bytea", 34, "16"},
@@ -104,6 +105,15 @@ QString PostgresDialect::ColumnCheck(const QString& column, const QString& type)
     if (type != u"TINYINT") return {};
     return RangeCheck(column, ado::kNativeTypeOverflow,
                       column + QStringLiteral(" BETWEEN 0 AND 255"));
+}
+
+QString PostgresDialect::StoredBit(const QString& value) const {
+    return QStringLiteral("zlx_bit_value(%1)").arg(value);
+}
+
+// A Boolean, which the driver reads back as one.
+QString PostgresDialect::BitCast(const QString& value) const {
+    return QStringLiteral("(zlx_bit_value(%1) <> 0)").arg(value);
 }
 
 QString PostgresDialect::ColumnType(const QString& type) const {
@@ -178,7 +188,7 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "FROM pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
-            TextSearchFunctions() + FixedTextFunctions() +
+            TextSearchFunctions() + FixedTextFunctions() + BitFunctions() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         QStringLiteral("SET application_name = %1").arg(SqlString(applicationName)),
@@ -300,12 +310,12 @@ QString PostgresDialect::FindIdentityColumn(const QString& table) {
     return identity;
 }
 
-// The engine's types back to what SQL Server's were (MONEY is numeric(19,4) here, BIT and
-// TINYINT are smallint).
+// The engine's types back to what SQL Server's were (MONEY is numeric(19,4) here, TINYINT is
+// smallint, BIT the domain zlx_bit, named with its schema when that is another database's).
 TableColumns PostgresDialect::ColumnsOf(const QString& table) {
     static const TypeName kinds[] = {
         {"integer", "INT"},         {"smallint", "SMALLINT"},      {"bigint", "BIGINT"},
-        {"boolean", "BIT"},         {"double precision", "FLOAT"}, {"real", "REAL"},
+        {"zlx_bit", "BIT"},         {"double precision", "FLOAT"}, {"real", "REAL"},
         {"numeric(19,4)", "MONEY"}, {"numeric(10,4)", "MONEY"},    {"date", "DATE"},
     };
     TableColumns columns;
@@ -315,7 +325,7 @@ TableColumns PostgresDialect::ColumnsOf(const QString& table) {
                             "= to_regclass(%1) AND attnum > 0 AND NOT attisdropped ORDER BY "
                             "attnum")
                  .arg(SqlString(table)))) {
-        const QString type = row.at(1).ToString();
+        const QString type = row.at(1).ToString().section(u'.', -1);
         QString tsql = LookUpType(kinds, type);
         if (tsql.isEmpty() && type.startsWith(u"numeric"))
             tsql = QStringLiteral("DECIMAL") + type.mid(7);

@@ -29,6 +29,8 @@ public:
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
     QString ColumnType(const QString& type) const override;
+    QString StoredBit(const QString& value) const override;
+    QString BitCast(const QString& value) const override;
     bool KeepsTypeLength(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString RowLocator() const override { return QStringLiteral("ctid"); }

@@ -145,9 +145,9 @@ size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
         const ColumnKind kind = KindOfTsqlType(type);
         const QString blank = m_stored.BlankAs(kind);
         if (!blank.isEmpty()) {
-            const QString engineType =
-                kind == ColumnKind::Date ? QString() : m_dialect.CastType(type);
-            out += lead + (engineType.isEmpty() ? blank : m_dialect.Cast(blank, type, false));
+            const QString cast =
+                kind == ColumnKind::Date ? QString() : m_dialect.Cast(blank, type, false);
+            out += lead + (cast.isEmpty() ? blank : cast);
             return close + 1;
         }
     }

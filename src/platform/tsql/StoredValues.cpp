@@ -17,9 +17,10 @@ StoredValues::StoredValues(StatementTokens& tokens, const TranslationContext& co
 
 void StoredValues::PrepareStoredValues() {
     const bool insert = m_t.WordAt(0, u"INSERT");
+    const QString x = QStringLiteral("x");
     if (!m_context.tableColumns || (!insert && !m_t.WordAt(0, u"UPDATE")) ||
-        (m_dialect.ScaledDecimal(QStringLiteral("x"), 1, 0).isEmpty() &&
-         m_dialect.PaddedText(QStringLiteral("x"), 1).isEmpty()))
+        (m_dialect.ScaledDecimal(x, 1, 0).isEmpty() && m_dialect.PaddedText(x, 1).isEmpty() &&
+         m_dialect.StoredBit(x).isEmpty()))
         return;
     m_target = StoreTarget(insert);
     if (std::none_of(m_target->columns.begin(), m_target->columns.end(),
@@ -47,6 +48,7 @@ void StoredValues::PrepareStoredValues() {
 
 QString StoredValues::StoringCall(const TableColumn& column) const {
     const QString marker = QStringLiteral("\x01");
+    if (column.kind == ColumnKind::Bit) return m_dialect.StoredBit(marker);
     if (const auto digits = DecimalType(column.type))
         return m_dialect.ScaledDecimal(marker, digits->precision, digits->scale);
     const auto text = SizedTextType(column.type.trimmed().toUpper());

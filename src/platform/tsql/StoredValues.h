@@ -25,7 +25,8 @@ public:
     // On an engine whose numeric columns keep any number, what an INSERT's VALUES or an
     // UPDATE's SET list stores in a DECIMAL or MONEY column is rounded to the column's scale
     // (and held to its precision) by the engine's function; on one whose text columns keep
-    // any text, what it stores in a CHAR(n) column is padded to n by the engine's function.
+    // any text, what it stores in a CHAR(n) column is padded to n by the engine's function; on
+    // one whose BIT columns take only 0 and 1, what it stores in one becomes 0 or 1.
     void PrepareStoredValues();
 
     // On an engine whose comparisons count trailing blanks, a string literal loses them where

@@ -87,8 +87,11 @@ ado::DriverPtr OpenTsqlSession(ado::DriverPtr native) {
 TsqlSession::TsqlSession(ado::DriverPtr inner)
     : m_inner(std::move(inner)), m_dialect(EngineDialect::For(*m_inner, this)) {
     ZLX_ASSERT(m_dialect, "a session runs over an engine that needs T-SQL translated");
-    if (auto* postgres = dynamic_cast<ado::PostgresDriver*>(m_inner.get()))
+    if (auto* postgres = dynamic_cast<ado::PostgresDriver*>(m_inner.get())) {
         m_pipeline = std::make_unique<StatementPipeline>(*postgres, *m_dialect);
+        // BIT columns are the engine's type for them, read back as Booleans.
+        postgres->ReadAsBoolean(m_dialect->ColumnType(QStringLiteral("BIT")));
+    }
     m_preparing = dynamic_cast<ado::SqliteDriver*>(m_inner.get());
 }
 

@@ -1,5 +1,4 @@
 -- A BIT column takes 'TRUE' and 'FALSE' and answers Booleans.
--- gap postgres: INSERT INTO t VALUES (1, 'TRUE') answers error 245, not success
 -- run
 CREATE TABLE t (id INT, b BIT)
 -- run

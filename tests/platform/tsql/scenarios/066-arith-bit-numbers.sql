@@ -1,5 +1,4 @@
 -- A BIT column stores 1 for any number but 0.
--- gap postgres: SELECT b FROM t ORDER BY id answers row 1 / row 0 / row 5, not row True / row False / row True
 -- run
 CREATE TABLE t (id INT, b BIT)
 -- run
