@@ -165,6 +165,9 @@ QString BinaryOf(const Variant& value, const VariableType& type) {
 
 // The value `value` has once given to a variable of `type`, as its literal's text.
 QString Converted(const Variant& value, const VariableType& type) {
+    // A BIT column's value is 1 or 0 to any other type (a Boolean's True is -1).
+    if (const bool* flag = value.Get<bool>(); flag && type.kind != VariableKind::Bit)
+        return Converted(Variant(*flag ? 1 : 0), type);
     switch (type.kind) {
     case VariableKind::Integer: {
         const qint64 integer = IntegerOf(value, type.name);
