@@ -2,6 +2,7 @@
 
 #include "platform/engines/SqliteArithmetic.h"
 #include "platform/engines/SqliteDates.h"
+#include "platform/engines/SqliteIntegers.h"
 #include "platform/engines/SqliteSingleValue.h"
 #include "platform/engines/TextOrder.h"
 
@@ -237,6 +238,7 @@ void Install(sqlite3* db) {
                                 nullptr);
     SqliteDates::Install(db);
     SqliteArithmetic::Install(db);
+    SqliteIntegers::Install(db);
     SqliteSingleValue::Install(db);
 }
 

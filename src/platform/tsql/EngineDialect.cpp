@@ -50,12 +50,16 @@ QString EngineDialect::Cast(const QString& value, const QString& type, bool text
     if (type == u"BIT") return BitCast(value);
     const QString engineType = CastType(type);
     if (engineType.isEmpty()) return {};
-    if (!textLiteral && integers.contains(type)) return TruncatingCast(value, engineType);
+    if (!textLiteral && integers.contains(type)) return IntegerCast(value, type);
     return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
 }
 
 QString EngineDialect::TruncatingCast(const QString& value, const QString& engineType) const {
     return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
+}
+
+QString EngineDialect::IntegerCast(const QString& value, const QString& type) const {
+    return TruncatingCast(value, CastType(type));
 }
 
 QString EngineDialect::IndexSchemaOf(const QString& tsqlTable) const {
@@ -83,6 +87,10 @@ std::int32_t RangeCheckNumber(const QString& engineMessage) {
                                           QRegularExpression::CaseInsensitiveOption);
     const auto match = check.match(engineMessage);
     return match.hasMatch() ? match.captured(1).toInt() : 0;
+}
+
+QString IntegerTypeName(const QString& type) {
+    return type == u"INTEGER" ? QStringLiteral("int") : type.toLower();
 }
 
 QString SqlString(const QString& value) {

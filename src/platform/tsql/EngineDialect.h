@@ -175,6 +175,9 @@ public:
     virtual QString RowLocator() const = 0;
     // CAST(value AS engineType), an integer type: the fraction dropped, not rounded.
     virtual QString TruncatingCast(const QString& value, const QString& engineType) const;
+    // CAST(value AS type) of a value that is no text literal, `type` an integer type in upper
+    // case: a text must hold a whole number (SQL Server's error 245), a fraction is dropped.
+    virtual QString IntegerCast(const QString& value, const QString& type) const;
     // DB_NAME(): the current database's name.
     virtual QString CurrentDatabaseName() const = 0;
     // The divisor of "/" and "%" checked for zero, for an engine whose division by zero is no
@@ -290,6 +293,8 @@ private:
 
 // A string literal of `value`.
 QString SqlString(const QString& value);
+// The name SQL Server's messages give an integer type written in upper case ("INTEGER": int).
+QString IntegerTypeName(const QString& type);
 // A column check named zlx_<native>_<column>, so that its failure is reported as SQL Server's
 // error `native`.
 QString RangeCheck(const QString& column, std::int32_t native, const QString& condition);

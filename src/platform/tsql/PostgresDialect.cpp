@@ -3,6 +3,7 @@
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/tsql/PostgresBitValues.h"
 #include "platform/tsql/PostgresFixedText.h"
+#include "platform/tsql/PostgresNumbers.h"
 #include "platform/tsql/PostgresTextSearch.h"
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TypeNames.h"
@@ -100,6 +101,13 @@ QString PostgresDialect::TruncatingCast(const QString& value, const QString& eng
     return QStringLiteral("CAST(trunc(CAST(%1 AS numeric)) AS %2)").arg(value, engineType);
 }
 
+// PostgreSQL reads a text of "12.5" into an integer as 13 and fails on "doce" with its own
+// error; zlx_trunc reads a text as SQL Server does (see PostgresNumbers.cpp).
+QString PostgresDialect::IntegerCast(const QString& value, const QString& type) const {
+    return QStringLiteral("CAST(zlx_trunc(%1, '%2') AS %3)")
+        .arg(value, IntegerTypeName(type), CastType(type));
+}
+
 // TINYINT is a smallint held to 0-255.
 QString PostgresDialect::ColumnCheck(const QString& column, const QString& type) const {
     if (type != u"TINYINT") return {};
@@ -188,7 +196,7 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "FROM pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
-            TextSearchFunctions() + FixedTextFunctions() + BitFunctions() +
+            TextSearchFunctions() + FixedTextFunctions() + BitFunctions() + NumberFunctions() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         QStringLiteral("SET application_name = %1").arg(SqlString(applicationName)),

@@ -25,6 +25,7 @@ public:
     QString DateLiteral(const QString& isoLiteral) const override;
     QString CurrentDatabaseName() const override;
     QString TruncatingCast(const QString& value, const QString& engineType) const override;
+    QString IntegerCast(const QString& value, const QString& type) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;

@@ -154,6 +154,11 @@ QString SqliteDialect::PaddedText(const QString& value, int length) const {
     return QStringLiteral("zlx_pad(%1, %2)").arg(value).arg(length);
 }
 
+// SQLite's CAST reads "doce" as 0 and "12.5" as 12, and its integers go on to 64 bits.
+QString SqliteDialect::IntegerCast(const QString& value, const QString& type) const {
+    return QStringLiteral("zlx_integer(%1, '%2')").arg(value, IntegerTypeName(type));
+}
+
 QString SqliteDialect::Autoincrement() const {
     return QStringLiteral("INTEGER");
 }

@@ -30,6 +30,7 @@ public:
     QString CurrentDatabaseName() const override;
     QString CheckedDivisor(const QString& divisor) const override;
     QString PaddedText(const QString& value, int length) const override;
+    QString IntegerCast(const QString& value, const QString& type) const override;
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;

@@ -1,6 +1,8 @@
 #include "platform/tsql/TsqlDateFunctions.h"
 
+#include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlLiterals.h"
 #include "platform/tsql/TypeNames.h"
 
 namespace zlx::tsql {
@@ -120,6 +122,7 @@ QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) 
         if (SizedTextType(type)) return ConvertToText(type, value, style);
     }
     if (const QString literal = CastLiteral(value, type); !literal.isEmpty()) return literal;
+    if (value.isText && KindOfTsqlType(type) == ColumnKind::Integer) RequireIntegerText(value.text);
     const QString sql = m_dialect.Cast(value.sql.trimmed(), type, value.isText);
     if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CONVERT a ") + type);
     return sql;

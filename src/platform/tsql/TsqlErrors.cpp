@@ -33,7 +33,8 @@ constexpr FaultNumber kPostgresStates[] = {
     {"22001", ado::kNativeTruncation},
 };
 
-// SQLite's messages (their start, or a part of them) that mean one SQL Server error.
+// SQLite's messages (their start, or a part of them) that mean one SQL Server error; the
+// functions this layer installs in either engine fail with SQL Server's own texts.
 constexpr FaultNumber kSqliteTexts[] = {
     {"NOT NULL constraint failed", ado::kNativeNullNotAllowed},
     {"ambiguous column name", ado::kNativeAmbiguousColumn},
@@ -46,7 +47,11 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"FOREIGN KEY constraint failed", ado::kNativeConstraintConflict},
     {"no such index", ado::kNativeCannotDrop},
     {"integer overflow", ado::kNativeArithmeticOverflow},
+    {"Arithmetic overflow error for data type", ado::kNativeTypeOverflow},
     {"Arithmetic overflow error", ado::kNativeArithmeticOverflow},
+    {"Conversion failed when converting the", ado::kNativeValueConversion},
+    {"Use a larger integer column", ado::kNativeTextOverflowSmall},
+    {"overflowed an int column", ado::kNativeTextOverflowInt},
     {"Error converting data type varchar to numeric", ado::kNativeNumericConversion},
     {"Cannot add a NOT NULL column", ado::kNativeNotNullColumnAdded},
     {"values were supplied", ado::kNativeMoreValuesThanColumns},
@@ -56,6 +61,12 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"Subquery returned more than 1 value", ado::kNativeSubqueryRows},
     {"datetime data type resulted in an out-of-range", ado::kNativeDateOutOfRange},
 };
+
+std::int32_t TextNumber(const QString& text) {
+    for (const FaultNumber& fault : kSqliteTexts)
+        if (text.contains(QLatin1StringView(fault.key))) return fault.native;
+    return 0;
+}
 
 bool StartsWithWords(const Tokens& statement, std::initializer_list<QStringView> words) {
     std::size_t i = 0;
@@ -98,9 +109,11 @@ std::int32_t ContextNumber(const ado::ErrorRecord& record, const Tokens& stateme
         return ado::kNativeNotNullColumnAdded;
     if (text.contains(u"more expressions than target columns"))
         return ado::kNativeMoreValuesThanColumns;
+    // This layer's functions fail with SQL Server's own texts.
     if (state == u"22003")
-        return text.contains(u"smallint") ? ado::kNativeTypeOverflow
-                                          : ado::kNativeArithmeticOverflow;
+        return TextNumber(text) != 0        ? TextNumber(text)
+               : text.contains(u"smallint") ? ado::kNativeTypeOverflow
+                                            : ado::kNativeArithmeticOverflow;
     if (state == u"22P02") return ConversionNumber(text);
     if (state == u"42883" && text.startsWith(u"function")) return ado::kNativeUnknownFunction;
     return 0;
@@ -109,9 +122,7 @@ std::int32_t ContextNumber(const ado::ErrorRecord& record, const Tokens& stateme
 std::int32_t TableNumber(const ado::ErrorRecord& record) {
     for (const FaultNumber& fault : kPostgresStates)
         if (record.sqlState == QLatin1StringView(fault.key)) return fault.native;
-    for (const FaultNumber& fault : kSqliteTexts)
-        if (record.description.contains(QLatin1StringView(fault.key))) return fault.native;
-    return 0;
+    return TextNumber(record.description);
 }
 
 bool IsName(const Token& token) {

@@ -1,0 +1,44 @@
+#include "platform/tsql/PostgresNumbers.h"
+
+namespace zlx::tsql {
+
+// zlx_int_range(n, type, text) holds n to the type's range, `text` the text it was read from
+// (NULL for a number). A text column's collation ignores case, which a regular expression cannot
+// take: the text is matched under "C". An integer goes in whole (without a call where its type
+// holds it), a real as its exact decimal.
+QString NumberFunctions() {
+    return QStringLiteral(R"sql(IF to_regprocedure('zlx_trunc(text,text)') IS NULL THEN
+CREATE FUNCTION zlx_int_range(n numeric, type text, v text) RETURNS numeric LANGUAGE plpgsql
+IMMUTABLE AS $f$ BEGIN
+IF NOT ((type = 'tinyint' AND (n < 0 OR n > 255)) OR (type = 'smallint' AND (n < -32768 OR
+n > 32767)) OR (type = 'int' AND (n < -2147483648 OR n > 2147483647))) THEN RETURN n; END IF;
+IF v IS NOT NULL AND type = 'int' THEN RAISE EXCEPTION USING ERRCODE = '22003', MESSAGE =
+format('The conversion of the varchar value ''%s'' overflowed an int column.', v); END IF;
+IF v IS NOT NULL THEN RAISE EXCEPTION USING ERRCODE = '22003', MESSAGE = format('The conversion '
+'of the varchar value ''%s'' overflowed an %s column. Use a larger integer column.', v,
+CASE type WHEN 'tinyint' THEN 'INT1' ELSE 'INT2' END); END IF;
+IF type = 'int' THEN RAISE EXCEPTION USING ERRCODE = '22003', MESSAGE = 'Arithmetic overflow '
+'error converting expression to data type int.'; END IF;
+RAISE EXCEPTION USING ERRCODE = '22003', MESSAGE = format('Arithmetic overflow error for data '
+'type %s, value = %s.', type, n);
+END $f$;
+CREATE FUNCTION zlx_trunc(v text, type text) RETURNS numeric LANGUAGE plpgsql IMMUTABLE STRICT
+AS $f$ BEGIN
+IF v COLLATE "C" ~ '^[[:space:]]*[+-]?[0-9]+[[:space:]]*$' THEN
+RETURN zlx_int_range(CAST(v AS numeric), type, v); END IF;
+IF btrim(v) = '' THEN RETURN 0; END IF;
+RAISE EXCEPTION USING ERRCODE = '22018', MESSAGE = format('Conversion failed when converting '
+'the varchar value ''%s'' to data type %s.', v, type);
+END $f$;
+CREATE FUNCTION zlx_trunc(v numeric, type text) RETURNS numeric LANGUAGE sql IMMUTABLE STRICT
+AS $f$ SELECT zlx_int_range(trunc(v), type, NULL) $f$;
+CREATE FUNCTION zlx_trunc(v double precision, type text) RETURNS numeric LANGUAGE sql IMMUTABLE
+STRICT AS $f$ SELECT zlx_int_range(trunc(CAST(v AS numeric)), type, NULL) $f$;
+CREATE FUNCTION zlx_trunc(v integer, type text) RETURNS numeric LANGUAGE sql IMMUTABLE STRICT
+AS $f$ SELECT CASE WHEN type IN ('int', 'bigint') THEN v ELSE zlx_int_range(v, type, NULL) END $f$;
+CREATE FUNCTION zlx_trunc(v bigint, type text) RETURNS numeric LANGUAGE sql IMMUTABLE STRICT
+AS $f$ SELECT CASE WHEN type = 'bigint' THEN v ELSE zlx_int_range(v, type, NULL) END $f$;
+END IF;)sql");
+}
+
+} // namespace zlx::tsql
