@@ -1,6 +1,7 @@
 #include "platform/tsql/StoredValues.h"
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/SelectList.h"
 #include "platform/tsql/TsqlDateFunctions.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlLiterals.h"
@@ -17,32 +18,76 @@ StoredValues::StoredValues(StatementTokens& tokens, const TranslationContext& co
 
 void StoredValues::PrepareStoredValues() {
     const bool insert = m_t.WordAt(0, u"INSERT");
+    if (!m_context.tableColumns || (!insert && !m_t.WordAt(0, u"UPDATE"))) return;
+    if (const size_t select = insert ? m_t.DepthZeroWord(0, u"SELECT") : m_t.size();
+        select < m_t.size())
+        return ConvertSelectedValues(select);
     const QString x = QStringLiteral("x");
-    if (!m_context.tableColumns || (!insert && !m_t.WordAt(0, u"UPDATE")) ||
-        (m_dialect.ScaledDecimal(x, 1, 0).isEmpty() && m_dialect.PaddedText(x, 1).isEmpty() &&
-         m_dialect.StoredBit(x).isEmpty()))
+    if (m_dialect.ScaledDecimal(x, 1, 0).isEmpty() && m_dialect.PaddedText(x, 1).isEmpty() &&
+        m_dialect.StoredBit(x).isEmpty())
         return;
     m_target = StoreTarget(insert);
     if (std::none_of(m_target->columns.begin(), m_target->columns.end(),
                      [this](const TableColumn& c) { return !StoringCall(c).isEmpty(); }))
         return;
-    const std::vector<StoredItem> items = insert ? InsertedItems() : SetItems();
+    WrapItems(insert ? InsertedItems() : SetItems(), false);
+}
+
+void StoredValues::ConvertSelectedValues(size_t select) {
+    m_target = StoreTarget(true);
+    const SelectList list = SelectList::Read(Tokens(m_t.begin() + select, m_t.end()));
+    std::vector<StoredItem> items;
+    for (size_t position = 0; position < list.items.size(); ++position) {
+        const size_t first = select + list.items[position].first;
+        const size_t last = ValueEnd(first, select + list.items[position].second);
+        const QString column =
+            m_target->listed ? m_target->listed->value(static_cast<qsizetype>(position))
+            : position < m_target->columns.size() ? m_target->columns[position].name
+                                                  : QString();
+        if (last > first && !m_t[last - 1].IsSymbol(u"*")) items.push_back({first, last, column});
+    }
+    WrapItems(items, true);
+}
+
+size_t StoredValues::ValueEnd(size_t first, size_t last) const {
+    if (last >= first + 3 && m_t[last - 2].IsWord(u"AS")) return last - 2;
+    const Token& before = m_t[last - 2];
+    const bool aliased = last >= first + 2 && IsName(m_t[last - 1]) &&
+                         !m_t[last - 1].IsWord(u"END") &&
+                         (IsName(before) || before.IsSymbol(u")") ||
+                          before.kind == TokenKind::Number || before.kind == TokenKind::String);
+    return aliased ? last - 1 : last;
+}
+
+void StoredValues::WrapItems(const std::vector<StoredItem>& items, bool converting) {
     for (auto item = items.rbegin(); item != items.rend(); ++item) {
         const TableColumn* column = FindColumn(m_target->columns, item->column);
-        const QString call = column ? StoringCall(*column) : QString();
-        // DEFAULT stays as written; a blank text is StoredText's.
+        if (!column) continue;
+        const QString call = converting ? ConvertingCall(*column) : StoringCall(*column);
+        // DEFAULT stays as written; a blank text of VALUES or SET is StoredText's.
         const Token& value = m_t[item->first];
         const bool single = item->last == item->first + 1;
         if (call.isEmpty() ||
             (single && (value.IsWord(u"DEFAULT") ||
-                        (value.kind == TokenKind::String && value.text.trimmed().isEmpty() &&
-                         column->kind != ColumnKind::Text))))
+                        (!converting && value.kind == TokenKind::String &&
+                         value.text.trimmed().isEmpty() && column->kind != ColumnKind::Text))))
             continue;
         m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->last),
                    Raw(call.section(u'\x01', 1)));
         m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->first),
                    Raw(call.section(u'\x01', 0, 0), m_t[item->first].leading));
         m_t[item->first + 1].leading.clear();
+    }
+}
+
+QString StoredValues::ConvertingCall(const TableColumn& column) const {
+    switch (column.kind) {
+    case ColumnKind::Integer:
+    case ColumnKind::Decimal:
+    case ColumnKind::Money:
+        return m_dialect.Cast(QStringLiteral("\x01"), column.type.simplified().toUpper(), false);
+    default:
+        return StoringCall(column);
     }
 }
 

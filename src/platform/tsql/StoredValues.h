@@ -27,6 +27,8 @@ public:
     // (and held to its precision) by the engine's function; on one whose text columns keep
     // any text, what it stores in a CHAR(n) column is padded to n by the engine's function; on
     // one whose BIT columns take only 0 and 1, what it stores in one becomes 0 or 1.
+    // What INSERT ... SELECT stores in a number column is converted as SQL Server converts it
+    // (a text of "12.5" into an INT is error 245), on every engine.
     void PrepareStoredValues();
 
     // On an engine whose comparisons count trailing blanks, a string literal loses them where
@@ -58,6 +60,16 @@ private:
     std::vector<StoredItem> SetItems() const;
 
     bool IsInsertedValue(size_t i) const;
+
+    // INSERT ... SELECT, the SELECT at `select`: each value of its list converted to its column.
+    void ConvertSelectedValues(size_t select);
+    // Where the value of a select list item [first, last) ends, before its alias.
+    size_t ValueEnd(size_t first, size_t last) const;
+    // Each item wrapped in its column's call (`converting`: ConvertingCall, else StoringCall).
+    void WrapItems(const std::vector<StoredItem>& items, bool converting);
+    // The engine's CAST of a value into a number column, as SQL Server converts it; for other
+    // columns StoringCall.
+    QString ConvertingCall(const TableColumn& column) const;
 
     // The engine's call, its value written \x01, that stores a value in `column` as SQL Server
     // does; empty: the value goes in as it is.
