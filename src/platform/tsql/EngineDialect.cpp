@@ -62,6 +62,10 @@ QString EngineDialect::IntegerCast(const QString& value, const QString& type) co
     return TruncatingCast(value, CastType(type));
 }
 
+QString EngineDialect::IntegerResult(const QString& value, const QString& type) const {
+    return QStringLiteral("CAST(%1 AS %2)").arg(value, CastType(type));
+}
+
 QString EngineDialect::IndexSchemaOf(const QString& tsqlTable) const {
     if (!SchemaOnIndexName()) return QString();
     const QString name = Access().EngineObjectName(tsqlTable);

@@ -114,6 +114,10 @@ public:
     // What follows a text function's call so that its result compares under the database
     // collation; empty: the result keeps its argument's collation.
     virtual QString TextResultCollation() const { return {}; }
+    // What follows the type of a national text column (NCHAR, NVARCHAR, NTEXT) in CREATE
+    // TABLE or ALTER TABLE ADD, so that the engine, which has no such types, tells it from the
+    // others; empty: the engine keeps the type as written.
+    virtual QString NationalTextMark() const { return {}; }
     // Appended to text columns so that they compare without regard to case.
     virtual QString CaseInsensitiveCollation() const = 0;
     virtual IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const = 0;
@@ -178,6 +182,11 @@ public:
     // CAST(value AS type) of a value that is no text literal, `type` an integer type in upper
     // case: a text must hold a whole number (SQL Server's error 245), a fraction is dropped.
     virtual QString IntegerCast(const QString& value, const QString& type) const;
+    // `value`, the result of integer arithmetic of T-SQL type `type` (upper case), failing as
+    // SQL Server's arithmetic overflow (8115) beyond the type's range.
+    virtual QString IntegerResult(const QString& value, const QString& type) const;
+    // Whether the engine's integer arithmetic fails beyond its operands' type by itself.
+    virtual bool ChecksIntegerArithmetic() const { return true; }
     // DB_NAME(): the current database's name.
     virtual QString CurrentDatabaseName() const = 0;
     // The divisor of "/" and "%" checked for zero, for an engine whose division by zero is no
@@ -212,6 +221,9 @@ public:
         (void)table, (void)column;
         return {};
     }
+    // The T-SQL type (upper case, "INT", "MONEY", "NVARCHAR(20)") that every column named
+    // `column` in the database has; empty when there is none or they differ.
+    virtual QString ColumnTypeNamed(const QString& column) = 0;
     // SQL counting the text columns named `column` (a quoted string) in the database.
     virtual QString TextColumnCount(const QString& column) const = 0;
     // SQL counting the date columns named `column` (a quoted string) in the database.

@@ -138,6 +138,12 @@ QString PostgresDialect::BinaryLiteral(const QString& hexDigits) const {
     return QStringLiteral("'\\x%1'::bytea").arg(hexDigits);
 }
 
+// PostgreSQL's texts are all Unicode: a national column is one whose compression is named
+// (pglz, what the others use by default), which ColumnTypeNamed reads back.
+QString PostgresDialect::NationalTextMark() const {
+    return QStringLiteral("COMPRESSION pglz");
+}
+
 QString PostgresDialect::CaseInsensitiveCollation() const {
     return QStringLiteral("COLLATE zlx_ci_ai");
 }
@@ -318,14 +324,46 @@ QString PostgresDialect::FindIdentityColumn(const QString& table) {
     return identity;
 }
 
-// The engine's types back to what SQL Server's were (MONEY is numeric(19,4) here, TINYINT is
-// smallint, BIT the domain zlx_bit, named with its schema when that is another database's).
-TableColumns PostgresDialect::ColumnsOf(const QString& table) {
+namespace {
+
+// The engine's number and date types back to what SQL Server's were (MONEY is numeric(19,4)
+// here, TINYINT is smallint, BIT the domain zlx_bit); empty for the others.
+QString TsqlTypeOf(const QString& type) {
     static const TypeName kinds[] = {
         {"integer", "INT"},         {"smallint", "SMALLINT"},      {"bigint", "BIGINT"},
         {"zlx_bit", "BIT"},         {"double precision", "FLOAT"}, {"real", "REAL"},
         {"numeric(19,4)", "MONEY"}, {"numeric(10,4)", "MONEY"},    {"date", "DATE"},
     };
+    QString tsql = LookUpType(kinds, type);
+    if (tsql.isEmpty() && type.startsWith(u"numeric"))
+        tsql = QStringLiteral("DECIMAL") + type.mid(7);
+    if (tsql.isEmpty() && type.startsWith(u"timestamp")) tsql = QStringLiteral("DATETIME");
+    return tsql;
+}
+
+} // namespace
+
+QString PostgresDialect::ColumnTypeNamed(const QString& column) {
+    static const TypeName texts[] = {
+        {"character varying", "VARCHAR"}, {"character", "CHAR"}, {"text", "TEXT"}};
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT DISTINCT format_type(a.atttypid, a.atttypmod), "
+                       "CAST(a.attcompression = 'p' AS integer) FROM pg_attribute a JOIN pg_class "
+                       "c ON c.oid = a.attrelid WHERE c.relnamespace = CAST(current_schema() AS "
+                       "regnamespace) AND c.relkind IN ('r', 'v') AND a.attname = lower(%1) AND "
+                       "a.attnum > 0 AND NOT a.attisdropped")
+            .arg(SqlString(column)));
+    if (rows.size() != 1) return {};
+    const QString type = rows[0].at(0).ToString().section(u'.', -1);
+    if (const QString tsql = TsqlTypeOf(type); !tsql.isEmpty()) return tsql;
+    const QString base = type.section(u'(', 0, 0);
+    const QString text = LookUpType(texts, base);
+    if (text.isEmpty()) return type.toUpper();
+    return (rows[0].at(1).ToLong() == 1 ? QStringLiteral("N") : QString()) + text +
+           type.mid(base.size());
+}
+
+TableColumns PostgresDialect::ColumnsOf(const QString& table) {
     TableColumns columns;
     for (const auto& row : Access().Query(
              QStringLiteral("SELECT CAST(attname AS text), format_type(atttypid, atttypmod), "
@@ -333,11 +371,9 @@ TableColumns PostgresDialect::ColumnsOf(const QString& table) {
                             "= to_regclass(%1) AND attnum > 0 AND NOT attisdropped ORDER BY "
                             "attnum")
                  .arg(SqlString(table)))) {
+        // A domain's type is named with its schema when that is another database's.
         const QString type = row.at(1).ToString().section(u'.', -1);
-        QString tsql = LookUpType(kinds, type);
-        if (tsql.isEmpty() && type.startsWith(u"numeric"))
-            tsql = QStringLiteral("DECIMAL") + type.mid(7);
-        if (tsql.isEmpty() && type.startsWith(u"timestamp")) tsql = QStringLiteral("DATETIME");
+        const QString tsql = TsqlTypeOf(type);
         columns.push_back(ColumnOfType(row.at(0).ToString(), tsql.isEmpty() ? type : tsql,
                                        row.at(2).ToLong() != 0));
     }

@@ -39,6 +39,7 @@ public:
         return QStringLiteral(" FETCH FIRST %1 ROWS WITH TIES").arg(count);
     }
     bool TrailingBlanksCount() const override { return true; }
+    QString NationalTextMark() const override;
     QString CaseInsensitiveCollation() const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
     QString Autoincrement() const override;
@@ -49,6 +50,7 @@ public:
 
     QStringList CatalogStatements(const QString& applicationName) override;
     QString DatabaseAlias(const QString& database) override;
+    QString ColumnTypeNamed(const QString& column) override;
     QString TextColumnCount(const QString& column) const override;
     QString DateColumnCount(const QString& column) const override;
     QString IntegerColumnCount(const QString& column) const override;

@@ -159,6 +159,10 @@ QString SqliteDialect::IntegerCast(const QString& value, const QString& type) co
     return QStringLiteral("zlx_integer(%1, '%2')").arg(value, IntegerTypeName(type));
 }
 
+QString SqliteDialect::IntegerResult(const QString& value, const QString& type) const {
+    return QStringLiteral("zlx_integer_result(%1, '%2')").arg(value, IntegerTypeName(type));
+}
+
 QString SqliteDialect::Autoincrement() const {
     return QStringLiteral("INTEGER");
 }
@@ -335,6 +339,16 @@ QString SqliteDialect::ColumnCount(const QString& column, const char* typeCondit
                           "p WHERE m.type IN ('table', 'view') AND p.name = %1 COLLATE NOCASE "
                           "AND (%2)")
         .arg(column, QLatin1StringView(typeCondition));
+}
+
+// The declared types are T-SQL's, as CREATE TABLE wrote them.
+QString SqliteDialect::ColumnTypeNamed(const QString& column) {
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT DISTINCT replace(upper(p.type), ' ', '') FROM main.sqlite_master m, "
+                       "pragma_table_info(m.name) p WHERE m.type IN ('table', 'view') AND p.name "
+                       "= %1 COLLATE NOCASE")
+            .arg(SqlString(column)));
+    return rows.size() == 1 ? rows[0].at(0).ToString() : QString();
 }
 
 QString SqliteDialect::TextColumnCount(const QString& column) const {

@@ -31,6 +31,8 @@ public:
     QString CheckedDivisor(const QString& divisor) const override;
     QString PaddedText(const QString& value, int length) const override;
     QString IntegerCast(const QString& value, const QString& type) const override;
+    QString IntegerResult(const QString& value, const QString& type) const override;
+    bool ChecksIntegerArithmetic() const override { return false; }
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
@@ -57,6 +59,7 @@ public:
     bool KeepsLocksApart() const override { return IsServerFolder(); }
     QString LocksSchema(const QString& database) override;
     QString ColumnDefault(const QString& table, const QString& column) override;
+    QString ColumnTypeNamed(const QString& column) override;
     QString TextColumnCount(const QString& column) const override;
     QString DateColumnCount(const QString& column) const override;
     QString IntegerColumnCount(const QString& column) const override;

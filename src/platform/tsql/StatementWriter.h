@@ -124,7 +124,6 @@ private:
     QString ItemAlias(size_t select, size_t itemEnd) const;
 
     // Calls (StatementWriter_calls.cpp).
-    size_t EmitMoneyDivision(const QString& money, size_t slash, const QString& lead, QString& out);
     // Function calls with another spelling; returns `i` when the call stays as written.
     size_t EmitFunction(size_t i, QString& out);
 

@@ -164,30 +164,8 @@ size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
         RequireIntegerText(m_t[cast + 2].text);
     const QString sql = m_dialect.Cast(Range(cast + 2, as).trimmed(), type, textLiteral);
     if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CAST AS ") + type);
-    if ((type == u"MONEY" || type == u"SMALLMONEY") && m_t.SymbolAt(close + 1, u"/"))
-        return EmitMoneyDivision(sql, close + 1, lead, out);
     out += lead + sql;
     return close + 1;
-}
-
-// MONEY / n is a MONEY: four places, rounded (neither the engine's integer division nor all
-// the places of its numeric one).
-size_t StatementWriter::EmitMoneyDivision(const QString& money, size_t slash, const QString& lead,
-                                          QString& out) {
-    const size_t end = m_t.PrimaryEnd(slash + 1);
-    if (end == slash + 1) {
-        out += lead + money;
-        return slash;
-    }
-    QString divisor = Range(slash + 1, end).trimmed();
-    if (!m_dialect.CheckedDivisor({}).isEmpty()) divisor = m_dialect.CheckedDivisor(divisor);
-    const QString scaled = m_dialect.ScaledDecimal(
-        m_dialect.Cast(money, QStringLiteral("FLOAT"), false) + QStringLiteral(" / ") + divisor, 19,
-        4);
-    out += lead + (scaled.isEmpty() ? m_dialect.Cast(money + QStringLiteral(" / ") + divisor,
-                                                     QStringLiteral("MONEY"), false)
-                                    : scaled);
-    return end;
 }
 
 } // namespace zlx::tsql

@@ -81,6 +81,7 @@ void TableDefinitionRewriter::PrepareDefinitions() {
         AddColumnCheck(i);
         if (IsTextColumnType(i)) {
             CollateWithoutCase(i);
+            MarkNationalText(i);
         } else if (m_t[i].IsWord(u"DEFAULT") && m_t.At(i + 1) &&
                    m_t.At(i + 1)->Is(TokenKind::Number, u"0") && IsDateColumnBefore(i)) {
             // A date column's default 0 is the date numbered 0.
@@ -173,6 +174,17 @@ void TableDefinitionRewriter::CollateWithoutCase(size_t type) {
     if (m_t.WordAt(end, u"COLLATE")) return;
     m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end),
                Raw(m_dialect.CaseInsensitiveCollation(), QStringLiteral(" ")));
+}
+
+// Before the collation: ALTER COLUMN has no place for the mark.
+void TableDefinitionRewriter::MarkNationalText(size_t type) {
+    const QString mark = m_dialect.NationalTextMark();
+    if (mark.isEmpty() || !m_t[type].text.startsWith(u'N', Qt::CaseInsensitive) ||
+        m_t.WordAt(3, u"ALTER"))
+        return;
+    size_t end = type + 1;
+    if (m_t.SymbolAt(end, u"(")) end = m_t.Close(end) + 1;
+    m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end), Raw(mark, QStringLiteral(" ")));
 }
 
 void TableDefinitionRewriter::RetypeAsInteger(size_t identity) {

@@ -41,6 +41,8 @@ private:
     // A text type right after a column's name (not a CAST's type).
     bool IsTextColumnType(size_t i) const;
 
+    // A national text type (NCHAR, NVARCHAR, NTEXT) followed by the engine's mark for it.
+    void MarkNationalText(size_t type);
     // Text columns compare without regard to case, as in SQL Server's default collation.
     void CollateWithoutCase(size_t type);
 

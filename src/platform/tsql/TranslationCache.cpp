@@ -37,6 +37,10 @@ void TranslationCache::Check(const StatementShape& shape, const Tokens& statemen
     checking.isTextColumn = noColumn;
     checking.isDateColumn = noColumn;
     checking.isIntegerColumn = noColumn;
+    checking.columnType = [&consulted](const QString&) {
+        consulted = true;
+        return QString();
+    };
     checking.mayBeNull = [&consulted](const QString&) {
         consulted = true;
         return true;

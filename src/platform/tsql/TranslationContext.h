@@ -38,6 +38,10 @@ struct TranslationContext {
     std::function<bool(const QString& column)> isDateColumn;
     // Whether a column of that name holds integers, so that its AVG is an integer too.
     std::function<bool(const QString& column)> isIntegerColumn;
+    // The T-SQL type (upper case) of the columns of that name in the current database when they
+    // all have one, so that arithmetic over them is typed as SQL Server types it; empty
+    // otherwise. Unset: no column's type is known.
+    std::function<QString(const QString& column)> columnType;
     // Whether some column of that name in the current database accepts NULL, so that ordering
     // by it must place the NULLs. Unset: every column may.
     std::function<bool(const QString& column)> mayBeNull;

@@ -130,6 +130,7 @@ void TsqlSession::UseDatabase(const QString& database) {
     m_engineNames.clear();
     m_textColumns.clear();
     m_typedColumns.clear();
+    m_columnTypes.clear();
     m_nullableColumns.clear();
     m_tableColumns.clear();
     Prepare();
@@ -172,6 +173,7 @@ TranslationContext TsqlSession::Context() {
                             m_dialect->IntegerColumnCount(SqlString(column)));
     };
     context.tableColumns = [this](const QString& table) { return ColumnsOf(table); };
+    context.columnType = [this](const QString& column) { return ColumnTypeNamed(column); };
     if (!m_dialect->NullsOrder(false).isEmpty())
         context.mayBeNull = [this](const QString& column) { return MayBeNull(column); };
     return context;
@@ -191,6 +193,13 @@ bool TsqlSession::IsTextColumn(const QString& column) {
 bool TsqlSession::MayBeNull(const QString& column) {
     return CountsColumn(m_nullableColumns, column,
                         m_dialect->NullableColumnCount(SqlString(column)));
+}
+
+QString TsqlSession::ColumnTypeNamed(const QString& column) {
+    const QString key = column.toLower();
+    const auto found = m_columnTypes.constFind(key);
+    if (found != m_columnTypes.constEnd()) return *found;
+    return *m_columnTypes.insert(key, m_dialect->ColumnTypeNamed(column));
 }
 
 bool TsqlSession::CountsColumn(QHash<QString, bool>& known, const QString& column,
@@ -432,6 +441,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
             m_engineNames.clear();
             m_textColumns.clear();
             m_typedColumns.clear();
+            m_columnTypes.clear();
             m_nullableColumns.clear();
             m_tableColumns.clear();
         }

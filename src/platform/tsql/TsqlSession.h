@@ -87,6 +87,8 @@ private:
     bool SpanishNames() const; // SET LANGUAGE names months and days in Spanish
     bool IsTextColumn(const QString& column);
     bool MayBeNull(const QString& column);
+    // The one T-SQL type of the columns named `column`, remembered until a definition changes.
+    QString ColumnTypeNamed(const QString& column);
     // Whether `countSql` counts some column named `column`, remembered in `known`.
     bool CountsColumn(QHash<QString, bool>& known, const QString& column, const QString& countSql);
     void RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds);
@@ -155,6 +157,7 @@ private:
     QHash<QString, QString> m_engineNames;       // name as written -> the engine's spelling
     QHash<QString, bool> m_textColumns;          // column name -> some table holds text in it
     QHash<QString, bool> m_typedColumns;         // "date:c", "integer:c" -> some column c is so
+    QHash<QString, QString> m_columnTypes;       // column name -> the type all of them have
     QHash<QString, bool> m_nullableColumns;      // column name -> some table lets it be NULL
     QHash<QString, TableColumns> m_tableColumns; // engine table -> its columns
     int m_tranCount = 0;

@@ -5,6 +5,7 @@
 #include "platform/tsql/StatementWriter.h"
 #include "platform/tsql/StoredValues.h"
 #include "platform/tsql/TableDefinitionRewriter.h"
+#include "platform/tsql/TypedExpressions.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -69,6 +70,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StoredValues stored(tokens, m_context);
     stored.NameInsertedColumns();
     stored.PrepareStoredValues();
+    TypedExpressions(tokens, m_context).Prepare();
     StatementWriter writer(tokens, m_context, stored);
     translation.sql = writer.Write();
     translation.exclusiveTables = writer.ExclusiveTables();

@@ -271,7 +271,8 @@ VariableType VariableType::Read(const Tokens& tokens, size_t first, size_t& end)
 QString VariableType::SqlType() const {
     switch (kind) {
     case VariableKind::Decimal:
-        return QStringLiteral("DECIMAL(%1,%2)").arg(precision).arg(scale);
+        // MONEY keeps its name, so that arithmetic over the variable is MONEY's.
+        return name == u"MONEY" ? name : QStringLiteral("DECIMAL(%1,%2)").arg(precision).arg(scale);
     case VariableKind::Float:
         return QStringLiteral("FLOAT");
     case VariableKind::Date:

@@ -26,8 +26,8 @@ struct VariableType {
     // The type written from `first` in `tokens` (DECIMAL(10, 2)); `end` gets where it ends.
     // Types a local variable cannot have, or this layer does not keep, are refused.
     static VariableType Read(const Tokens& tokens, size_t first, size_t& end);
-    // DECIMAL(p,s) for every exact number with a fraction (MONEY too), FLOAT, DATETIME; the
-    // name as written for the others.
+    // MONEY; DECIMAL(p,s) for every other exact number with a fraction (SMALLMONEY too),
+    // FLOAT, DATETIME; the name as written for the others.
     QString SqlType() const;
 };
 

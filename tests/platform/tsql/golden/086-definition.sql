@@ -5,6 +5,6 @@ ALTER TABLE clientes ADD Nota NVARCHAR(40), Importe MONEY, Baja BIT
 -- SQLite
 ALTER TABLE clientes ADD Nota NVARCHAR(40) COLLATE NOCASE, Importe MONEY, Baja BIT
 -- PostgreSQL
-ALTER TABLE clientes ADD Nota varchar(40) COLLATE zlx_ci_ai, Importe numeric(19,4), Baja zlx_bit
+ALTER TABLE clientes ADD Nota varchar(40) COMPRESSION pglz COLLATE zlx_ci_ai, Importe numeric(19,4), Baja zlx_bit
 -- result
 error 102

@@ -1,0 +1,286 @@
+#include "platform/tsql/TypedExpressions.h"
+
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlTokenizer.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace zlx::tsql {
+namespace {
+
+const QString kValue = QStringLiteral("\x01");
+
+bool IsArithmetic(const Token* token) {
+    static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs, u"/"_qs, u"%"_qs};
+    return token && token->kind == TokenKind::Symbol && operators.contains(token->text);
+}
+
+// Words that are no operand, whatever follows them.
+bool IsKeyword(const Token& token) {
+    static const QStringList words = {
+        u"SELECT"_qs, u"FROM"_qs,    u"WHERE"_qs,  u"AND"_qs,     u"OR"_qs,       u"NOT"_qs,
+        u"ON"_qs,     u"JOIN"_qs,    u"BY"_qs,     u"AS"_qs,      u"IN"_qs,       u"IS"_qs,
+        u"LIKE"_qs,   u"BETWEEN"_qs, u"CASE"_qs,   u"WHEN"_qs,    u"THEN"_qs,     u"ELSE"_qs,
+        u"END"_qs,    u"SET"_qs,     u"VALUES"_qs, u"INTO"_qs,    u"DISTINCT"_qs, u"ALL"_qs,
+        u"TOP"_qs,    u"PERCENT"_qs, u"WITH"_qs,   u"TIES"_qs,    u"GROUP"_qs,    u"ORDER"_qs,
+        u"HAVING"_qs, u"UNION"_qs,   u"EXISTS"_qs, u"ASC"_qs,     u"DESC"_qs,     u"UPDATE"_qs,
+        u"DELETE"_qs, u"INSERT"_qs,  u"ESCAPE"_qs, u"COLLATE"_qs, u"RETURN"_qs,   u"DEFAULT"_qs};
+    return token.kind == TokenKind::Word && words.contains(token.text, Qt::CaseInsensitive);
+}
+
+// SQL Server's integer and money types by precedence; 0: any other type.
+int NumberRank(const QString& type) {
+    static const QStringList ranked = {u"TINYINT"_qs, u"SMALLINT"_qs,   u"INT"_qs,
+                                       u"BIGINT"_qs,  u"SMALLMONEY"_qs, u"MONEY"_qs};
+    return static_cast<int>(ranked.indexOf(type == u"INTEGER" ? u"INT"_qs : type)) + 1;
+}
+
+bool IsIntegerType(const QString& type) {
+    const int rank = NumberRank(type);
+    return rank >= 1 && rank <= 4;
+}
+
+bool IsMoneyType(const QString& type) {
+    return NumberRank(type) >= 5;
+}
+
+bool IsNationalType(const QString& type) {
+    return type.startsWith(u"NCHAR") || type.startsWith(u"NVARCHAR") || type == u"NTEXT";
+}
+
+QString NumberLiteralType(const QString& text) {
+    if (text.startsWith(u"0x", Qt::CaseInsensitive)) return {};
+    if (text.contains(u'e', Qt::CaseInsensitive)) return QStringLiteral("FLOAT");
+    bool whole = false;
+    const qint64 value = text.toLongLong(&whole);
+    return whole && value <= std::numeric_limits<std::int32_t>::max() ? QStringLiteral("INT")
+                                                                      : QStringLiteral("DECIMAL");
+}
+
+} // namespace
+
+TypedExpressions::TypedExpressions(StatementTokens& tokens, const TranslationContext& context)
+    : m_t(tokens), m_context(context), m_dialect(DialectOf(context)) {}
+
+void TypedExpressions::Prepare() {
+    const auto typed = [](const Token& token) {
+        return IsArithmetic(&token) || token.IsWord(u"SUM") || token.IsWord(u"AVG") ||
+               token.IsWord(u"DATALENGTH");
+    };
+    if (!m_context.columnType || m_t.IsDdl() || std::none_of(m_t.begin(), m_t.end(), typed)) return;
+    for (size_t i = 0; i < m_t.size(); ++i)
+        if (BeginsChain(i)) Chain(i, true);
+    WrapCalls();
+    Apply();
+}
+
+bool TypedExpressions::BeginsChain(size_t i) const {
+    if (!OperandAt(i)) return false;
+    if (i == 0) return true;
+    const Token& before = m_t[i - 1];
+    if (IsArithmetic(&before) || before.IsSymbol(u".")) return false;
+    // The parenthesis of a call belongs to the call.
+    if (m_t[i].IsSymbol(u"(") && IsName(before) && !IsKeyword(before)) return false;
+    // A sign after an operand is an operator.
+    const bool sign = m_t[i].IsSymbol(u"-") || m_t[i].IsSymbol(u"+");
+    return !(sign && (before.IsSymbol(u")") || before.kind == TokenKind::Number ||
+                      before.kind == TokenKind::String || (IsName(before) && !IsKeyword(before))));
+}
+
+std::optional<TypedExpressions::Typed> TypedExpressions::OperandAt(size_t i) const {
+    const size_t first = i;
+    if (m_t.SymbolAt(i, u"-") || m_t.SymbolAt(i, u"+")) ++i;
+    const Token* token = m_t.At(i);
+    if (!token || IsKeyword(*token)) return std::nullopt;
+    if (token->kind == TokenKind::Symbol && !token->IsSymbol(u"(")) return std::nullopt;
+    const size_t end = m_t.PrimaryEnd(i);
+    if (end == i) return std::nullopt;
+    return Typed{first, end, {}, token->kind == TokenKind::Number};
+}
+
+std::optional<TypedExpressions::Typed> TypedExpressions::Chain(size_t first, bool record) {
+    std::vector<Typed> operands{*OperandAt(first)};
+    QStringList operators;
+    while (IsArithmetic(m_t.At(operands.back().last))) {
+        const auto next = OperandAt(operands.back().last + 1);
+        if (!next) break;
+        operators << m_t[operands.back().last].text;
+        operands.push_back(*next);
+    }
+    const auto start = [this](const Typed& operand) {
+        const bool sign =
+            m_t[operand.first].kind == TokenKind::Symbol && !m_t[operand.first].IsSymbol(u"(");
+        return sign ? operand.first + 1 : operand.first;
+    };
+    // A lone operand is typed only when its type is asked; a text literal makes the chain a
+    // joining of texts (or a number read from a text), whose columns need no asking.
+    const bool text = std::any_of(operands.begin(), operands.end(), [&](const Typed& operand) {
+        return m_t[start(operand)].kind == TokenKind::String;
+    });
+    if ((operators.isEmpty() && record) || (text && !operators.isEmpty()))
+        return Typed{first, operands.back().last, {}, false};
+    for (Typed& operand : operands)
+        operand.type = TypeOf(start(operand), operand.last);
+    // * / % bind before + and -; each works from left to right.
+    Typed term = operands[0];
+    std::optional<Typed> sum;
+    QString sumOperator;
+    for (qsizetype k = 0; k < operators.size(); ++k) {
+        const QString& op = operators[k];
+        const Typed& next = operands[static_cast<size_t>(k) + 1];
+        if (op == u"*" || op == u"/" || op == u"%") {
+            term = Combine(term, op, next, record);
+            continue;
+        }
+        sum = sum ? Combine(*sum, sumOperator, term, record) : term;
+        sumOperator = op;
+        term = next;
+    }
+    return sum ? Combine(*sum, sumOperator, term, record) : term;
+}
+
+TypedExpressions::Typed TypedExpressions::Combine(const Typed& left, const QString& op,
+                                                  const Typed& right, bool record) {
+    const int leftRank = NumberRank(left.type);
+    const int rightRank = NumberRank(right.type);
+    Typed result{left.first, right.last, {}, left.literal && right.literal};
+    if (leftRank == 0 || rightRank == 0 || (op == u"%" && std::max(leftRank, rightRank) > 4))
+        return result;
+    result.type = leftRank > rightRank ? left.type : right.type;
+    if (!record || result.literal) return result;
+    if (IsIntegerType(result.type)) {
+        if (op != u"/" && op != u"%" && !m_dialect.ChecksIntegerArithmetic())
+            AddWrap(result.first, result.last, m_dialect.IntegerResult(kValue, result.type));
+        return result;
+    }
+    // An engine that keeps any number in a number column may hold a whole MONEY as an integer:
+    // the division is made on reals.
+    if (op == u"/" && !m_dialect.ScaledDecimal(kValue, 1, 0).isEmpty())
+        AddWrap(left.first, left.last, m_dialect.Cast(kValue, QStringLiteral("FLOAT"), false));
+    AddWrap(result.first, result.last, m_dialect.Cast(kValue, result.type, false));
+    return result;
+}
+
+QString TypedExpressions::TypeOf(size_t first, size_t last) {
+    const Token& token = m_t[first];
+    switch (token.kind) {
+    case TokenKind::Number:
+        return NumberLiteralType(token.text);
+    case TokenKind::String:
+        return token.national ? QStringLiteral("NVARCHAR") : QStringLiteral("VARCHAR");
+    case TokenKind::Symbol: {
+        if (!token.IsSymbol(u"(") || !OperandAt(first + 1)) return {};
+        const auto inner = Chain(first + 1, false);
+        return inner && inner->last + 1 == last ? inner->type : QString();
+    }
+    default:
+        break;
+    }
+    if (!IsName(token) || token.IsWord(u"NULL")) return {};
+    if (m_t.SymbolAt(first + 1, u"(")) return CallType(first, last);
+    return IsName(m_t[last - 1]) ? ColumnType(m_t[last - 1].text) : QString();
+}
+
+QString TypedExpressions::CallType(size_t name, size_t last) {
+    static const QStringList integers = {u"COUNT"_qs,     u"LEN"_qs,      u"DATALENGTH"_qs,
+                                         u"CHARINDEX"_qs, u"DATEDIFF"_qs, u"DATEPART"_qs,
+                                         u"YEAR"_qs,      u"MONTH"_qs,    u"DAY"_qs};
+    // Functions whose result has their first argument's type (a text's national or not).
+    static const QStringList sameType = {
+        u"MIN"_qs,     u"MAX"_qs,   u"ABS"_qs,   u"ISNULL"_qs, u"ROUND"_qs,  u"FLOOR"_qs,
+        u"CEILING"_qs, u"SUM"_qs,   u"AVG"_qs,   u"LEFT"_qs,   u"RIGHT"_qs,  u"SUBSTRING"_qs,
+        u"LTRIM"_qs,   u"RTRIM"_qs, u"UPPER"_qs, u"LOWER"_qs,  u"REPLACE"_qs};
+    const QString function = m_t[name].text.toUpper();
+    const size_t open = name + 1;
+    const size_t close = last - 1;
+    if (integers.contains(function)) return QStringLiteral("INT");
+    if (function == u"CAST") {
+        const size_t as = m_t.DepthZeroWord(open + 1, u"AS");
+        return as < close ? TokensToSql(Tokens(m_t.begin() + as + 1, m_t.begin() + close))
+                                .simplified()
+                                .remove(u' ')
+                                .toUpper()
+                          : QString();
+    }
+    const std::vector<size_t> commas = m_t.Commas(open, close);
+    const size_t firstEnd = commas.empty() ? close : commas.front();
+    if (function == u"CONVERT")
+        return TokensToSql(Tokens(m_t.begin() + open + 1, m_t.begin() + firstEnd))
+            .simplified()
+            .remove(u' ')
+            .toUpper();
+    if (!sameType.contains(function) || !OperandAt(open + 1)) return {};
+    const auto argument = Chain(open + 1, false);
+    if (!argument || argument->last != firstEnd) return {};
+    // The sum and average of a smaller integer type are INT.
+    if ((function == u"SUM" || function == u"AVG") && NumberRank(argument->type) >= 1 &&
+        NumberRank(argument->type) <= 3)
+        return QStringLiteral("INT");
+    return argument->type;
+}
+
+QString TypedExpressions::ColumnType(const QString& column) {
+    const QString key = column.toLower();
+    const auto found = m_columnTypes.constFind(key);
+    if (found != m_columnTypes.constEnd()) return *found;
+    return *m_columnTypes.insert(key, m_context.columnType(column));
+}
+
+void TypedExpressions::WrapCalls() {
+    for (size_t i = 0; i + 1 < m_t.size(); ++i) {
+        const Token& name = m_t[i];
+        const bool sum = name.IsWord(u"SUM");
+        const bool average = name.IsWord(u"AVG");
+        const bool length = name.IsWord(u"DATALENGTH");
+        if (!(sum || average || length) || !m_t.SymbolAt(i + 1, u"(")) continue;
+        const size_t close = m_t.Close(i + 1);
+        if (length) {
+            const auto argument = OperandAt(i + 2) ? Chain(i + 2, false) : std::nullopt;
+            if (argument && argument->last == close && IsNationalType(argument->type))
+                AddWrap(i, close + 1, QStringLiteral("(2 * \x01)"));
+            continue;
+        }
+        const QString type = CallType(i, close + 1);
+        if (IsMoneyType(type))
+            AddWrap(i, close + 1, m_dialect.Cast(kValue, type, false));
+        else if (sum && IsIntegerType(type))
+            AddWrap(i, close + 1, m_dialect.IntegerResult(kValue, type));
+    }
+}
+
+void TypedExpressions::AddWrap(size_t first, size_t last, const QString& call) {
+    if (call.contains(kValue)) m_wraps.push_back({first, last, call});
+}
+
+void TypedExpressions::Apply() {
+    if (m_wraps.empty()) return;
+    // Outer wraps open first and close last: the wider, or the later of two alike.
+    std::vector<size_t> order(m_wraps.size());
+    for (size_t k = 0; k < order.size(); ++k)
+        order[k] = k;
+    const auto inner = [this](size_t a, size_t b) {
+        const size_t widthA = m_wraps[a].last - m_wraps[a].first;
+        const size_t widthB = m_wraps[b].last - m_wraps[b].first;
+        return widthA != widthB ? widthA < widthB : a < b;
+    };
+    std::sort(order.begin(), order.end(), inner);
+    Tokens written;
+    written.reserve(m_t.size() + 2 * m_wraps.size());
+    for (size_t i = 0; i <= m_t.size(); ++i) {
+        for (size_t k : order)
+            if (m_wraps[k].last == i) written.push_back(Raw(m_wraps[k].call.section(kValue, 1)));
+        QString leading = i < m_t.size() ? m_t[i].leading : QString();
+        for (auto k = order.rbegin(); k != order.rend(); ++k) {
+            if (m_wraps[*k].first != i) continue;
+            written.push_back(Raw(m_wraps[*k].call.section(kValue, 0, 0), leading));
+            leading.clear();
+        }
+        if (i == m_t.size()) break;
+        written.push_back(m_t[i]);
+        written.back().leading = leading;
+    }
+    m_t.Replace(std::move(written));
+}
+
+} // namespace zlx::tsql

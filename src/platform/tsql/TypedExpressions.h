@@ -1,0 +1,71 @@
+#pragma once
+// Expressions whose result SQL Server's types decide where an engine computes otherwise: +, -
+// and * over integer types hold to the result's type (error 8115 past it) on an engine that
+// computes in 64 bits; an operation whose result is MONEY keeps four places, rounded, however
+// the engine divides or multiplies; SUM of an integer type is an INT (a BIGINT's a BIGINT) and
+// SUM and AVG of MONEY are MONEY; DATALENGTH of a national text (NCHAR, NVARCHAR, NTEXT, N'...')
+// counts two bytes a character. Each such operation is wrapped, in the statement's tokens, in the
+// engine's call that gives SQL Server's result. Types come from literals, CAST and CONVERT, a few
+// functions and the types of the columns named; an operand of no known type leaves its
+// operation as written.
+
+#include "platform/tsql/StatementTokens.h"
+#include "platform/tsql/TranslationContext.h"
+
+#include <QHash>
+#include <optional>
+#include <vector>
+
+namespace zlx::tsql {
+
+class EngineDialect;
+
+class TypedExpressions {
+public:
+    TypedExpressions(StatementTokens& tokens, const TranslationContext& context);
+
+    void Prepare();
+
+private:
+    // An operand or operation: tokens [first, last), its T-SQL type (upper case, empty when not
+    // known) and whether it is made of number literals alone.
+    struct Typed {
+        size_t first;
+        size_t last;
+        QString type;
+        bool literal;
+    };
+    // The engine's call, the value written \x01, around tokens [first, last); of two around the
+    // same tokens the later one goes outside.
+    struct Wrap {
+        size_t first;
+        size_t last;
+        QString call;
+    };
+
+    // Whether an operand that no arithmetic operator precedes begins at `i`.
+    bool BeginsChain(size_t i) const;
+    // The operand (with its sign) that begins at `i`, untyped.
+    std::optional<Typed> OperandAt(size_t i) const;
+    // The operands joined by arithmetic operators from `first` on, typed and combined by
+    // precedence; `record`: the operations that need the engine's call are wrapped.
+    std::optional<Typed> Chain(size_t first, bool record);
+    Typed Combine(const Typed& left, const QString& op, const Typed& right, bool record);
+    QString TypeOf(size_t first, size_t last);
+    QString CallType(size_t name, size_t last);
+    QString ColumnType(const QString& column);
+
+    // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
+    void WrapCalls();
+    void AddWrap(size_t first, size_t last, const QString& call);
+    // Writes the wraps into the tokens.
+    void Apply();
+
+    StatementTokens& m_t;
+    const TranslationContext& m_context;
+    const EngineDialect& m_dialect;
+    std::vector<Wrap> m_wraps;
+    QHash<QString, QString> m_columnTypes; // asked once per statement
+};
+
+} // namespace zlx::tsql

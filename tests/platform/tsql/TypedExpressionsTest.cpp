@@ -1,0 +1,84 @@
+// Where the engine's calls go around typed arithmetic: each operation as SQL Server's
+// precedence groups it, and only operations whose operands' types ask for one.
+#include "QtPrinters.h"
+#include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/PostgresDialect.h"
+#include "platform/tsql/SqliteDialect.h"
+#include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TsqlTranslator.h"
+
+#include <QHash>
+#include <gtest/gtest.h>
+
+using namespace zlx::tsql;
+
+namespace {
+
+QString Translated(const QString& tsql, const EngineDialect& dialect) {
+    TranslationContext context;
+    context.dialect = &dialect;
+    context.columnType = [](const QString& column) {
+        static const QHash<QString, QString> types = {
+            {u"i"_qs, u"INT"_qs},          {u"j"_qs, u"INTEGER"_qs},
+            {u"s"_qs, u"SMALLINT"_qs},     {u"b"_qs, u"BIGINT"_qs},
+            {u"m"_qs, u"MONEY"_qs},        {u"v"_qs, u"VARCHAR(10)"_qs},
+            {u"d"_qs, u"DECIMAL(6,2)"_qs}, {u"nv"_qs, u"NVARCHAR(10)"_qs}};
+        return types.value(column.toLower());
+    };
+    const auto statements = SplitBatch(Tokenize(tsql));
+    return TsqlTranslator(context).Translate(statements.front()).sql;
+}
+
+QString Sqlite(const QString& tsql) {
+    static const SqliteDialect dialect;
+    return Translated(tsql, dialect);
+}
+
+QString Postgres(const QString& tsql) {
+    static const PostgresDialect dialect;
+    return Translated(tsql, dialect);
+}
+
+} // namespace
+
+TEST(TypedExpressions, IntegerStepsAreCheckedInPrecedenceOrderOnSqlite) {
+    EXPECT_EQ(Sqlite(u"SELECT i + j * 3 - s FROM t"_qs),
+              u"SELECT zlx_integer_result(zlx_integer_result(i + zlx_integer_result(j * 3, "
+              u"'int'), 'int') - s, 'int') FROM t"_qs);
+    EXPECT_EQ(Sqlite(u"SELECT -(i + 1) * 2, t.b * 2 FROM t WHERE s + 1 > 0"_qs),
+              u"SELECT zlx_integer_result(-(zlx_integer_result(i + 1, 'int')) * 2, 'int'), "
+              u"zlx_integer_result(t.b * 2, 'bigint') FROM t WHERE zlx_integer_result(s + 1, "
+              u"'int') > 0"_qs);
+    // A division can only leave the range at its one corner, which is left to the engine.
+    EXPECT_EQ(Sqlite(u"SELECT i / 2 % 3 FROM t"_qs),
+              u"SELECT i / zlx_divisor(2) % zlx_divisor(3) FROM t"_qs);
+}
+
+TEST(TypedExpressions, OperationsOfOtherTypesStayAsWritten) {
+    const QString untyped = u"SELECT i * 1.5, d * i, v - i, x * i, 2 * 3, COUNT(*) FROM t"_qs;
+    EXPECT_EQ(Sqlite(untyped), untyped);
+    EXPECT_EQ(Postgres(u"SELECT i * 3, s - 1 FROM t"_qs), u"SELECT i * 3, s - 1 FROM t"_qs);
+}
+
+TEST(TypedExpressions, SumsOfIntegersAreOfTheirSqlServerType) {
+    EXPECT_EQ(Postgres(u"SELECT SUM(s) / 2, SUM(b), SUM(d) FROM t"_qs),
+              u"SELECT CAST(SUM(s) AS integer) / 2, CAST(SUM(b) AS bigint), SUM(d) FROM t"_qs);
+    EXPECT_EQ(Sqlite(u"SELECT SUM(i * 2) FROM t"_qs),
+              u"SELECT zlx_integer_result(SUM(zlx_integer_result(i * 2, 'int')), 'int') FROM t"_qs);
+}
+
+TEST(TypedExpressions, MoneyResultsAreRoundedToFourPlaces) {
+    EXPECT_EQ(Sqlite(u"SELECT m / i, AVG(m) FROM t"_qs),
+              u"SELECT zlx_decimal(CAST(m AS REAL) / zlx_divisor(i), 19, 4), zlx_decimal(AVG(m), "
+              u"19, 4) FROM t"_qs);
+    EXPECT_EQ(Postgres(u"SELECT m * m + 1, CAST(2 AS MONEY) / 3 FROM t"_qs),
+              u"SELECT CAST(CAST(m * m AS numeric(19,4)) + 1 AS numeric(19,4)), CAST(CAST(2 AS "
+              u"numeric(19,4)) / 3 AS numeric(19,4)) FROM t"_qs);
+}
+
+TEST(TypedExpressions, NationalTextsCountTwoBytesACharacter) {
+    EXPECT_EQ(Sqlite(u"SELECT DATALENGTH(nv), DATALENGTH(LEFT(nv, 2)), DATALENGTH(N'ab'), "
+                     u"DATALENGTH(v) FROM t"_qs),
+              u"SELECT (2 * zlx_datalength(nv)), (2 * zlx_datalength(substr(nv, 1, 2))), (2 * "
+              u"zlx_datalength('ab')), zlx_datalength(v) FROM t"_qs);
+}
