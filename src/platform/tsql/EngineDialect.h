@@ -199,6 +199,12 @@ public:
     virtual bool HasDefaultValues() const { return true; }
     // ALTER COLUMN c <word> type; empty: as written.
     virtual QString AlterColumnTypeWord() const { return {}; }
+    // What replaces the NULL or NOT NULL (`notNull`) that ends ALTER COLUMN `column` type ...;
+    // empty: as written.
+    virtual QString ColumnNullability(const QString& column, bool notNull) const {
+        (void)column, (void)notNull;
+        return {};
+    }
     // Whether an index of a table in another database names the schema on the index (SQLite)
     // rather than on the table.
     virtual bool SchemaOnIndexName() const { return false; }

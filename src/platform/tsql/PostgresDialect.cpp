@@ -187,6 +187,12 @@ QString PostgresDialect::AlterColumnTypeWord() const {
     return QStringLiteral(" TYPE");
 }
 
+// A column's nullability is an action of its own in ALTER TABLE.
+QString PostgresDialect::ColumnNullability(const QString& column, bool notNull) const {
+    return QStringLiteral(", ALTER COLUMN %1 %2 NOT NULL")
+        .arg(column, notNull ? QStringLiteral("SET") : QStringLiteral("DROP"));
+}
+
 QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
     const QString type = QStringLiteral("format_type(a.atttypid, a.atttypmod)");
     // Names compare without regard to case, as in SQL Server's default collation.

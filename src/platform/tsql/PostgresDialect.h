@@ -47,6 +47,7 @@ public:
     QString EscapedPattern(const QString& pattern, const QString& escape) const override;
     QString NullsOrder(bool descending) const override;
     QString AlterColumnTypeWord() const override;
+    QString ColumnNullability(const QString& column, bool notNull) const override;
 
     QStringList CatalogStatements(const QString& applicationName) override;
     QString DatabaseAlias(const QString& database) override;

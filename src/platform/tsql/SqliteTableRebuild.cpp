@@ -66,6 +66,19 @@ void RemoveLimitChecks(Tokens& definition) {
     }
 }
 
+// The column's NOT NULL or NULL (not a DEFAULT NULL).
+void RemoveNullability(Tokens& definition) {
+    for (size_t i = 1; i < definition.size();) {
+        const bool notNull = definition[i].IsWord(u"NOT") && i + 1 < definition.size() &&
+                             definition[i + 1].IsWord(u"NULL");
+        const bool null = definition[i].IsWord(u"NULL") && !definition[i - 1].IsWord(u"DEFAULT");
+        if (notNull || null)
+            definition.erase(definition.begin() + i, definition.begin() + i + (notNull ? 2 : 1));
+        else
+            ++i;
+    }
+}
+
 Tokens WithLeadingBlank(Tokens tokens) {
     if (!tokens.empty()) tokens.front().leading = QStringLiteral(" ");
     return tokens;
@@ -84,6 +97,8 @@ void SqliteTableRebuild::ChangeType(const QString& column, const QString& type,
             ++end;
         definition.erase(definition.begin() + 1, definition.begin() + end);
         Tokens typeTokens = WithLeadingBlank(Tokenize(type));
+        // ALTER COLUMN c type NULL (or NOT NULL) replaces the column's nullability.
+        if (!typeTokens.empty() && typeTokens.back().IsWord(u"NULL")) RemoveNullability(definition);
         const bool collated = std::any_of(definition.begin(), definition.end(),
                                           [](const Token& t) { return t.IsWord(u"COLLATE"); });
         if (!collated && IsTextType(type)) {
@@ -174,7 +189,15 @@ void SqliteTableRebuild::Rebuild(const QString& column,
     m_run(QStringLiteral("SAVEPOINT zlx_rebuild"));
     m_run(QStringLiteral("CREATE TABLE %1 (%2)")
               .arg(rebuilt, definitions.join(QStringLiteral(", "))));
-    m_run(QStringLiteral("INSERT INTO %1 SELECT * FROM %2").arg(rebuilt, table));
+    try {
+        m_run(QStringLiteral("INSERT INTO %1 SELECT * FROM %2").arg(rebuilt, table));
+    } catch (...) {
+        // The rows do not fit the new definition (a NULL where NOT NULL now stands): the table
+        // stays as it was.
+        m_run(QStringLiteral("ROLLBACK TO zlx_rebuild"));
+        m_run(QStringLiteral("RELEASE zlx_rebuild"));
+        throw;
+    }
     m_run(QStringLiteral("DROP TABLE %1").arg(table));
     m_run(QStringLiteral("ALTER TABLE %1 RENAME TO \"%2\"").arg(rebuilt, m_table));
     for (const QString& index : indexes) {

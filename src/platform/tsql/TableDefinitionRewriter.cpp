@@ -24,7 +24,25 @@ TableDefinitionRewriter::TableDefinitionRewriter(StatementTokens& tokens,
 std::optional<std::int64_t> TableDefinitionRewriter::Rewrite() {
     PrepareDefinitions();
     DeferAddedDefault();
+    AlterNullability();
     return m_identityStart;
+}
+
+void TableDefinitionRewriter::AlterNullability() {
+    if (!m_t.WordAt(0, u"ALTER") || !m_t.WordAt(1, u"TABLE")) return;
+    const size_t alter = m_t.QualifiedNameEnd(2);
+    const size_t last = m_t.size() - 1;
+    if (!m_t.WordAt(alter, u"ALTER") || !m_t.WordAt(alter + 1, u"COLUMN") || last < alter + 4 ||
+        !m_t.WordAt(last, u"NULL"))
+        return;
+    const bool notNull = m_t.WordAt(last - 1, u"NOT");
+    const Token& column = m_t[alter + 2];
+    const QString clause = m_dialect.ColumnNullability(
+        column.kind == TokenKind::QuotedName ? m_dialect.QuoteName(column.text) : column.text,
+        notNull);
+    if (clause.isEmpty()) return;
+    m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(notNull ? last - 1 : last), m_t.end());
+    m_t.insert(m_t.end(), Raw(clause));
 }
 
 // Both engines fill the rows already there with an added column's default, as SQL Server does

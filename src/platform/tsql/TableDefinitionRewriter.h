@@ -26,6 +26,9 @@ public:
 
 private:
     void DeferAddedDefault();
+    // ALTER TABLE t ALTER COLUMN c type NULL (or NOT NULL): the engine's own clause for the
+    // column's nullability, on an engine that takes none after the type.
+    void AlterNullability();
     // Where the default expression that begins at `first` ends.
     size_t DefaultEnd(size_t first) const;
     // IDENTITY(1,1) and Jet's AUTOINCREMENT columns become each engine's own identity.

@@ -77,6 +77,12 @@ bool StartsWithWords(const Tokens& statement, std::initializer_list<QStringView>
     return true;
 }
 
+bool AltersColumn(const Tokens& statement) {
+    for (std::size_t i = 1; i + 1 < statement.size(); ++i)
+        if (statement[i].IsWord(u"ALTER") && statement[i + 1].IsWord(u"COLUMN")) return true;
+    return false;
+}
+
 bool CreatesIndex(const Tokens& statement) {
     return StartsWithWords(statement, {u"CREATE", u"INDEX"}) ||
            StartsWithWords(statement, {u"CREATE", u"UNIQUE"});
@@ -105,7 +111,8 @@ std::int32_t ContextNumber(const ado::ErrorRecord& record, const Tokens& stateme
     if (drops &&
         (record.nativeError == ado::kNativeInvalidObject || state == u"42704" || state == u"3F000"))
         return ado::kNativeCannotDrop;
-    if (state == u"23502" && StartsWithWords(statement, {u"ALTER"}))
+    // A NOT NULL column added to rows is 4901; ALTER COLUMN ... NOT NULL over a NULL, 515.
+    if (state == u"23502" && StartsWithWords(statement, {u"ALTER"}) && !AltersColumn(statement))
         return ado::kNativeNotNullColumnAdded;
     if (text.contains(u"more expressions than target columns"))
         return ado::kNativeMoreValuesThanColumns;
