@@ -2,6 +2,7 @@
 
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/tsql/PostgresBitValues.h"
+#include "platform/tsql/PostgresDateReading.h"
 #include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresNumbers.h"
 #include "platform/tsql/PostgresTextSearch.h"
@@ -209,6 +210,7 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
             TextSearchFunctions() + FixedTextFunctions() + BitFunctions() + NumberFunctions() +
+            DateReadingFunctions() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         QStringLiteral("SET application_name = %1").arg(SqlString(applicationName)),

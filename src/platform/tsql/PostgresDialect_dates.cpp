@@ -192,9 +192,8 @@ QString PostgresDialect::TextToDate(const QString& text, DateOrder order) const 
         .arg(text, QLatin1StringView(pattern));
 }
 
-// ISDATE of a text the engine holds would need a conversion that does not fail.
-QString PostgresDialect::IsDate(const QString&, DateOrder) const {
-    return {};
+QString PostgresDialect::IsDate(const QString& text, DateOrder order) const {
+    return QStringLiteral("zlx_isdate(%1, %2)").arg(text, SqlString(ado::DateOrderName(order)));
 }
 
 QString PostgresDialect::DateLiteral(const QString& isoLiteral) const {

@@ -1,0 +1,14 @@
+-- ISDATE of a DATETIME column is 1 for each date and 0 for NULL.
+-- gap sqlite: SELECT id, ISDATE(d) FROM t answers row 1|0, not row 1|1 (the stored ISO text is read under DATEFORMAT dmy)
+-- run
+CREATE TABLE t (id INT, d DATETIME)
+-- run
+INSERT INTO t VALUES (1, '20240228')
+INSERT INTO t VALUES (2, NULL)
+-- run
+SELECT id, ISDATE(d) FROM t ORDER BY id
+-- expect
+rowset
+row 1|1
+row 2|0
+end
