@@ -17,13 +17,17 @@ protected:
     void SetUp() override {
         EngineTest::SetUp();
         if (Stopped()) return;
-        ConnectParams params;
-        params.target = Target();
-        m_setup.Connect(params);
+        m_setup.Connect(Params());
         Run(m_setup, "CREATE DOMAIN pg_temp.flag AS smallint; CREATE TEMP TABLE flags (id integer, "
                      "f pg_temp.flag, n smallint); INSERT INTO flags VALUES (1, 1, 5), (2, 0, 6), "
                      "(3, NULL, 7)");
         m_setup.ReadAsBoolean(QStringLiteral("flag"));
+    }
+
+    ConnectParams Params() const {
+        ConnectParams params;
+        params.target = Target();
+        return params;
     }
 
     static RecordingSink Run(PostgresDriver& driver, const char* sql) {
