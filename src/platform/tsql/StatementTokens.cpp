@@ -20,6 +20,12 @@ bool IsName(const Token& token) {
     return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
 }
 
+bool IsAnyWord(const Token& token, std::initializer_list<QStringView> words) {
+    for (QStringView word : words)
+        if (token.IsWord(word)) return true;
+    return false;
+}
+
 bool IsClauseWord(const Token& token) {
     for (QStringView word : {u"FROM", u"JOIN", u"ON", u"WHERE", u"INNER", u"OUTER", u"LEFT",
                              u"RIGHT", u"CROSS", u"AND", u"OR"})
@@ -167,6 +173,34 @@ size_t StatementTokens::PrimaryEnd(size_t i) const {
     while (SymbolAt(end, u".") && At(end + 1) && !At(end + 1)->IsSymbol(u"."))
         end += 2;
     return end;
+}
+
+size_t StatementTokens::PrimaryStart(size_t last) const {
+    if (SymbolAt(last, u")")) {
+        const size_t open = Open(last);
+        // A word before the parenthesis names a call, unless it is a keyword (IN (...)).
+        static const QStringList keywords = {u"IN"_qs,   u"NOT"_qs,  u"EXISTS"_qs, u"WHEN"_qs,
+                                             u"THEN"_qs, u"ELSE"_qs, u"SELECT"_qs, u"VALUES"_qs};
+        const bool call = open > 0 && open < last && m_t[open - 1].kind == TokenKind::Word &&
+                          !IsClauseWord(m_t[open - 1]) &&
+                          !keywords.contains(m_t[open - 1].text, Qt::CaseInsensitive);
+        return call ? open - 1 : open;
+    }
+    if (!At(last) || !IsName(m_t[last])) return last;
+    size_t first = last;
+    while (first >= 2 && m_t[first - 1].IsSymbol(u".") && IsName(m_t[first - 2]))
+        first -= 2;
+    return first;
+}
+
+size_t StatementTokens::Open(size_t i) const {
+    for (size_t k = i, depth = 0; k-- > 0;) {
+        if (m_t[k].IsSymbol(u")"))
+            ++depth;
+        else if (m_t[k].IsSymbol(u"(") && depth-- == 0)
+            return k;
+    }
+    return i;
 }
 
 size_t StatementTokens::ExpressionEnd(size_t i) const {

@@ -6,6 +6,7 @@
 #include "platform/tsql/TsqlToken.h"
 
 #include <QStringList>
+#include <initializer_list>
 #include <utility>
 
 namespace zlx::tsql {
@@ -16,6 +17,8 @@ Token Raw(const QString& text, const QString& leading = QString());
 bool IsTextFunction(const Token& token);
 // A word or a [quoted] name.
 bool IsName(const Token& token);
+// Whether the token is one of `words` (without regard to case).
+bool IsAnyWord(const Token& token, std::initializer_list<QStringView> words);
 // A word that begins or joins a clause (FROM, JOIN, ON, WHERE, AND ...), never an alias.
 bool IsClauseWord(const Token& token);
 
@@ -81,6 +84,14 @@ public:
     // The end of the operand that begins at `i`: a literal, a (qualified) name, a function
     // call or a parenthesised expression; `i` itself when there is none.
     size_t PrimaryEnd(size_t i) const;
+
+    // The start of the operand that ends with the token at `last`: a (qualified) name, a
+    // function call or a parenthesised expression; `last` itself for any other token.
+    size_t PrimaryStart(size_t last) const;
+
+    // The "(" of the parenthesis that holds the token at `i` (or that the ")" at `i` closes);
+    // `i` itself when there is none.
+    size_t Open(size_t i) const;
 
     // The end of the expression that begins at `i`: operands joined by arithmetic operators
     // and "+", which bind more tightly than LIKE.

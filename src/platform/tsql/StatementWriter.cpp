@@ -1,5 +1,6 @@
 #include "platform/tsql/StatementWriter.h"
 
+#include "platform/tsql/DateOperands.h"
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlLiterals.h"
@@ -91,7 +92,8 @@ size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
             out += t.leading + stored;
             return i + 1;
         }
-        const QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
+        QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
+        if (!iso.isEmpty() && !DateOperands(m_t, m_context, m_stored).ReadsAsDate(i)) iso.clear();
         out += t.leading + QuoteString(!iso.isEmpty() ? iso
                                        : m_stored.DropsTrailingBlanks(i)
                                            ? WithoutTrailingBlanks(t.text)

@@ -137,8 +137,7 @@ private:
     // operand at `i` is no date with a number added.
     size_t EmitDateArithmetic(size_t i, QString& out);
 
-    // Whether [i, end) is a date: a CAST or CONVERT to a date type, GETDATE(), DATEADD(...) or
-    // a date column.
+    // Whether [i, end) is a date (DateOperands).
     bool IsDateOperand(size_t i, size_t end) const;
 
     // CAST(x AS type); CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME) is the date of x at midnight.

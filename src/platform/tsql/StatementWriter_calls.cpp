@@ -1,3 +1,4 @@
+#include "platform/tsql/DateOperands.h"
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/StatementWriter.h"
 #include "platform/tsql/TsqlDateFunctions.h"
@@ -109,18 +110,7 @@ size_t StatementWriter::EmitDateArithmetic(size_t i, QString& out) {
 }
 
 bool StatementWriter::IsDateOperand(size_t i, size_t end) const {
-    const Token& t = m_t[i];
-    if (m_t.SymbolAt(i + 1, u"(") && t.kind == TokenKind::Word) {
-        if (t.IsWord(u"GETDATE") || t.IsWord(u"DATEADD")) return true;
-        if (t.IsWord(u"CONVERT"))
-            return m_t.At(i + 2) && DateFunctionWriter::IsDateType(m_t.At(i + 2)->text);
-        if (!t.IsWord(u"CAST")) return false;
-        const size_t close = m_t.Close(i + 1);
-        return m_t.WordAt(close - 2, u"AS") && DateFunctionWriter::IsDateType(m_t[close - 1].text);
-    }
-    const Token& column = m_t[end - 1];
-    return (column.kind == TokenKind::Word || column.kind == TokenKind::QuotedName) &&
-           m_context.isDateColumn && m_context.isDateColumn(column.text);
+    return DateOperands(m_t, m_context, m_stored).IsDate(i, end);
 }
 
 size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {

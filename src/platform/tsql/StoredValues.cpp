@@ -214,24 +214,43 @@ QString StoredValues::BlankAs(ColumnKind kind) const {
 }
 
 std::optional<ColumnKind> StoredValues::StoredColumnKind(size_t i) {
+    const std::optional<StoredColumn> stored = StoredColumnOf(i);
+    return stored ? stored->kind : std::nullopt;
+}
+
+std::optional<StoredValues::StoredColumn> StoredValues::StoredColumnOf(size_t i) {
     const bool inserted = IsInsertedValue(i);
-    if (!inserted && !(IsWholeSetValue(i) && i >= 2 && IsName(m_t[i - 2]))) return std::nullopt;
+    const std::optional<size_t> selected = inserted ? std::nullopt : SelectedPosition(i);
+    if (!inserted && !selected && !(IsWholeSetValue(i) && i >= 2 && IsName(m_t[i - 2])))
+        return std::nullopt;
     // The target's columns are looked up once per statement.
-    if (!m_target) m_target = StoreTarget(inserted);
-    QString column;
-    if (!inserted) {
-        column = m_t[i - 2].text;
+    if (!m_target) m_target = StoreTarget(inserted || selected);
+    StoredColumn stored;
+    if (inserted || selected) {
+        const size_t position = selected ? *selected : m_t.ValuePosition(i);
+        if (m_target->listed)
+            stored.name = m_target->listed->value(static_cast<qsizetype>(position));
+        else if (position < m_target->columns.size())
+            stored.name = m_target->columns[position].name;
     } else {
-        const size_t position = m_t.ValuePosition(i);
-        if (!m_target->listed.has_value()) {
-            if (position >= m_target->columns.size()) return std::nullopt;
-            return m_target->columns[position].kind;
-        }
-        if (position >= static_cast<size_t>(m_target->listed->size())) return std::nullopt;
-        column = m_target->listed->at(static_cast<qsizetype>(position));
+        stored.name = m_t[i - 2].text;
     }
-    const TableColumn* found = FindColumn(m_target->columns, column);
-    return found ? std::optional(found->kind) : std::nullopt;
+    if (const TableColumn* found = FindColumn(m_target->columns, stored.name))
+        stored.kind = found->kind;
+    return stored;
+}
+
+std::optional<size_t> StoredValues::SelectedPosition(size_t i) const {
+    if (!m_t.WordAt(0, u"INSERT") || m_t[i].kind != TokenKind::String) return std::nullopt;
+    // Each SELECT outside parentheses (those joined by UNION too) fills the same columns.
+    for (size_t select = m_t.DepthZeroWord(0, u"SELECT"); select < i;
+         select = m_t.DepthZeroWord(select + 1, u"SELECT")) {
+        const SelectList list =
+            SelectList::Read(Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(select), m_t.end()));
+        for (size_t k = 0; k < list.items.size(); ++k)
+            if (list.items[k] == std::pair(i - select, i - select + 1)) return k;
+    }
+    return std::nullopt;
 }
 
 StoredValues::StoreTargetColumns StoredValues::StoreTarget(bool insert) const {
@@ -239,8 +258,9 @@ StoredValues::StoreTargetColumns StoredValues::StoreTarget(bool insert) const {
     const size_t end = m_t.QualifiedNameEnd(name);
     StoreTargetColumns target;
     if (end == name) return target;
-    target.columns = m_context.tableColumns(
-        TokensToSql(Tokens(m_t.begin() + name, m_t.begin() + end)).trimmed());
+    if (m_context.tableColumns)
+        target.columns = m_context.tableColumns(
+            TokensToSql(Tokens(m_t.begin() + name, m_t.begin() + end)).trimmed());
     if (insert && m_t.SymbolAt(end, u"(")) target.listed = m_t.ColumnList(end);
     return target;
 }

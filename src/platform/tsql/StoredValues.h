@@ -45,6 +45,16 @@ public:
     // DECIMAL has no such reading. Empty: the text stays a text.
     QString BlankAs(ColumnKind kind) const;
 
+    // The column that the literal at `i` is stored in: a whole value of an INSERT's VALUES or
+    // SELECT list, or of an UPDATE's SET list. Its name is empty when it is not known (an INSERT
+    // without column list into a table whose columns are unknown), its kind unset when the
+    // table's columns are unknown. nullopt for any other literal.
+    struct StoredColumn {
+        QString name;
+        std::optional<ColumnKind> kind;
+    };
+    std::optional<StoredColumn> StoredColumnOf(size_t i);
+
 private:
     // A value stored by an INSERT or UPDATE: tokens [first, last) going into `column`.
     struct StoredItem {
@@ -70,6 +80,9 @@ private:
     // The engine's CAST of a value into a number column, as SQL Server converts it; for other
     // columns StoringCall.
     QString ConvertingCall(const TableColumn& column) const;
+    // The place of the literal at `i` in the select list of an INSERT ... SELECT when it is a
+    // whole value there; nullopt otherwise.
+    std::optional<size_t> SelectedPosition(size_t i) const;
 
     // The engine's call, its value written \x01, that stores a value in `column` as SQL Server
     // does; empty: the value goes in as it is.

@@ -3,6 +3,7 @@
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TsqlTranslator.h"
 
 #include <algorithm>
 
@@ -114,6 +115,8 @@ void TableDefinitionRewriter::PrepareDefinitions() {
             m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(i) + 1,
                        Raw(QStringLiteral("("), m_t[i + 1].leading));
             m_t[i + 2].leading.clear();
+        } else if (m_t[i].IsWord(u"DEFAULT") && IsDateColumnBefore(i)) {
+            ReadDefaultAsDate(i + 1);
         } else if (m_t[i].IsWord(u"IDENTITY")) {
             // IDENTITY alone is IDENTITY(1,1).
             const bool bare = !m_t.SymbolAt(i + 1, u"(");
@@ -163,6 +166,14 @@ void TableDefinitionRewriter::AddColumnCheck(size_t type) {
         typeText);
     if (!check.isEmpty())
         m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end), Raw(check, QStringLiteral(" ")));
+}
+
+void TableDefinitionRewriter::ReadDefaultAsDate(size_t value) {
+    while (m_t.SymbolAt(value, u"("))
+        ++value;
+    if (!m_t.At(value) || m_t[value].kind != TokenKind::String) return;
+    const QString iso = NormalizedDateLiteral(m_t[value].text, m_context.dayMonthYear);
+    if (!iso.isEmpty()) m_t[value].text = iso;
 }
 
 bool TableDefinitionRewriter::IsDateColumnBefore(size_t i) const {

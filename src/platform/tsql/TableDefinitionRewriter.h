@@ -38,6 +38,10 @@ private:
     // integer's range) gets the engine's check after it. Not on ALTER COLUMN, nor on an identity.
     void AddColumnCheck(size_t type);
 
+    // A date column's DEFAULT '20240315' (or '15/03/2024' under DATEFORMAT dmy) is a date,
+    // written as the engine keeps dates; in any other column the text stays as written.
+    void ReadDefaultAsDate(size_t value);
+
     // Whether the column definition that `i` is part of has a date type.
     bool IsDateColumnBefore(size_t i) const;
 

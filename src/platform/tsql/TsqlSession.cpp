@@ -679,9 +679,13 @@ bool TsqlSession::RunProcedure(const Tokens& statement, ado::ResultSink& sink) {
         const int dot = target.lastIndexOf(u'.');
         const QString table = EngineObjectName(target.left(dot));
         const QString column = EngineObjectName(target.mid(dot + 1));
-        const QString value = procedure == u"sp_bindefault"
-                                  ? m_defaults.value(arguments.value(0).toLower())
-                                  : QString();
+        QString value; // none: unbound
+        if (procedure == u"sp_bindefault") {
+            const TableColumns columns = ColumnsOf(target.left(dot));
+            const TableColumn* bound = FindColumn(columns, target.mid(dot + 1));
+            value = m_defaults.For(arguments.value(0),
+                                   bound ? std::optional(bound->kind) : std::nullopt);
+        }
         m_dialect->ChangeDefault(table, column, value);
         return true;
     }
@@ -737,10 +741,8 @@ bool TsqlSession::RunDatabaseStatement(const Tokens& statement) {
 bool TsqlSession::RunDefinition(const Tokens& statement) {
     if (StartsWith(statement, {u"CREATE", u"DEFAULT"}) && statement.size() >= 5 &&
         statement[3].IsWord(u"AS")) {
-        m_defaults.insert(statement[2].text.toLower(),
-                          TsqlTranslator(Context())
-                              .Expression(Tokens(statement.begin() + 4, statement.end()))
-                              .trimmed());
+        m_defaults.Create(statement[2].text, Tokens(statement.begin() + 4, statement.end()),
+                          Context());
         return true;
     }
     if (StartsWith(statement, {u"DROP", u"INDEX"}) && statement.size() >= 5 &&

@@ -6,6 +6,7 @@
 
 #include "platform/engines/Driver.h"
 #include "platform/engines/WorkerExecution.h"
+#include "platform/tsql/BoundDefaults.h"
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/Savepoints.h"
 #include "platform/tsql/StatementPipeline.h"
@@ -167,10 +168,10 @@ private:
     QString m_dateFormat = QStringLiteral("mdy");
     int m_dateFirst = 7;
     QString m_language = QStringLiteral("us_english");
-    QHash<QString, QString> m_defaults; // CREATE DEFAULT name -> value
-    QString m_identityInsertTable;      // the engine table with IDENTITY_INSERT ON
-    QString m_transactionName;          // the outermost BEGIN TRAN's name
-    Savepoints m_savepoints;            // SAVE TRANSACTION's, in the open transaction
+    BoundDefaults m_defaults;      // CREATE DEFAULT's
+    QString m_identityInsertTable; // the engine table with IDENTITY_INSERT ON
+    QString m_transactionName;     // the outermost BEGIN TRAN's name
+    Savepoints m_savepoints;       // SAVE TRANSACTION's, in the open transaction
 };
 
 // The driver that runs T-SQL on `native`'s engine: a session over it, or the driver itself

@@ -63,3 +63,22 @@ TEST_P(StoredValuesTest, ADuplicateIsTheConstraintsOrTheIndexsAsTheTableIsNow) {
     Exec(QStringLiteral("INSERT INTO codigos VALUES (1)"));
     EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO codigos VALUES (1)")), 2601);
 }
+
+// A default written as a date is a date in a date column and the text as written in any other:
+// a column's own DEFAULT, one added with its column, and a bound default.
+TEST_P(StoredValuesTest, ADefaultWrittenAsADateIsADateOnlyInADateColumn) {
+    Exec(QStringLiteral("CREATE TABLE fichas (id INT, alta DATETIME DEFAULT '20240315', codigo "
+                        "VARCHAR(10) DEFAULT '15/03/2024')"));
+    Exec(QStringLiteral("INSERT INTO fichas (id) VALUES (1)"));
+    Exec(QStringLiteral("ALTER TABLE fichas ADD baja DATETIME NULL DEFAULT '20241231 10:00'"));
+    Exec(QStringLiteral("CREATE DEFAULT DEFAULT_FECHA AS '17530101'"));
+    Exec(QStringLiteral("ALTER TABLE fichas ADD revision DATETIME NULL"));
+    Exec(QStringLiteral("ALTER TABLE fichas ADD clave VARCHAR(10) NULL"));
+    Exec(QStringLiteral("EXEC sp_bindefault 'DEFAULT_FECHA', 'fichas.revision'"));
+    Exec(QStringLiteral("EXEC sp_bindefault 'DEFAULT_FECHA', 'fichas.clave'"));
+    Exec(QStringLiteral("INSERT INTO fichas (id) VALUES (2)"));
+    EXPECT_EQ(Exec(QStringLiteral("SELECT id, YEAR(alta), codigo, YEAR(baja), YEAR(revision), "
+                                  "clave FROM fichas ORDER BY id")),
+              (QStringList{"rowset", "row 1|2024|15/03/2024|NULL|NULL|NULL",
+                           "row 2|2024|15/03/2024|2024|1753|17530101", "end"}));
+}

@@ -192,3 +192,48 @@ TEST(TsqlTranslator, ScalarSubqueriesOfSeveralRowsFailOnSqlite) {
     EXPECT_FALSE(Translated(QStringLiteral("SELECT (SELECT n FROM t) + 1"), Target::PostgreSQL)
                      .contains(u"zlx_single"));
 }
+
+// A text written as a date is a date where SQL Server converts it to one: stored in a date
+// column, compared with a date (=, BETWEEN, IN), an alternative to a date in ISNULL, a date
+// column's DEFAULT. Met by a text, or by nothing, it stays the text as written.
+TEST(TsqlTranslator, TextsWrittenAsDatesAreDatesOnlyWhereADateMeetsThem) {
+    TranslationContext context = Context(Target::SQLite);
+    context.isDateColumn = [](const QString& column) {
+        return column.compare(u"Fecha", Qt::CaseInsensitive) == 0;
+    };
+    context.tableColumns = [](const QString& table) {
+        if (table != u"t") return TableColumns();
+        return TableColumns{ColumnOfType(QStringLiteral("Nota"), QStringLiteral("VARCHAR(20)")),
+                            ColumnOfType(QStringLiteral("Fecha"), QStringLiteral("DATETIME"))};
+    };
+    const auto sqlite = [&context](const char* tsql) {
+        const auto statements = SplitBatch(Tokenize(QString::fromUtf8(tsql)));
+        return TsqlTranslator(context).Translate(statements.front()).sql;
+    };
+    EXPECT_EQ(sqlite("INSERT INTO t VALUES ('15/03/2024', '15/03/2024')"),
+              QStringLiteral("INSERT INTO t VALUES ('15/03/2024', '2024-03-15 00:00:00')"));
+    EXPECT_EQ(
+        sqlite("INSERT INTO t (Fecha, Nota) SELECT '20240315', '20240315'"),
+        QStringLiteral("INSERT INTO t (Fecha, Nota) SELECT '2024-03-15 00:00:00', '20240315'"));
+    EXPECT_EQ(sqlite("UPDATE t SET Nota = '20240315', Fecha = '20240315' WHERE Nota = '20240315'"),
+              QStringLiteral("UPDATE t SET Nota = '20240315', Fecha = '2024-03-15 00:00:00' WHERE "
+                             "Nota = '20240315'"));
+    EXPECT_EQ(sqlite("SELECT a.Nota FROM t a WHERE a.Fecha BETWEEN '01/03/2024' AND '31/03/2024' "
+                     "AND a.Nota NOT IN ('01/03/2024', '20240301')"),
+              QStringLiteral("SELECT a.Nota FROM t a WHERE a.Fecha BETWEEN '2024-03-01 00:00:00' "
+                             "AND '2024-03-31 00:00:00' AND a.Nota NOT IN ('01/03/2024', "
+                             "'20240301')"));
+    EXPECT_EQ(sqlite("SELECT ISNULL(Fecha, '17530101'), ISNULL(Nota, '17530101'), '17530101' "
+                     "FROM t WHERE '20240101' <= MAX(Fecha)"),
+              QStringLiteral("SELECT ifnull(Fecha, '1753-01-01 00:00:00'), ifnull(Nota, "
+                             "'17530101'), '17530101' FROM t WHERE '2024-01-01 00:00:00' <= "
+                             "MAX(Fecha)"));
+    EXPECT_EQ(sqlite("SELECT Nota FROM t WHERE CONVERT(VARCHAR(10), Fecha, 103) = '15/03/2024'"),
+              QStringLiteral("SELECT Nota FROM t WHERE substr(zlx_datestyle(Fecha, 103), 1, 10) = "
+                             "'15/03/2024'"));
+    EXPECT_EQ(
+        sqlite("CREATE TABLE d (f DATETIME DEFAULT '17530101', s CHAR(8) DEFAULT '17530101')"),
+        QStringLiteral("CREATE TABLE d (f DATETIME DEFAULT '1753-01-01 00:00:00', s CHAR(8) "
+                       "COLLATE NOCASE CONSTRAINT \"zlx_8152_s\" CHECK (length(rtrim(s)) <= 8) "
+                       "DEFAULT '17530101')"));
+}
