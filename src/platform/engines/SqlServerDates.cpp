@@ -84,7 +84,7 @@ DateReading Reading(const Fields& fields) {
     const QTime time(fields.hour, fields.minute, fields.second, fields.msec);
     if (!time.isValid()) return {{}, kNativeDateConversion};
     if (!date.isValid() || fields.year < kFirstYear) return {{}, kNativeDateOutOfRange};
-    return {QDateTime(date, time, Qt::UTC), 0};
+    return {RoundedToDatetime(QDateTime(date, time, Qt::UTC)), 0};
 }
 
 // The weekday of `date` counted from SET DATEFIRST's day (1) on.
@@ -227,6 +227,12 @@ QString DateErrorText(int error) {
                                 "resulted in an out-of-range value.")
                : QStringLiteral(
                      "Conversion failed when converting date and/or time from character string.");
+}
+
+QDateTime RoundedToDatetime(const QDateTime& value) {
+    const int msec = value.time().msec();
+    const int ticks = (msec * 3 + 5) / 10; // 300 a second, half a tick rounding up
+    return value.addMSecs((ticks * 10 + 1) / 3 - msec);
 }
 
 QString IsoDateText(const QDateTime& value) {

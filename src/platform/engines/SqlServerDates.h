@@ -48,6 +48,10 @@ std::optional<DateOrder> StyleOrder(int style);
 // The message of a failed reading, as SQL Server words it.
 QString DateErrorText(int error);
 
+// DATETIME counts time in three-hundredths of a second: `value` with its milliseconds rounded
+// to the nearest of them (.000, .003, .007), as SQL Server keeps a DATETIME.
+QDateTime RoundedToDatetime(const QDateTime& value);
+
 // 'yyyy-mm-dd hh:mm:ss', with '.mmm' when the milliseconds are not zero.
 QString IsoDateText(const QDateTime& value);
 // The Qt format of a CONVERT style (103: "dd/MM/yyyy"); empty for an unknown style.

@@ -1,12 +1,13 @@
 #include "platform/tsql/TsqlVariables.h"
 
 #include "platform/engines/IsoDate.h"
+#include "platform/engines/SqlServerDates.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
-#include "platform/variant/DateLiteral.h"
 
 #include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 namespace zlx::tsql {
@@ -130,6 +131,7 @@ QString BitOf(const Variant& value) {
     return number != 0 ? QStringLiteral("1") : QStringLiteral("0");
 }
 
+// The value as a DATETIME keeps it, written 'yyyymmdd hh:mm:ss[.mmm]'.
 QString DateOf(const Variant& value) {
     std::optional<Date> date;
     if (const Date* kept = value.Get<Date>())
@@ -141,7 +143,14 @@ QString DateOf(const Variant& value) {
             QStringLiteral("Conversion failed when converting date and/or time from character "
                            "string."),
             ado::kNativeDateConversion);
-    return ServerDateLiteral(*date).mid(1).chopped(1); // without its quotes
+    // An OLE date's whole part counts days, its fraction (of either sign) the time of day.
+    const double days = std::trunc(date->value);
+    const qint64 msecs = std::llround(std::fabs(date->value - days) * 86400000.0);
+    const QDateTime moment = ado::RoundedToDatetime(
+        QDateTime(QDate(1899, 12, 30).addDays(static_cast<qint64>(days)), QTime(0, 0), Qt::UTC)
+            .addMSecs(msecs));
+    return moment.toString(moment.time().msec() ? QStringLiteral("yyyyMMdd HH:mm:ss.zzz")
+                                                : QStringLiteral("yyyyMMdd HH:mm:ss"));
 }
 
 QString TextOf(const Variant& value, const VariableType& type) {
@@ -328,7 +337,7 @@ Tokens TsqlVariables::Substitute(const Tokens& statement, bool placeholders) con
 }
 
 // The literal of a variable's value in its type: a number, a text, CAST(... AS DECIMAL(p, s)),
-// CAST('yyyymmdd hh:mm:ss' AS DATETIME), or NULL.
+// CAST('yyyymmdd hh:mm:ss[.mmm]' AS DATETIME), or NULL.
 Tokens TsqlVariables::Literal(const Variable& variable, bool placeholder) const {
     const VariableType& type = variable.type;
     static const QString zero = QStringLiteral("0");

@@ -43,6 +43,17 @@ TEST(SqlServerDates, TextsReadInTheSessionOrderOrFailWithTheirNumber) {
     EXPECT_EQ(DateErrorText(kNativeDateOutOfRange).contains(u"out-of-range"), true);
 }
 
+// DATETIME keeps three-hundredths of a second: .990, .993, .997 and .000 of the next second.
+TEST(SqlServerDates, MillisecondsRoundToThreeHundredthsOfASecond) {
+    EXPECT_EQ(Read("20240315 10:00:00.001"), u"2024-03-15 10:00:00");
+    EXPECT_EQ(Read("20240315 10:00:00.002"), u"2024-03-15 10:00:00.003");
+    EXPECT_EQ(Read("20240315 10:00:00.005"), u"2024-03-15 10:00:00.007");
+    EXPECT_EQ(Read("20240315 10:00:00.991"), u"2024-03-15 10:00:00.990");
+    EXPECT_EQ(Read("20240315 10:00:00.994"), u"2024-03-15 10:00:00.993");
+    EXPECT_EQ(Read("20240315 10:00:00.995"), u"2024-03-15 10:00:00.997");
+    EXPECT_EQ(Read("31/12/2024 23:59:59.999"), u"2025-01-01 00:00:00");
+}
+
 TEST(SqlServerDates, UnitsTakeEveryAbbreviation) {
     for (const char* name : {"yy", "YYYY", "year"})
         EXPECT_EQ(DateUnitNamed(QString::fromLatin1(name)), DateUnit::Year) << name;
