@@ -102,8 +102,6 @@ public:
         (void)column, (void)type;
         return {};
     }
-    // Whether a column added by ALTER TABLE ... ADD may carry its ColumnCheck.
-    virtual bool ChecksAddedColumns() const { return true; }
     // Whether the engine's spelling of column type `type` keeps the length written after it.
     virtual bool KeepsTypeLength(const QString&) const { return true; }
     // A binary literal (T-SQL 0x00FF10) of `hexDigits`, an even number of lower-case digits.

@@ -37,9 +37,6 @@ public:
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
-    // SQLite checks an added column's constraint on the rows there with a query whose
-    // (empty) rowset the statement then reports.
-    bool ChecksAddedColumns() const override { return false; }
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString RowLocator() const override { return QStringLiteral("rowid"); }
     QString SingleValueAggregate() const override { return QStringLiteral("zlx_single"); }

@@ -47,14 +47,15 @@ void TableDefinitionRewriter::AlterNullability() {
 }
 
 // Both engines fill the rows already there with an added column's default, as SQL Server does
-// only for a NOT NULL column or WITH VALUES (which they do not know).
+// only for a NOT NULL column or WITH VALUES (which they do not know). The default may be a
+// named constraint (CONSTRAINT df DEFAULT x), which goes with it.
 void TableDefinitionRewriter::DeferAddedDefault() {
     if (!m_t.WordAt(0, u"ALTER") || !m_t.WordAt(1, u"TABLE")) return;
     const size_t add = m_t.QualifiedNameEnd(2);
     if (!m_t.WordAt(add, u"ADD") || !m_t.At(add + 1) || !IsName(m_t[add + 1]) ||
         IsConstraintWord(m_t[add + 1]))
         return;
-    size_t defaultAt = 0;
+    size_t clause = 0; // where the default's clause begins, its constraint's name included
     bool notNull = false;
     for (size_t k = add + 2, depth = 0; k < m_t.size(); ++k) {
         if (m_t[k].IsSymbol(u"("))
@@ -65,8 +66,8 @@ void TableDefinitionRewriter::DeferAddedDefault() {
             continue;
         else if (m_t[k].IsSymbol(u","))
             return; // several columns
-        else if (m_t[k].IsWord(u"DEFAULT") && !m_t.WordAt(k - 2, u"CONSTRAINT"))
-            defaultAt = k;
+        else if (m_t[k].IsWord(u"DEFAULT"))
+            clause = m_t.WordAt(k - 2, u"CONSTRAINT") ? k - 2 : k;
         else if (m_t[k].IsWord(u"NOT") && m_t.WordAt(k + 1, u"NULL"))
             notNull = true;
         else if (m_t[k].IsWord(u"WITH") && m_t.WordAt(k + 1, u"VALUES")) {
@@ -75,14 +76,15 @@ void TableDefinitionRewriter::DeferAddedDefault() {
             return; // the engine fills the rows
         }
     }
-    if (defaultAt == 0 || notNull) return;
-    const size_t end = DefaultEnd(defaultAt + 1);
-    m_deferredDefault = Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(defaultAt) + 1,
+    if (clause == 0 || notNull) return;
+    const size_t value = (m_t.WordAt(clause, u"CONSTRAINT") ? clause + 2 : clause) + 1;
+    const size_t end = DefaultEnd(value);
+    m_deferredDefault = Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(value),
                                m_t.begin() + static_cast<std::ptrdiff_t>(end));
     const Token& column = m_t[add + 1];
     m_deferredColumn =
         column.kind == TokenKind::QuotedName ? m_dialect.QuoteName(column.text) : column.text;
-    m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(defaultAt),
+    m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(clause),
               m_t.begin() + static_cast<std::ptrdiff_t>(end));
 }
 
@@ -149,7 +151,6 @@ void TableDefinitionRewriter::PrepareDefinitions() {
 
 void TableDefinitionRewriter::AddColumnCheck(size_t type) {
     if (m_t.WordAt(3, u"ALTER") || type == 0 || m_t[type].kind != TokenKind::Word) return;
-    if (m_t.WordAt(0, u"ALTER") && !m_dialect.ChecksAddedColumns()) return;
     const Token& column = m_t[type - 1];
     if ((column.kind != TokenKind::Word && column.kind != TokenKind::QuotedName) ||
         column.IsWord(u"AS") || column.IsWord(u"TABLE") || column.IsWord(u"COLUMN"))

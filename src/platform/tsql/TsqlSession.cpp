@@ -3,6 +3,7 @@
 #include "platform/engines/DriverErrors.h"
 #include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/ColumnAdditions.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/TsqlBatchInterpreter.h"
 #include "platform/tsql/TsqlErrors.h"
@@ -56,6 +57,22 @@ public:
 private:
     ado::ResultSink& m_target;
     bool m_noCount;
+};
+
+// A definition answers no rows: what the engine reports as a rowset while it runs one (SQLite
+// checks the rows of a table against an added column's constraint with a query) is told as the
+// count of a definition.
+class DefinitionSink : public ado::ResultSink {
+public:
+    explicit DefinitionSink(ado::ResultSink& target) : m_target(target) {}
+    void BeginRowset(const std::vector<ado::ColumnInfo>&) override {}
+    bool Row(std::vector<Variant>&) override { return true; }
+    void EndRowset() override { m_target.RowsAffected(-1); }
+    void RowsAffected(std::int64_t count) override { m_target.RowsAffected(count); }
+    void Info(const ado::ErrorRecord& record) override { m_target.Info(record); }
+
+private:
+    ado::ResultSink& m_target;
 };
 
 // The possibly qualified name (t, db..t, db.dbo.t) that begins at `first`, as written.
@@ -433,6 +450,11 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
             RunStatement(inner, sink, timeoutSeconds);
         return;
     }
+    if (const std::vector<Tokens> additions = EachAddition(statement); !additions.empty()) {
+        for (const Tokens& addition : additions)
+            RunStatement(addition, sink, timeoutSeconds);
+        return;
+    }
     // Statements that may change a table's columns forget the identity columns known so far.
     for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"}) {
         if (statement.front().IsWord(word)) {
@@ -806,8 +828,11 @@ void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
         return;
     }
     CountingSink counting(sink, m_noCount);
-    if (!prepared || !ExecutePrepared(*prepared, counting, timeoutSeconds))
-        ExecuteMapped(prepared ? RunTranslation(statement).sql : translation.sql, counting,
+    DefinitionSink definition(counting);
+    ado::ResultSink& target =
+        statement.front().IsWord(u"ALTER") ? static_cast<ado::ResultSink&>(definition) : counting;
+    if (!prepared || !ExecutePrepared(*prepared, target, timeoutSeconds))
+        ExecuteMapped(prepared ? RunTranslation(statement).sql : translation.sql, target,
                       timeoutSeconds);
     m_rowCount = counting.rows;
     // CREATE TABLE t (... IDENTITY(s, 1)): the next identity is s.

@@ -87,7 +87,7 @@ TEST(TsqlTranslator, DateDefaultZeroIsTheDateNumberedZero) {
     jet.jetDates = true;
     EXPECT_EQ(TsqlTranslator(jet).Translate(statement.front()).sql,
               "ALTER TABLE t ADD Alta DATETIME NOT NULL DEFAULT '1899-12-30 00:00:00', n INT "
-              "DEFAULT 0");
+              "CONSTRAINT \"zlx_8115_n\" CHECK (n BETWEEN -2147483648 AND 2147483647) DEFAULT 0");
     EXPECT_EQ(TsqlTranslator(Context(Target::PostgreSQL)).Translate(statement.front()).sql,
               "ALTER TABLE t ADD Alta timestamp(3) NOT NULL DEFAULT '1900-01-01 00:00:00', n INT "
               "DEFAULT 0");

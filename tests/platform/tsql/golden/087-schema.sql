@@ -3,7 +3,7 @@
 -- T-SQL
 ALTER TABLE diccionario ADD tipo TINYINT
 -- SQLite
-ALTER TABLE diccionario ADD tipo TINYINT
+ALTER TABLE diccionario ADD tipo TINYINT CONSTRAINT "zlx_220_tipo" CHECK (tipo BETWEEN 0 AND 255)
 -- PostgreSQL
 ALTER TABLE diccionario ADD tipo smallint CONSTRAINT "zlx_220_tipo" CHECK (tipo BETWEEN 0 AND 255)
 -- result

@@ -3,7 +3,7 @@
 -- T-SQL
 ALTER TABLE diccionario ADD ancho SMALLINT
 -- SQLite
-ALTER TABLE diccionario ADD ancho SMALLINT
+ALTER TABLE diccionario ADD ancho SMALLINT CONSTRAINT "zlx_220_ancho" CHECK (ancho BETWEEN -32768 AND 32767)
 -- PostgreSQL
 ALTER TABLE diccionario ADD ancho SMALLINT
 -- result

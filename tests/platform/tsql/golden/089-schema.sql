@@ -3,7 +3,7 @@
 -- T-SQL
 ALTER TABLE idioma ADD idioma INTEGER
 -- SQLite
-ALTER TABLE idioma ADD idioma INTEGER
+ALTER TABLE idioma ADD idioma INTEGER CONSTRAINT "zlx_8115_idioma" CHECK (idioma BETWEEN -2147483648 AND 2147483647)
 -- PostgreSQL
 ALTER TABLE idioma ADD idioma INTEGER
 -- result

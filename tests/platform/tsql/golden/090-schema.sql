@@ -3,7 +3,7 @@
 -- T-SQL
 ALTER TABLE diccionario ADD tabla VARCHAR(30)
 -- SQLite
-ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE NOCASE
+ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE NOCASE CONSTRAINT "zlx_8152_tabla" CHECK (length(rtrim(tabla)) <= 30)
 -- PostgreSQL
 ALTER TABLE diccionario ADD tabla VARCHAR(30) COLLATE zlx_ci_ai
 -- result
