@@ -50,6 +50,9 @@ struct IdentitySpelling {
     QString text;
     bool integerKey = false; // the column's integer type becomes INTEGER (SQLite's row id)
     std::optional<std::int64_t> start; // the session sets the counter after CREATE TABLE
+    // Written after an identity without a PRIMARY KEY or UNIQUE of its own where the engine's
+    // identity is a key all the same, so that its duplicates can be told apart.
+    QString keylessMark;
 };
 
 using ado::DateOrder;

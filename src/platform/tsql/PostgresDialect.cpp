@@ -373,17 +373,26 @@ QString PostgresDialect::ColumnTypeNamed(const QString& column) {
 
 TableColumns PostgresDialect::ColumnsOf(const QString& table) {
     TableColumns columns;
+    // An identity's sequence holds its seed and step.
     for (const auto& row : Access().Query(
              QStringLiteral("SELECT CAST(attname AS text), format_type(atttypid, atttypmod), "
-                            "CAST(attidentity <> '' AS integer) FROM pg_attribute WHERE attrelid "
-                            "= to_regclass(%1) AND attnum > 0 AND NOT attisdropped ORDER BY "
-                            "attnum")
+                            "CAST(attidentity <> '' AS integer), CAST(attnotnull AS integer), "
+                            "s.seqstart, s.seqincrement FROM pg_attribute LEFT JOIN pg_sequence s "
+                            "ON attidentity <> '' AND s.seqrelid = CAST(pg_get_serial_sequence(%1, "
+                            "attname) AS regclass) WHERE attrelid = to_regclass(%1) AND attnum > "
+                            "0 AND NOT attisdropped ORDER BY attnum")
                  .arg(SqlString(table)))) {
         // A domain's type is named with its schema when that is another database's.
         const QString type = row.at(1).ToString().section(u'.', -1);
         const QString tsql = TsqlTypeOf(type);
-        columns.push_back(ColumnOfType(row.at(0).ToString(), tsql.isEmpty() ? type : tsql,
-                                       row.at(2).ToLong() != 0));
+        TableColumn column = ColumnOfType(row.at(0).ToString(), tsql.isEmpty() ? type : tsql,
+                                          row.at(2).ToLong() != 0);
+        column.notNull = row.at(3).ToLong() != 0;
+        if (column.identity) {
+            column.seed = row.at(4).ToInt64();
+            column.step = row.at(5).ToInt64();
+        }
+        columns.push_back(column);
     }
     return columns;
 }

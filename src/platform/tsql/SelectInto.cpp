@@ -1,17 +1,15 @@
 #include "platform/tsql/SelectInto.h"
 
 #include "platform/tsql/SelectList.h"
+#include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 
 #include <QStringList>
+#include <algorithm>
 
 namespace zlx::tsql {
 namespace {
-
-bool IsName(const Token& token) {
-    return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
-}
 
 // Whether the value [first, end) of a select list gives its column a name: a column, an alias
 // (AS x, "expression x", x = expression) or *.
@@ -25,6 +23,29 @@ bool NamesItsColumn(const Tokens& tokens, size_t first, size_t end) {
     if (before.IsWord(u"AS") || before.IsSymbol(u".")) return true;
     // "expression alias": a name right after a closed call or another name, not CASE's END.
     return !last.IsWord(u"END") && (before.IsSymbol(u")") || IsName(before));
+}
+
+// The value of the select list's item [first, end) without its alias (x AS a, x a, a = x).
+std::pair<size_t, size_t> ValueOf(const StatementTokens& tokens, size_t first, size_t end) {
+    if (end > first + 2 && IsName(tokens[first]) && tokens.SymbolAt(first + 1, u"="))
+        return {first + 2, end};
+    if (end > first + 2 && tokens.WordAt(end - 2, u"AS")) return {first, end - 2};
+    const bool aliased = end > first + 1 && IsName(tokens[end - 1]) &&
+                         (IsName(tokens[end - 2]) || tokens.SymbolAt(end - 2, u")"));
+    return {first, aliased ? end - 1 : end};
+}
+
+bool MentionsIdentity(const StatementTokens& tokens, size_t first, size_t end,
+                      const TableColumns& table) {
+    for (size_t i = first; i < end; ++i) {
+        const TableColumn* column = IsName(tokens[i]) ? FindColumn(table, tokens[i].text) : nullptr;
+        if (column && column->identity) return true;
+    }
+    return false;
+}
+
+SelectInto::Copy CopyOf(const TableColumn& column) {
+    return {column.notNull || column.identity, column.identity, column.seed, column.step};
 }
 
 QString Bracketed(const QString& name) {
@@ -73,10 +94,69 @@ void SelectInto::CheckColumnNames() const {
     }
 }
 
-Tokens SelectInto::CreateTable(const std::vector<ado::ColumnInfo>& columns) const {
+QString SelectInto::SourceTable() const {
+    const StatementTokens tokens(source);
+    const size_t from = SelectList::Read(source).end;
+    if (!tokens.WordAt(from, u"FROM") || tokens.DepthZeroWord(0, u"UNION") < tokens.size() ||
+        tokens.DepthZeroWord(0, u"GROUP") < tokens.size())
+        return {};
+    const size_t end = tokens.QualifiedNameEnd(from + 1);
+    size_t next = tokens.WordAt(end, u"AS") ? end + 1 : end;
+    if (tokens.At(next) && IsName(tokens[next]) && !IsClauseWord(tokens[next]) &&
+        !IsAnyWord(tokens[next], {u"WITH", u"ORDER", u"OPTION", u"HAVING"}))
+        ++next; // its alias
+    // t WITH (NOLOCK), t (NOLOCK): hints read no other table.
+    if (tokens.WordAt(next, u"WITH")) ++next;
+    if (tokens.SymbolAt(next, u"(")) next = tokens.Close(next) + 1;
+    const bool alone = !tokens.At(next) || IsAnyWord(tokens[next], {u"WHERE", u"ORDER", u"OPTION"});
+    if (end == from + 1 || !alone) return {};
+    return TokensToSql(Tokens(source.begin() + static_cast<std::ptrdiff_t>(from) + 1,
+                              source.begin() + static_cast<std::ptrdiff_t>(end)))
+        .trimmed();
+}
+
+std::vector<SelectInto::Copy> SelectInto::Copies(const TableColumns& table, size_t count) const {
+    const StatementTokens tokens(source);
+    std::vector<Copy> copies;
+    for (const auto& [first, end] : SelectList::Read(source).items) {
+        const auto [value, valueEnd] = ValueOf(tokens, first, end);
+        const bool star = tokens.SymbolAt(valueEnd - 1, u"*") &&
+                          (valueEnd == value + 1 || tokens.SymbolAt(valueEnd - 2, u"."));
+        const Token* name = tokens.NamedColumn(value, valueEnd);
+        const TableColumn* column = name ? FindColumn(table, name->text) : nullptr;
+        if (star) {
+            for (const TableColumn& each : table)
+                copies.push_back(CopyOf(each));
+        } else if (column) {
+            copies.push_back(CopyOf(*column));
+        } else {
+            // A constant, or an expression of the identity, cannot be NULL.
+            const bool constant =
+                valueEnd == value + 1 && (tokens[value].kind == TokenKind::String ||
+                                          tokens[value].kind == TokenKind::Number);
+            copies.push_back(Copy{constant || MentionsIdentity(tokens, value, valueEnd, table)});
+        }
+    }
+    if (copies.size() != count) return {};
+    // An identity selected twice is copied as a NOT NULL column both times.
+    if (std::count_if(copies.begin(), copies.end(), [](const Copy& c) { return c.identity; }) > 1)
+        for (Copy& copy : copies)
+            copy.identity = false;
+    return copies;
+}
+
+Tokens SelectInto::CreateTable(const std::vector<ado::ColumnInfo>& columns,
+                               const std::vector<Copy>& copies) const {
     QStringList definitions;
-    for (const ado::ColumnInfo& column : columns)
-        definitions << Bracketed(column.name) + u' ' + ColumnTypeText(column) + u" NULL"_qs;
+    for (size_t k = 0; k < columns.size(); ++k) {
+        const Copy copy = k < copies.size() ? copies[k] : Copy{};
+        const QString nullability =
+            copy.identity
+                ? QStringLiteral(" IDENTITY(%1,%2) NOT NULL").arg(copy.seed).arg(copy.step)
+            : copy.notNull ? QStringLiteral(" NOT NULL")
+                           : QStringLiteral(" NULL");
+        definitions << Bracketed(columns[k].name) + u' ' + ColumnTypeText(columns[k]) + nullability;
+    }
     return Tokenize(QStringLiteral("CREATE TABLE %1 (%2)")
                         .arg(TokensToSql(target).trimmed(), definitions.join(u", "_qs)));
 }

@@ -4,6 +4,7 @@
 // by INSERT ... SELECT, both run as any statement of the session.
 
 #include "platform/engines/Driver.h"
+#include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlToken.h"
 
 #include <optional>
@@ -14,12 +15,30 @@ struct SelectInto {
     Tokens target; // the new table's name, as written
     Tokens source; // the statement without its INTO clause
 
+    // What a column of the new table takes over from the column it is selected from.
+    struct Copy {
+        bool notNull = false;
+        bool identity = false; // IDENTITY(seed, step), NOT NULL
+        std::int64_t seed = 1;
+        std::int64_t step = 1;
+    };
+
     // nullopt when `statement` is not a SELECT ... INTO.
     static std::optional<SelectInto> Read(const Tokens& statement);
     // A computed column without a name is error 1038, as the table could not name it.
     void CheckColumnNames() const;
-    // The statement that makes the table for the query's `columns`.
-    Tokens CreateTable(const std::vector<ado::ColumnInfo>& columns) const;
+    // The one table the query reads (FROM t [alias], without a join, UNION or GROUP BY), as
+    // written; empty when it reads no such table.
+    QString SourceTable() const;
+    // What each of the `count` columns of the new table copies from `table`, the columns of
+    // SourceTable(): SQL Server copies NOT NULL from a column selected as it is, and IDENTITY
+    // when the identity column is selected so once; a constant is NOT NULL too. Nothing is
+    // copied when the select list does not match the `count` columns.
+    std::vector<Copy> Copies(const TableColumns& table, size_t count) const;
+    // The statement that makes the table for the query's `columns`, with their `copies` (none:
+    // every column may hold NULL).
+    Tokens CreateTable(const std::vector<ado::ColumnInfo>& columns,
+                       const std::vector<Copy>& copies) const;
     // The statement that fills it.
     Tokens Insert(const std::vector<ado::ColumnInfo>& columns) const;
 };

@@ -125,7 +125,9 @@ QString SqliteDialect::CaseInsensitiveCollation() const {
 // written in the table's definition, where FindIdentityColumn reads it back, and the counter
 // starts a step before the seed.
 IdentitySpelling SqliteDialect::Identity(std::int64_t seed, std::int64_t step) const {
-    IdentitySpelling spelling{QStringLiteral("PRIMARY KEY AUTOINCREMENT"), true, std::nullopt};
+    IdentitySpelling spelling{QStringLiteral("PRIMARY KEY AUTOINCREMENT"), true, std::nullopt,
+                              SqliteIdentities::KeylessMark()};
+    if (seed != 1) spelling.text += SqliteIdentities::SeedMark(seed);
     if (step != 1) {
         spelling.text += SqliteIdentities::StepMark(step);
         spelling.start = seed - step + 1;
@@ -472,6 +474,9 @@ QString SqliteDialect::LastIdentitySql() const {
 QString SqliteDialect::FindIdentityColumn(const QString& table) {
     const auto [schema, bare] = SchemaAndCatalogName(table);
     NoteKeyConstraints(schema, bare);
+    // What was noted of a table of that name (dropped, or in another database) goes.
+    m_keyless.removeIf(
+        [prefix = bare.toLower() + u'.'](const QString& key) { return key.startsWith(prefix); });
     const auto definition = Access().Query(
         QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table' AND name = %2 "
                        "COLLATE NOCASE")
@@ -482,7 +487,22 @@ QString SqliteDialect::FindIdentityColumn(const QString& table) {
     const auto rows =
         Access().Query(QStringLiteral("SELECT name FROM pragma_table_info(%1, %2) WHERE pk = 1")
                            .arg(SqlString(bare), SqlString(schema)));
-    return rows.empty() ? QString() : rows[0][0].ToString();
+    const QString column = rows.empty() ? QString() : rows[0][0].ToString();
+    NoteKeyless(schema, bare, column, SqliteIdentities::MarkedKeyless(sql));
+    return column;
+}
+
+// An identity marked keyless is noted, unless a unique index of its own has since made it a key.
+void SqliteDialect::NoteKeyless(const QString& schema, const QString& table, const QString& column,
+                                bool marked) {
+    if (!marked || column.isEmpty()) return;
+    const auto indexes = Access().Query(
+        QStringLiteral("SELECT count(*) FROM pragma_index_list(%1, %2) l WHERE l.\"unique\" AND "
+                       "(SELECT group_concat(name) FROM pragma_index_info(l.name, %2)) = %3 "
+                       "COLLATE NOCASE")
+            .arg(SqlString(table), SqlString(schema), SqlString(column)));
+    if (indexes.empty() || indexes[0][0].ToLong() == 0)
+        m_keyless.insert((table + u'.' + column).toLower());
 }
 
 // A UNIQUE constraint is an index of origin 'u'; its duplicate is reported by its columns.
@@ -506,12 +526,20 @@ TableColumns SqliteDialect::ColumnsOf(const QString& table) {
     TableColumns columns;
     // The identity is the AUTOINCREMENT key.
     for (const auto& row : Access().Query(
-             QStringLiteral("SELECT p.name, p.type, p.pk = 1 AND m.sql LIKE '%AUTOINCREMENT%' "
-                            "FROM pragma_table_info(%1, %2) p, %3.sqlite_master m WHERE m.type = "
-                            "'table' AND m.name = %1 COLLATE NOCASE ORDER BY p.cid")
-                 .arg(SqlString(bare), SqlString(schema), schema)))
-        columns.push_back(
-            ColumnOfType(row.at(0).ToString(), row.at(1).ToString(), row.at(2).ToLong() != 0));
+             QStringLiteral("SELECT p.name, p.type, p.pk = 1 AND m.sql LIKE '%AUTOINCREMENT%', "
+                            "p.\"notnull\", m.sql FROM pragma_table_info(%1, %2) p, "
+                            "%3.sqlite_master m WHERE m.type = 'table' AND m.name = %1 COLLATE "
+                            "NOCASE ORDER BY p.cid")
+                 .arg(SqlString(bare), SqlString(schema), schema))) {
+        TableColumn column =
+            ColumnOfType(row.at(0).ToString(), row.at(1).ToString(), row.at(2).ToLong() != 0);
+        column.notNull = column.identity || row.at(3).ToLong() != 0;
+        if (column.identity) {
+            column.seed = SqliteIdentities::MarkedSeed(row.at(4).ToString());
+            column.step = SqliteIdentities::MarkedStep(row.at(4).ToString());
+        }
+        columns.push_back(column);
+    }
     return columns;
 }
 
@@ -554,9 +582,17 @@ QString SqliteDialect::ReindexSql(const QString& table) const {
 ado::ErrorRecord SqliteDialect::MapRecord(const ado::ErrorRecord& record) const {
     ado::ErrorRecord mapped = record;
     const QString& text = record.description;
-    if (record.nativeError == kSqliteConstraintPrimaryKey)
+    if (record.nativeError == kSqliteConstraintPrimaryKey &&
+        m_keyless.contains(text.section(QStringLiteral(": "), 1).toLower())) {
+        // SQL Server keeps the value twice; SQLite's row id cannot.
+        mapped.nativeError = ado::kNativeSyntax;
+        mapped.description =
+            QStringLiteral("Construcción T-SQL no soportada: un valor repetido en la columna "
+                           "IDENTITY sin clave %1")
+                .arg(text.section(QStringLiteral(": "), 1));
+    } else if (record.nativeError == kSqliteConstraintPrimaryKey) {
         mapped.nativeError = ado::kNativeDuplicateKey;
-    else if (record.nativeError == kSqliteConstraintUnique)
+    } else if (record.nativeError == kSqliteConstraintUnique)
         // "UNIQUE constraint failed: t.a, t.b"
         mapped.nativeError = m_keyConstraints.Contains(text.section(QStringLiteral(": "), 1))
                                  ? ado::kNativeDuplicateKey

@@ -10,6 +10,8 @@
 #include "platform/tsql/SqliteIdentities.h"
 #include "platform/tsql/SqliteTableRebuild.h"
 
+#include <QSet>
+
 namespace zlx::tsql {
 
 class SqliteDialect : public EngineDialect {
@@ -93,9 +95,14 @@ private:
     SqliteTableRebuild Rebuilder(const QString& table);
 
     void NoteKeyConstraints(const QString& schema, const QString& table);
+    // Notes whether `column`, the table's identity, holds a value once only because it is the
+    // row id (marked keyless, without a unique index of its own).
+    void NoteKeyless(const QString& schema, const QString& table, const QString& column,
+                     bool marked);
 
     QStringList m_attached;          // aliases of the attached files
     KeyConstraints m_keyConstraints; // by the "t.a, t.b" that SQLite's message names
+    QSet<QString> m_keyless;         // "t.c" of the keyless identities, as m_keyConstraints
     mutable SqliteIdentities m_identities;
     // Whether the connection's target is a server folder; every translation asks, so the
     // file system is asked again only while the answer is no.

@@ -70,6 +70,13 @@ bool NamesColumn(const Tokens& tokens, const QString& column) {
     return false;
 }
 
+// The number of the mark /* zlx_identity_<what> n */ in a table's definition; 1 without one.
+std::int64_t MarkedNumber(const QString& definition, const QString& what) {
+    const QRegularExpression mark(QStringLiteral(R"(/\* zlx_identity_%1 (-?\d+) \*/)").arg(what));
+    const QRegularExpressionMatch match = mark.match(definition);
+    return match.hasMatch() ? match.captured(1).toLongLong() : 1;
+}
+
 } // namespace
 
 bool SqliteIdentities::Taken(EngineAccess& access, const Table& table) {
@@ -98,9 +105,15 @@ QString SqliteIdentities::StepMark(std::int64_t step) {
 }
 
 std::int64_t SqliteIdentities::MarkedStep(const QString& definition) {
-    static const QRegularExpression mark(QStringLiteral(R"(/\* zlx_identity_step (-?\d+) \*/)"));
-    const QRegularExpressionMatch match = mark.match(definition);
-    return match.hasMatch() ? match.captured(1).toLongLong() : 1;
+    return MarkedNumber(definition, QStringLiteral("step"));
+}
+
+QString SqliteIdentities::SeedMark(std::int64_t seed) {
+    return QStringLiteral(" /* zlx_identity_seed %1 */").arg(seed);
+}
+
+std::int64_t SqliteIdentities::MarkedSeed(const QString& definition) {
+    return MarkedNumber(definition, QStringLiteral("seed"));
 }
 
 void SqliteIdentities::NoteStep(const Table& table, std::int64_t step) {

@@ -42,6 +42,15 @@ public:
     // that MarkedStep reads the step back from the table's definition (1 when it has none).
     static QString StepMark(std::int64_t step);
     static std::int64_t MarkedStep(const QString& definition);
+    // An identity written without PRIMARY KEY or UNIQUE is still SQLite's row id, which holds a
+    // value once: the mark tells its duplicates (which SQL Server would keep) apart.
+    static QString KeylessMark() { return QStringLiteral(" /* zlx_identity_keyless */"); }
+    static bool MarkedKeyless(const QString& definition) {
+        return definition.contains(KeylessMark().trimmed());
+    }
+    // The same for a seed other than 1 (which SELECT ... INTO copies).
+    static QString SeedMark(std::int64_t seed);
+    static std::int64_t MarkedSeed(const QString& definition);
     // Such a table's INSERTs name their identity, the last one plus the step.
     void NoteStep(const Table& table, std::int64_t step);
 

@@ -3,6 +3,7 @@
 // their names in order and the kind of their T-SQL type.
 
 #include <QString>
+#include <cstdint>
 #include <vector>
 
 namespace zlx::tsql {
@@ -15,6 +16,9 @@ struct TableColumn {
     QString type; // the T-SQL type, as declared ("DECIMAL(5,2)")
     ColumnKind kind = ColumnKind::Other;
     bool identity = false; // numbered by the engine: an INSERT without column list skips it
+    bool notNull = false;  // NOT NULL (an identity always is)
+    std::int64_t seed = 1; // an identity's IDENTITY(seed, step)
+    std::int64_t step = 1;
 };
 
 using TableColumns = std::vector<TableColumn>;

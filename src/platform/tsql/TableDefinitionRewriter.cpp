@@ -136,11 +136,12 @@ void TableDefinitionRewriter::PrepareDefinitions() {
             if (identity.text.isEmpty())
                 ThrowUnsupported(QStringLiteral("IDENTITY(") + arguments + u')');
             if (!bare) m_t.erase(m_t.begin() + i + 1, m_t.begin() + close + 1);
+            const QString mark = HasOwnKey(i) ? QString() : identity.keylessMark;
             if (identity.integerKey) {
                 RetypeAsInteger(i);
                 i -= DropColumnPrimaryKey(i);
             }
-            m_t[i] = Raw(identity.text, m_t[i].leading);
+            m_t[i] = Raw(identity.text + mark, m_t[i].leading);
             m_identityStart = identity.start;
         } else if (m_t[i].IsWord(u"AUTOINCREMENT")) {
             m_t[i] = Raw(m_dialect.Autoincrement(), m_t[i].leading);
@@ -215,6 +216,14 @@ void TableDefinitionRewriter::MarkNationalText(size_t type) {
     size_t end = type + 1;
     if (m_t.SymbolAt(end, u"(")) end = m_t.Close(end) + 1;
     m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end), Raw(mark, QStringLiteral(" ")));
+}
+
+bool TableDefinitionRewriter::HasOwnKey(size_t identity) const {
+    const auto [first, last] = m_t.ColumnDefinitionAround(identity);
+    for (size_t j = first; j < last; ++j)
+        if (m_t[j].IsWord(u"UNIQUE") || (m_t[j].IsWord(u"PRIMARY") && m_t.WordAt(j + 1, u"KEY")))
+            return true;
+    return false;
 }
 
 void TableDefinitionRewriter::RetypeAsInteger(size_t identity) {

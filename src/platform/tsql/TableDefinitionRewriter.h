@@ -53,6 +53,9 @@ private:
     // Text columns compare without regard to case, as in SQL Server's default collation.
     void CollateWithoutCase(size_t type);
 
+    // Whether the identity's column definition makes it a PRIMARY KEY or UNIQUE.
+    bool HasOwnKey(size_t identity) const;
+
     void RetypeAsInteger(size_t identity);
 
     // An identity spelled as the engine's integer key already makes its column the primary

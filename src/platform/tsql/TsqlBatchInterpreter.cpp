@@ -221,19 +221,27 @@ void TsqlBatchInterpreter::Assign(const VariableAssignment& assignment) {
     m_session.m_rowCount = assignment.fromRows() ? rows.rows : 1;
 }
 
-// The new table gets the columns the engine describes for the query's first row; a failure
-// while filling it leaves no table behind.
+// The new table gets the columns the engine describes for the query's first row, with what
+// they copy from the columns of the table they come from; a failure while filling it leaves no
+// table behind.
 void TsqlBatchInterpreter::CreateFromQuery(const SelectInto& into) {
     LastRowSink described;
     m_session.ExecuteMapped(
         QStringLiteral("SELECT * FROM (%1) zlx_into LIMIT 1").arg(EngineSql(into.source)),
         described, SecondsLeft());
+    const QString sourceTable = into.SourceTable();
+    const std::vector<SelectInto::Copy> copies =
+        into.Copies(sourceTable.isEmpty() ? TableColumns() : m_session.ColumnsOf(sourceTable),
+                    described.columns.size());
     LastRowSink discarded;
-    m_current = AsTemporaryDefinition(into.CreateTable(described.columns));
+    m_current = AsTemporaryDefinition(into.CreateTable(described.columns, copies));
     m_session.RunStatement(m_current, discarded, SecondsLeft());
     try {
         m_current = into.Insert(described.columns);
-        m_session.RunStatement(m_current, m_sink, SecondsLeft());
+        if (std::any_of(copies.begin(), copies.end(), [](const auto& c) { return c.identity; }))
+            InsertCopiedIdentities(into.target);
+        else
+            m_session.RunStatement(m_current, m_sink, SecondsLeft());
     } catch (const ado::AdoError&) {
         try {
             m_session.RunStatement(
@@ -243,6 +251,27 @@ void TsqlBatchInterpreter::CreateFromQuery(const SelectInto& into) {
         }
         throw;
     }
+}
+
+// The identities are copied as IDENTITY_INSERT writes them, the next one following them; the
+// table the session had IDENTITY_INSERT on for keeps it.
+void TsqlBatchInterpreter::InsertCopiedIdentities(const Tokens& table) {
+    const QString kept = m_session.m_identityInsertTable;
+    const QString name = TokensToSql(table).trimmed();
+    LastRowSink discarded;
+    m_session.RunStatement(Tokenize(QStringLiteral("SET IDENTITY_INSERT %1 ON").arg(name)),
+                           discarded, 0);
+    try {
+        m_session.RunStatement(m_current, m_sink, SecondsLeft());
+    } catch (const ado::AdoError&) {
+        m_session.m_identityInsertTable = kept;
+        throw;
+    }
+    const std::int64_t copied = m_session.m_rowCount;
+    m_session.RunStatement(Tokenize(QStringLiteral("SET IDENTITY_INSERT %1 OFF").arg(name)),
+                           discarded, 0);
+    m_session.m_identityInsertTable = kept;
+    m_session.m_rowCount = copied;
 }
 
 void TsqlBatchInterpreter::PrintValue(const Tokens& statement) {

@@ -37,6 +37,7 @@ private:
     void ExecuteStatement(const Tokens& statement);
     void Assign(const VariableAssignment& assignment);
     void CreateFromQuery(const SelectInto& into);
+    void InsertCopiedIdentities(const Tokens& table);
     void PrintValue(const Tokens& statement);
     bool Holds(const Tokens& condition);
     QString EngineSql(const Tokens& statement);

@@ -4,6 +4,8 @@
 #include "QtPrinters.h"
 #include "SessionFixture.h"
 #include "platform/engines/AdoConstants.h"
+#include "platform/tsql/SelectInto.h"
+#include "platform/tsql/TsqlTokenizer.h"
 
 #include <QThread>
 #include <gtest/gtest.h>
@@ -171,4 +173,55 @@ TEST_P(BatchInterpreterTest, VariablesCarryTheirValuesIntoEveryKindOfStatement) 
                                   "SELECT @hoy = alta FROM gente "
                                   "SELECT @hoy + 1, '[' + @c + ']', @f / 2")),
               (QStringList{"rowset", "row 2024-03-01 00:00:00|[ab  ]|750", "end"}));
+}
+
+namespace {
+
+tsql::SelectInto SelectIntoOf(const char* sql) {
+    return *tsql::SelectInto::Read(tsql::Tokenize(QString::fromUtf8(sql)));
+}
+
+// Each copy as "identity(seed,step)", "not null" or "null".
+QStringList Described(const std::vector<tsql::SelectInto::Copy>& copies) {
+    QStringList described;
+    for (const auto& copy : copies)
+        described << (copy.identity
+                          ? QStringLiteral("identity(%1,%2)").arg(copy.seed).arg(copy.step)
+                      : copy.notNull ? QStringLiteral("not null")
+                                     : QStringLiteral("null"));
+    return described;
+}
+
+} // namespace
+
+// SELECT ... INTO copies NOT NULL and IDENTITY from the columns of the one table a query reads,
+// selected as they are; a constant and an expression of the identity are NOT NULL.
+TEST(SelectIntoTest, CopiesWhatTheColumnsOfItsOneTableHold) {
+    EXPECT_EQ(SelectIntoOf("SELECT a.id, nombre n INTO x FROM dbo.origen AS a WITH (NOLOCK) WHERE "
+                           "a.id > 1 ORDER BY 1")
+                  .SourceTable(),
+              QStringLiteral("dbo.origen"));
+    for (const char* several :
+         {"SELECT a.id INTO x FROM origen a JOIN otra b ON a.id = b.id",
+          "SELECT id INTO x FROM origen, otra", "SELECT id INTO x FROM origen UNION SELECT 1",
+          "SELECT id INTO x FROM origen GROUP BY id", "SELECT 1 AS uno INTO x"})
+        EXPECT_EQ(SelectIntoOf(several).SourceTable(), QString()) << several;
+
+    tsql::TableColumn id = tsql::ColumnOfType(QStringLiteral("id"), QStringLiteral("INT"), true);
+    id.seed = 10;
+    id.step = 5;
+    tsql::TableColumn nombre =
+        tsql::ColumnOfType(QStringLiteral("nombre"), QStringLiteral("VARCHAR(20)"));
+    nombre.notNull = true;
+    const tsql::TableColumns table{
+        id, nombre, tsql::ColumnOfType(QStringLiteral("nota"), QStringLiteral("VARCHAR(20)"))};
+    EXPECT_EQ(Described(SelectIntoOf("SELECT *, id + 1 AS siguiente, 'x' AS marca, n = nota INTO "
+                                     "x FROM origen")
+                            .Copies(table, 6)),
+              (QStringList{"identity(10,5)", "not null", "null", "not null", "not null", "null"}));
+    // The identity selected twice is copied as a NOT NULL column both times.
+    EXPECT_EQ(
+        Described(SelectIntoOf("SELECT o.id, id AS otro INTO x FROM origen o").Copies(table, 2)),
+        (QStringList{"not null", "not null"}));
+    EXPECT_TRUE(SelectIntoOf("SELECT * INTO x FROM origen").Copies(table, 2).empty());
 }

@@ -82,3 +82,35 @@ TEST_P(StoredValuesTest, ADefaultWrittenAsADateIsADateOnlyInADateColumn) {
               (QStringList{"rowset", "row 1|2024|15/03/2024|NULL|NULL|NULL",
                            "row 2|2024|15/03/2024|2024|1753|17530101", "end"}));
 }
+
+// A duplicate identity is the key's 2627 where the identity has a key of its own (in its
+// definition or added later); without one SQL Server keeps the value twice, as PostgreSQL does,
+// while SQLite, whose identity is the row id, refuses it naming what it cannot do.
+TEST_P(StoredValuesTest, AnIdentityHoldsAValueTwiceOnlyWithoutAKey) {
+    Exec(QStringLiteral("CREATE TABLE con_clave (id INT IDENTITY(1,1) PRIMARY KEY, n INT)"));
+    Exec(QStringLiteral("CREATE TABLE con_indice (id INT IDENTITY(1,1), n INT)"));
+    Exec(QStringLiteral("ALTER TABLE con_indice ADD CONSTRAINT con_indice_PKEY_id PRIMARY KEY "
+                        "NONCLUSTERED (id)"));
+    Exec(QStringLiteral("CREATE TABLE sin_clave (id INT IDENTITY(1,1), n INT)"));
+    const auto duplicate = [this](const char* table) {
+        Exec(QStringLiteral("INSERT INTO %1 (n) VALUES (1)").arg(QLatin1String(table)));
+        return QStringLiteral("SET IDENTITY_INSERT %1 ON INSERT INTO %1 (id, n) VALUES (1, 2)")
+            .arg(QLatin1String(table));
+    };
+    EXPECT_EQ(NativeErrorOf(duplicate("con_clave")), 2627);
+    EXPECT_EQ(NativeErrorOf(duplicate("con_indice")), 2627);
+    if (Postgres()) {
+        Exec(duplicate("sin_clave"));
+        EXPECT_EQ(Column(QStringLiteral("SELECT id FROM sin_clave")), (QStringList{"1", "1"}));
+        return;
+    }
+    try {
+        Exec(duplicate("sin_clave"));
+        ADD_FAILURE() << "the duplicate was stored";
+    } catch (const ado::AdoError& error) {
+        EXPECT_EQ(error.Records().front().description,
+                  QStringLiteral("Construcción T-SQL no soportada: un valor repetido en la "
+                                 "columna IDENTITY sin clave sin_clave.id"));
+    }
+    EXPECT_EQ(Column(QStringLiteral("SELECT n FROM sin_clave")), QStringList{"1"});
+}
