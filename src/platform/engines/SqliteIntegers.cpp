@@ -137,12 +137,46 @@ void Result(sqlite3_context* context, int, sqlite3_value** values) {
     sqlite3_result_value(context, value);
 }
 
+// What a BIT column stores: 1 for any number but 0, the words TRUE and FALSE in any case.
+void Bit(sqlite3_context* context, int, sqlite3_value** values) {
+    sqlite3_value* value = values[0];
+    switch (sqlite3_value_type(value)) {
+    case SQLITE_NULL:
+        return sqlite3_result_null(context);
+    case SQLITE_INTEGER:
+        return sqlite3_result_int(context, sqlite3_value_int64(value) != 0 ? 1 : 0);
+    case SQLITE_FLOAT:
+        return sqlite3_result_int(context, sqlite3_value_double(value) != 0 ? 1 : 0);
+    case SQLITE_BLOB: {
+        const auto* bytes = static_cast<const unsigned char*>(sqlite3_value_blob(value));
+        const int size = sqlite3_value_bytes(value);
+        return sqlite3_result_int(
+            context, std::any_of(bytes, bytes + size, [](unsigned char b) { return b != 0; }));
+    }
+    default:
+        break;
+    }
+    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)),
+                                           sqlite3_value_bytes(value));
+    const QString word = text.trimmed();
+    if (word.compare(u"TRUE", Qt::CaseInsensitive) == 0) return sqlite3_result_int(context, 1);
+    if (word.compare(u"FALSE", Qt::CaseInsensitive) == 0) return sqlite3_result_int(context, 0);
+    bool number = false;
+    const double read = word.toDouble(&number);
+    if (!number)
+        return Fail(context, QStringLiteral("Conversion failed when converting the varchar value "
+                                            "'%1' to data type bit.")
+                                 .arg(text));
+    sqlite3_result_int(context, read != 0 ? 1 : 0);
+}
+
 } // namespace
 
 void Install(sqlite3* db) {
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function(db, "zlx_integer", 2, flags, nullptr, &Cast, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_integer_result", 2, flags, nullptr, &Result, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_bit", 1, flags, nullptr, &Bit, nullptr, nullptr);
 }
 
 } // namespace zlx::ado::SqliteIntegers

@@ -6,6 +6,8 @@
 // fails as SQL Server's overflow errors (220, 244, 248, 8115). zlx_integer_result(x, type) is
 // an arithmetic result of that type, failing as 8115 beyond its range (SQLite would go on in 64
 // bits, or in floating point past them). `type` is tinyint, smallint, int or bigint.
+// zlx_bit(x) is what a BIT column stores: 1 for any number but 0, TRUE and FALSE as 1 and 0,
+// another text error 245.
 
 struct sqlite3;
 

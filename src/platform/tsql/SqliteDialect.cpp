@@ -147,6 +147,10 @@ QString SqliteDialect::CheckedDivisor(const QString& divisor) const {
 }
 
 // SQLite keeps any number in a NUMERIC column.
+QString SqliteDialect::StoredBit(const QString& value) const {
+    return QStringLiteral("zlx_bit(%1)").arg(value);
+}
+
 QString SqliteDialect::ScaledDecimal(const QString& value, int precision, int scale) const {
     return QStringLiteral("zlx_decimal(%1, %2, %3)").arg(value).arg(precision).arg(scale);
 }

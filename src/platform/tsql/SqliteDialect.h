@@ -36,6 +36,7 @@ public:
     QString IntegerResult(const QString& value, const QString& type) const override;
     bool ChecksIntegerArithmetic() const override { return false; }
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
+    QString StoredBit(const QString& value) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;

@@ -1,6 +1,5 @@
 -- What INSERT and UPDATE store in a BIT column is 1 for any number but 0 and for TRUE, so that
 -- the column compared with 1 finds each of them.
--- gap sqlite: SELECT COUNT(*) FROM t WHERE b = 1 answers row 1, not row 4 (the numbers are kept as written)
 -- run
 CREATE TABLE t (id INT, b BIT)
 -- run
