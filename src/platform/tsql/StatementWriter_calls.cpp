@@ -80,7 +80,8 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
 
 CallArgument StatementWriter::ArgumentOf(size_t from, size_t to) {
     const bool text = to == from + 1 && m_t[from].kind == TokenKind::String;
-    return CallArgument{Range(from, to), text, text ? m_t[from].text : QString()};
+    return CallArgument{Range(from, to), text, text ? m_t[from].text : QString(),
+                        !text && IsDateOperand(from, to)};
 }
 
 std::vector<CallArgument> StatementWriter::CallArguments(size_t open, size_t close,

@@ -141,6 +141,9 @@ QString DateFunctionWriter::IsDate(const CallArgument& value) const {
     if (value.isText)
         return ado::ReadDate(value.text, m_settings.order).error ? QStringLiteral("0")
                                                                  : QStringLiteral("1");
+    // A date's text is always one (whatever DATEFORMAT says of the engine's stored text).
+    if (value.isDate)
+        return QStringLiteral("(CASE WHEN %1 IS NULL THEN 0 ELSE 1 END)").arg(value.sql.trimmed());
     const QString sql = m_dialect.IsDate(value.sql.trimmed(), m_settings.order);
     if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("ISDATE de una expresión"));
     return sql;

@@ -15,6 +15,7 @@ struct CallArgument {
     QString sql;
     bool isText = false; // a single text literal, whose value is `text`
     QString text;
+    bool isDate = false; // of a date type (a date column, a date function's result)
 };
 
 struct DateSettings {

@@ -1,5 +1,4 @@
 -- ISDATE of a DATETIME column is 1 for each date and 0 for NULL.
--- gap sqlite: SELECT id, ISDATE(d) FROM t answers row 1|0, not row 1|1 (the stored ISO text is read under DATEFORMAT dmy)
 -- run
 CREATE TABLE t (id INT, d DATETIME)
 -- run
