@@ -1,6 +1,5 @@
 -- A BIT column takes the words TRUE and FALSE and texts of numbers; any other text is error 245,
 -- and a stored text of a number is 1 unless it is 0.
--- gap postgres: INSERT INTO t VALUES (1, 'abc') answers error 8114, not error 245
 -- run
 CREATE TABLE t (id INT, b BIT)
 -- run
