@@ -140,7 +140,13 @@ std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow, bool* rea
         ColumnInfo& column = columns[static_cast<std::size_t>(i)];
         column.name = QString::fromUtf8(sqlite3_column_name(statement, i));
         column.attributes = adFldIsNullable | adFldMayBeNull;
-        if (const char* table = sqlite3_column_table_name(statement, i))
+        const char* table = sqlite3_column_table_name(statement, i);
+        // temp.zlx_bits only lends its BIT type to CAST(x AS BIT): no base table of a value.
+        if (table && qstrcmp(table, "zlx_bits") == 0) {
+            ApplyDeclaredType(QStringLiteral("BIT"), column);
+            continue;
+        }
+        if (table)
             column.baseTable = QualifiedTable(sqlite3_column_database_name(statement, i), table);
         if (const char* origin = sqlite3_column_origin_name(statement, i)) {
             column.baseColumn = QString::fromUtf8(origin);

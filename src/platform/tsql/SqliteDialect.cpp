@@ -151,6 +151,12 @@ QString SqliteDialect::StoredBit(const QString& value) const {
     return QStringLiteral("zlx_bit(%1)").arg(value);
 }
 
+// An expression's column is read by the kind of its first value, a column's by its declared type:
+// the value is found in a table whose BIT column gives the expression that type (a Boolean).
+QString SqliteDialect::BitCast(const QString& value) const {
+    return QStringLiteral("(SELECT b FROM temp.zlx_bits WHERE b = zlx_bit(%1))").arg(value);
+}
+
 QString SqliteDialect::ScaledDecimal(const QString& value, int precision, int scale) const {
     return QStringLiteral("zlx_decimal(%1, %2, %3)").arg(value).arg(precision).arg(scale);
 }
@@ -192,6 +198,8 @@ QStringList SqliteDialect::CatalogStatements(const QString&) {
                               "NOCASE, filename TEXT)"),
                QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS sysprocesses (hostname TEXT "
                               "COLLATE NOCASE, hostprocess INTEGER)"),
+               QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS zlx_bits (b BIT PRIMARY KEY)"),
+               QStringLiteral("INSERT OR IGNORE INTO temp.zlx_bits VALUES (0), (1)"),
            } +
            ObjectViews(QString());
 }

@@ -37,6 +37,7 @@ public:
     bool ChecksIntegerArithmetic() const override { return false; }
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString StoredBit(const QString& value) const override;
+    QString BitCast(const QString& value) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;

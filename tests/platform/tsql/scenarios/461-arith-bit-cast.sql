@@ -1,5 +1,4 @@
 -- CAST(x AS BIT) is a Boolean: True for any number but 0 and for 'TRUE', NULL for NULL.
--- gap sqlite: CAST(... AS BIT) is refused with 0x80040E14
 -- run
 CREATE TABLE t (id INT, n INT)
 -- run
