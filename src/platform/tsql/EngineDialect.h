@@ -186,8 +186,17 @@ public:
     // `value`, the result of integer arithmetic of T-SQL type `type` (upper case), failing as
     // SQL Server's arithmetic overflow (8115) beyond the type's range.
     virtual QString IntegerResult(const QString& value, const QString& type) const;
-    // Whether the engine's integer arithmetic fails beyond its operands' type by itself.
-    virtual bool ChecksIntegerArithmetic() const { return true; }
+    // Whether the engine's integer arithmetic of T-SQL type `type` fails beyond it by itself.
+    virtual bool ChecksIntegerArithmetic(const QString& type) const {
+        (void)type;
+        return true;
+    }
+    // `value`, the left operand of integer arithmetic the engine does not check, in a type wide
+    // enough for the result to be checked after it; empty: the engine's own type is.
+    virtual QString WidenedOperand(const QString& value) const {
+        (void)value;
+        return {};
+    }
     // DB_NAME(): the current database's name.
     virtual QString CurrentDatabaseName() const = 0;
     // The divisor of "/" and "%" checked for zero, for an engine whose division by zero is no

@@ -109,6 +109,21 @@ QString PostgresDialect::IntegerCast(const QString& value, const QString& type) 
         .arg(value, IntegerTypeName(type), CastType(type));
 }
 
+// PostgreSQL's smallint arithmetic fails with an error of its own (220 as a stored value's), and
+// TINYINT is a smallint: both are computed as integers and held to their type by zlx_int_result.
+bool PostgresDialect::ChecksIntegerArithmetic(const QString& type) const {
+    return type != u"TINYINT" && type != u"SMALLINT";
+}
+
+QString PostgresDialect::WidenedOperand(const QString& value) const {
+    return QStringLiteral("CAST(%1 AS integer)").arg(value);
+}
+
+QString PostgresDialect::IntegerResult(const QString& value, const QString& type) const {
+    if (ChecksIntegerArithmetic(type)) return EngineDialect::IntegerResult(value, type);
+    return QStringLiteral("zlx_int_result(%1, '%2')").arg(value, IntegerTypeName(type));
+}
+
 // TINYINT is a smallint held to 0-255.
 QString PostgresDialect::ColumnCheck(const QString& column, const QString& type) const {
     if (type != u"TINYINT") return {};
@@ -351,18 +366,22 @@ QString TsqlTypeOf(const QString& type) {
 
 } // namespace
 
+// A TINYINT is a smallint with its range check (see ColumnCheck).
 QString PostgresDialect::ColumnTypeNamed(const QString& column) {
     static const TypeName texts[] = {
         {"character varying", "VARCHAR"}, {"character", "CHAR"}, {"text", "TEXT"}};
     const auto rows = Access().Query(
         QStringLiteral("SELECT DISTINCT format_type(a.atttypid, a.atttypmod), "
-                       "CAST(a.attcompression = 'p' AS integer) FROM pg_attribute a JOIN pg_class "
+                       "CAST(a.attcompression = 'p' AS integer), CAST(EXISTS (SELECT 1 FROM "
+                       "pg_constraint k WHERE k.conrelid = c.oid AND k.conname = 'zlx_220_' || "
+                       "a.attname) AS integer) FROM pg_attribute a JOIN pg_class "
                        "c ON c.oid = a.attrelid WHERE c.relnamespace = CAST(current_schema() AS "
                        "regnamespace) AND c.relkind IN ('r', 'v') AND a.attname = lower(%1) AND "
                        "a.attnum > 0 AND NOT a.attisdropped")
             .arg(SqlString(column)));
     if (rows.size() != 1) return {};
     const QString type = rows[0].at(0).ToString().section(u'.', -1);
+    if (rows[0].at(2).ToLong() == 1) return QStringLiteral("TINYINT");
     if (const QString tsql = TsqlTypeOf(type); !tsql.isEmpty()) return tsql;
     const QString base = type.section(u'(', 0, 0);
     const QString text = LookUpType(texts, base);

@@ -26,6 +26,9 @@ public:
     QString CurrentDatabaseName() const override;
     QString TruncatingCast(const QString& value, const QString& engineType) const override;
     QString IntegerCast(const QString& value, const QString& type) const override;
+    QString IntegerResult(const QString& value, const QString& type) const override;
+    bool ChecksIntegerArithmetic(const QString& type) const override;
+    QString WidenedOperand(const QString& value) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;

@@ -5,7 +5,9 @@ namespace zlx::tsql {
 // zlx_int_range(n, type, text) holds n to the type's range, `text` the text it was read from
 // (NULL for a number). A text column's collation ignores case, which a regular expression cannot
 // take: the text is matched under "C". An integer goes in whole (without a call where its type
-// holds it), a real as its exact decimal.
+// holds it), a real as its exact decimal. zlx_int_result(n, type) holds the integer result of
+// TINYINT or SMALLINT arithmetic to its type (error 8115), made apart so that databases made
+// before it get it.
 QString NumberFunctions() {
     return QStringLiteral(R"sql(IF to_regprocedure('zlx_trunc(text,text)') IS NULL THEN
 CREATE FUNCTION zlx_int_range(n numeric, type text, v text) RETURNS numeric LANGUAGE plpgsql
@@ -38,6 +40,15 @@ CREATE FUNCTION zlx_trunc(v integer, type text) RETURNS numeric LANGUAGE sql IMM
 AS $f$ SELECT CASE WHEN type IN ('int', 'bigint') THEN v ELSE zlx_int_range(v, type, NULL) END $f$;
 CREATE FUNCTION zlx_trunc(v bigint, type text) RETURNS numeric LANGUAGE sql IMMUTABLE STRICT
 AS $f$ SELECT CASE WHEN type = 'bigint' THEN v ELSE zlx_int_range(v, type, NULL) END $f$;
+END IF;
+IF to_regprocedure('zlx_int_result(integer,text)') IS NULL THEN
+CREATE FUNCTION zlx_int_result(n integer, type text) RETURNS smallint LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$ BEGIN
+IF (type = 'tinyint' AND (n < 0 OR n > 255)) OR (type = 'smallint' AND (n < -32768 OR n > 32767))
+THEN RAISE EXCEPTION USING ERRCODE = '22003', MESSAGE = format('Arithmetic overflow error '
+'converting expression to data type %s.', type); END IF;
+RETURN n;
+END $f$;
 END IF;)sql");
 }
 

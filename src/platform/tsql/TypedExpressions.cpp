@@ -150,8 +150,10 @@ TypedExpressions::Typed TypedExpressions::Combine(const Typed& left, const QStri
     result.type = leftRank > rightRank ? left.type : right.type;
     if (!record || result.literal) return result;
     if (IsIntegerType(result.type)) {
-        if (op != u"/" && op != u"%" && !m_dialect.ChecksIntegerArithmetic())
+        if (op != u"/" && op != u"%" && !m_dialect.ChecksIntegerArithmetic(result.type)) {
+            AddWrap(left.first, left.last, m_dialect.WidenedOperand(kValue));
             AddWrap(result.first, result.last, m_dialect.IntegerResult(kValue, result.type));
+        }
         return result;
     }
     // An engine that keeps any number in a number column may hold a whole MONEY as an integer:
