@@ -219,6 +219,11 @@ private:
     bool RetryAfterTimeout(bool lHideError, bool& retriedHidden, const QString& title);
     // Runs the action, once more after a reconnection; the failure when it did not succeed.
     std::optional<Failure> RunWithReconnect(const std::function<void()>& action);
+    // Insert's batches go one after another, each sent while the next is written: `next` is
+    // sent (or, when empty, the last one's answers are read), after the answers of `sent`, the
+    // one before it. False: one of them failed, and the insert stops as if that batch's own
+    // call had failed; after a reconnection a batch whose answers were lost runs again first.
+    bool SendInsertBatch(const QString& next, QString& sent, QString& unanswered);
     // One value as a piece of a VALUES or SET list (code 8 shown for a Null it cannot write).
     QString ValuePiece(const Variant& value);
     void ReleaseLocks();

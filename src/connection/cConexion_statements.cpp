@@ -2,6 +2,9 @@
 #include "connection/StatementText.h"
 #include "connection/cConexion.h"
 #include "platform/companion/cMatriz.h"
+#include "platform/engines/EarlierBatchFailure.h"
+
+#include <utility>
 
 namespace zlx {
 
@@ -33,56 +36,69 @@ std::int32_t cConexion::Insert(const QString& cTabla, const Variant& xCampos,
         return -1;
     }
     const QString head = StatementText::InsertHead(cTabla, StatementText::FieldList(xCampos));
-    // Appends an INSERT of the values to `text`; an unwritable value stops the insert.
+    // Appends an INSERT of the values to `text`; answers the position of an unwritable value.
     const auto appendInsert = [&](QString& text, const auto& cell, std::int32_t first,
-                                  std::int32_t last, const auto& where) {
+                                  std::int32_t last) -> std::optional<std::int32_t> {
         text += head;
         for (std::int32_t i = first; i <= last; ++i) {
             const QString piece = ValuePiece(cell(i));
-            if (piece.isEmpty()) {
-                ShowConexionError(zlxConexionError_InsertBadValue, {}, where(i));
-                return false;
-            }
+            if (piece.isEmpty()) return i;
             text += piece;
         }
         if (last >= first) text.chop(1); // the last piece's comma
         text += QStringLiteral(") ");
-        return true;
-    };
-    const auto run = [&](const QString& batch) {
-        return !RunWithReconnect([&] { RunNoRecords(batch, Main()); });
+        return std::nullopt;
     };
     if (const VariantArrayPtr values = xValores.ToArray()) {
         QString statement;
-        const auto where = [](std::int32_t i) {
-            return QStringLiteral("Posición: (Col.=%1) Valor: ").arg(i);
-        };
-        if (!appendInsert(
+        if (const auto bad = appendInsert(
                 statement, [&](std::int32_t i) { return values->At(i); }, values->LBound(),
-                values->UBound(), where))
+                values->UBound())) {
+            ShowConexionError(zlxConexionError_InsertBadValue, {},
+                              QStringLiteral("Posición: (Col.=%1) Valor: ").arg(*bad));
             return -1;
-        return run(statement) ? 0 : -1;
+        }
+        return RunWithReconnect([&] { RunNoRecords(statement, Main()); }) ? -1 : 0;
     }
     const auto matrix = xValores.IsObject() && xValores.TypeName() == u"cMatriz"
                             ? std::dynamic_pointer_cast<cMatriz>(xValores.ToObject())
                             : nullptr;
     if (!matrix) return 0;
-    QString batch;
+    QString batch, sent, unanswered;
     for (std::int32_t row = matrix->FirstRow(); row <= matrix->LastRow(); ++row) {
-        const auto where = [row](std::int32_t col) {
-            return QStringLiteral("Posición: (Línea=%1, Col.=%2) Valor: ").arg(row).arg(col);
-        };
-        if (!appendInsert(
+        if (const auto bad = appendInsert(
                 batch, [&](std::int32_t col) { return matrix->Item(row, col); }, matrix->FirstCol(),
-                matrix->LastCol(), where))
+                matrix->LastCol())) {
+            // The batches before it are answered first: a failure among them stops the insert.
+            if (!SendInsertBatch({}, sent, unanswered)) return -1;
+            ShowConexionError(
+                zlxConexionError_InsertBadValue, {},
+                QStringLiteral("Posición: (Línea=%1, Col.=%2) Valor: ").arg(row).arg(*bad));
             return -1;
+        }
         if (row % 50 == 0) {
-            if (!run(batch)) return -1;
-            // The next batch reuses the text's room.
-            batch.resize(0);
+            if (!SendInsertBatch(batch, sent, unanswered)) return -1;
+            batch = QString(); // `sent` keeps the text until its answers are read
+            batch.reserve(sent.size());
         }
     }
-    return batch.isEmpty() || run(batch) ? 0 : -1;
+    if (!batch.isEmpty() && !SendInsertBatch(batch, sent, unanswered)) return -1;
+    return SendInsertBatch({}, sent, unanswered) ? 0 : -1;
+}
+
+bool cConexion::SendInsertBatch(const QString& next, QString& sent, QString& unanswered) {
+    return !RunWithReconnect([&] {
+        if (!unanswered.isEmpty()) RunNoRecords(unanswered, Main());
+        unanswered.clear();
+        try {
+            next.isEmpty() ? Main().SettleDeferred() : Main().ExecuteDeferred(next);
+        } catch (const ado::EarlierBatchFailure&) {
+            // Run again only when the link was lost and reopened (RunWithReconnect).
+            unanswered = std::exchange(sent, QString());
+            throw;
+        }
+        sent = next;
+    });
 }
 
 std::int32_t cConexion::Update(const QString& cTabla, std::int32_t nZolmarID,

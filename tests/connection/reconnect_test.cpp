@@ -53,6 +53,35 @@ protected:
         }
         return false;
     }
+    // Inserts 60 rows (two batches) while another session holds `key` without committing, so
+    // that the batch's INSERT of it waits, and ends the waiting session: the insert succeeds
+    // after the reconnection with each row stored once.
+    void InsertsWhileAnotherSessionHoldsKey(int key) {
+        Run("CREATE TABLE k (ZolmarID INT NOT NULL PRIMARY KEY, n INT)");
+        const ado::ConnectionPtr holder = NativeSession();
+        long affected = 0;
+        holder->Execute("BEGIN; INSERT INTO " + m_database.toLower() +
+                            QString(".k VALUES (%1, 0)").arg(key),
+                        affected, ado::adCmdText);
+        bool killed = false;
+        std::thread killer([&] {
+            killed = KillMySessionWaitingForALock();
+            long rolledBack = 0;
+            holder->Execute("ROLLBACK", rolledBack, ado::adCmdText);
+        });
+        auto rows = std::make_shared<cMatriz>();
+        rows->Dimension(1, 2, 1, 0);
+        for (int i = 1; i <= 60; ++i)
+            rows->AddRow(Variant::Array({Variant(i), Variant(i * 10)}));
+        LibraryState::Instance().AutoReconectar(true);
+        const std::int32_t inserted =
+            m_cn->Insert("k", Variant::Array({Variant("ZolmarID"), Variant("n")}), Variant(rows));
+        killer.join();
+        EXPECT_TRUE(killed);
+        EXPECT_EQ(inserted, 0);
+        EXPECT_EQ(m_cn->Execute("SELECT count(*) FROM k", zlxExecuteReturn_Value).ToLong(), 60);
+        EXPECT_EQ(m_cn->Execute("SELECT sum(n) FROM k", zlxExecuteReturn_Value).ToLong(), 18300);
+    }
 };
 
 } // namespace
@@ -96,32 +125,15 @@ TEST_P(LostLink, AServerThatNoLongerAnswersIsTriedAFewTimesThenDeclaredLost) {
 
 // The link breaks while a batch of the matrix's INSERTs is on the server: the batch ran as one
 // transaction there, so the broken link undid it whole, and running it again after the
-// reconnection stores each row exactly once.
-TEST_P(LostLink, AnInsertWhoseLinkBreaksInTheMiddleOfABatchStoresEachRowOnce) {
-    Run("CREATE TABLE k (ZolmarID INT NOT NULL PRIMARY KEY, n INT)");
-    // Another session holds key 30 without committing: the batch's INSERT of 30 waits for it.
-    const ado::ConnectionPtr holder = NativeSession();
-    long affected = 0;
-    holder->Execute("BEGIN; INSERT INTO " + m_database.toLower() + ".k VALUES (30, 0)", affected,
-                    ado::adCmdText);
-    bool killed = false;
-    std::thread killer([&] {
-        killed = KillMySessionWaitingForALock();
-        long rolledBack = 0;
-        holder->Execute("ROLLBACK", rolledBack, ado::adCmdText);
-    });
-    auto rows = std::make_shared<cMatriz>();
-    rows->Dimension(1, 2, 1, 0);
-    for (int i = 1; i <= 60; ++i)
-        rows->AddRow(Variant::Array({Variant(i), Variant(i * 10)}));
-    LibraryState::Instance().AutoReconectar(true);
-    const std::int32_t inserted =
-        m_cn->Insert("k", Variant::Array({Variant("ZolmarID"), Variant("n")}), Variant(rows));
-    killer.join();
-    EXPECT_TRUE(killed);
-    EXPECT_EQ(inserted, 0);
-    EXPECT_EQ(m_cn->Execute("SELECT count(*) FROM k", zlxExecuteReturn_Value).ToLong(), 60);
-    EXPECT_EQ(m_cn->Execute("SELECT sum(n) FROM k", zlxExecuteReturn_Value).ToLong(), 18300);
+// reconnection stores each row exactly once. Each batch's answers are read while the next one
+// goes, so the break is found by the call that sends the second batch (key 30 held, in the
+// first batch) or by the one that reads the last batch's answers (key 55, in the second).
+TEST_P(LostLink, AnInsertWhoseLinkBreaksInTheFirstBatchStoresEachRowOnce) {
+    InsertsWhileAnotherSessionHoldsKey(30);
+}
+
+TEST_P(LostLink, AnInsertWhoseLinkBreaksInTheLastBatchStoresEachRowOnce) {
+    InsertsWhileAnotherSessionHoldsKey(55);
 }
 
 ZLX_ON_POSTGRES(LostLink);

@@ -72,6 +72,40 @@ TEST_P(ServerConexion, RowCountsIdentitiesAndBatches) {
     EXPECT_TRUE(m_messages.Messages().empty());
 }
 
+// A duplicate key in the second of three batches: the rows before it stay, nothing after it
+// runs (the third batch is never sent), and the error state is the one the failing statement
+// gives when run alone.
+TEST_P(ServerConexion, AnInsertStopsAtTheFirstFailingRowOfItsBatch) {
+    ASSERT_TRUE(
+        m_cn->Execute("CREATE TABLE k (ZolmarID INT NOT NULL PRIMARY KEY, n INT)").ToBool());
+    auto rows = std::make_shared<cMatriz>();
+    rows->Dimension(1, 2, 1, 0);
+    for (int i = 1; i <= 120; ++i)
+        rows->AddRow(Variant::Array({Variant(i == 75 ? 10 : i), Variant(i)}));
+    EXPECT_EQ(m_cn->Insert("k", Variant::Array({Variant("ZolmarID"), Variant("n")}), Variant(rows)),
+              -1);
+    const std::int32_t native = m_cn->GetLastSQLNativeError();
+    const QString description = m_cn->GetLastErrorDescription();
+    EXPECT_EQ(native, 2627);
+    EXPECT_EQ(m_cn->Execute("SELECT count(*) FROM k", zlxExecuteReturn_Value).ToLong(), 74);
+    EXPECT_EQ(m_cn->Execute("SELECT max(n) FROM k", zlxExecuteReturn_Value).ToLong(), 74);
+
+    m_cn->Execute("INSERT INTO k (ZolmarID, n) VALUES (10, 75)", zlxExecuteReturn_Nothing, {},
+                  true);
+    EXPECT_EQ(m_cn->GetLastSQLNativeError(), native);
+    EXPECT_EQ(m_cn->GetLastErrorDescription(), description);
+    EXPECT_TRUE(m_messages.Messages().empty());
+
+    // The connection goes on as before: a later insert and its @@ROWCOUNT.
+    auto more = std::make_shared<cMatriz>();
+    more->Dimension(1, 2, 1, 0);
+    for (int i = 201; i <= 260; ++i)
+        more->AddRow(Variant::Array({Variant(i), Variant(i)}));
+    EXPECT_EQ(m_cn->Insert("k", Variant::Array({Variant("ZolmarID"), Variant("n")}), Variant(more)),
+              0);
+    EXPECT_EQ(m_cn->Execute("SELECT count(*) FROM k", zlxExecuteReturn_Value).ToLong(), 134);
+}
+
 TEST_P(ServerConexion, NamedTransactionsFollowTheLibraryCount) {
     m_cn->BeginTrans("Def_Guardar_t");
     m_cn->BeginTrans(QString(40, u'x'));

@@ -2,6 +2,7 @@
 
 #include "platform/ado/AdoErrorTexts.h"
 #include "platform/dbfengine/FoxDriver.h"
+#include "platform/engines/EarlierBatchFailure.h"
 #include "platform/engines/OdbcDriver.h"
 #include "platform/engines/PostgresDriver.h"
 #include "platform/engines/SqliteDriver.h"
@@ -202,6 +203,7 @@ void Connection::Close() {
     m_driver.reset();
     m_state = adStateClosed;
     m_transactionLevel = 0;
+    m_deferredPending = false;
     emit Disconnect(adStatusOK);
 }
 
@@ -231,6 +233,7 @@ Driver& Connection::ActiveDriver() {
 }
 
 void Connection::ExecuteInto(const QString& text, ResultSink& sink, long /*options*/) {
+    if (m_deferredPending) SettleDeferred();
     long recordsAffected = -1;
     Guarded([&] {
         RequireOpen();
@@ -263,6 +266,50 @@ std::shared_ptr<Recordset> Connection::Execute(const QString& text, long& record
     }
     recordsAffected = m_lastRecordsAffected;
     return recordset;
+}
+
+void Connection::ExecuteDeferred(const QString& text) {
+    Guarded([&] {
+        RequireOpen();
+        try {
+            m_driver->ExecuteDeferred(text, static_cast<int>(m_commandTimeout));
+        } catch (const EarlierBatchFailure& error) {
+            DeferredSettled(&error);
+            throw;
+        } catch (const AdoError& error) {
+            // The batch before this one was answered, and this one failed.
+            DeferredSettled(nullptr);
+            m_deferredPending = true;
+            DeferredSettled(&error);
+            throw;
+        }
+        DeferredSettled(nullptr);
+        m_deferredPending = true;
+    });
+}
+
+void Connection::SettleDeferred() {
+    if (!m_deferredPending) return;
+    Guarded([&] {
+        try {
+            if (m_driver) m_driver->SettleDeferred();
+        } catch (const AdoError& error) {
+            DeferredSettled(&error);
+            throw;
+        }
+        DeferredSettled(nullptr);
+    });
+}
+
+// The ExecuteComplete owed for the batch of ExecuteDeferred, if any.
+void Connection::DeferredSettled(const AdoError* failure) {
+    if (!m_deferredPending) return;
+    m_deferredPending = false;
+    m_lastRecordsAffected = -1;
+    if (failure)
+        emit ExecuteComplete(-1, failure->Number(), failure->Description(), adStatusErrorsOccurred);
+    else
+        emit ExecuteComplete(-1, 0, QString(), adStatusOK);
 }
 
 ConnectionLink Connection::Link() {

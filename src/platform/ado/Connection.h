@@ -46,6 +46,12 @@ public:
     // `recordsAffected` receives the first result's count (-1 for a rowset).
     std::shared_ptr<Recordset> Execute(const QString& text, long& recordsAffected,
                                        long options = adCmdText);
+    // Runs `text` as Execute with adExecuteNoRecords does, but the engine may still be running
+    // it on return (Driver::ExecuteDeferred), so that the caller prepares its next batch
+    // meanwhile. Its ExecuteComplete comes once its answers are read, by the next ExecuteDeferred,
+    // Execute or SettleDeferred, and its failure is thrown there as an EarlierBatchFailure.
+    void ExecuteDeferred(const QString& text);
+    void SettleDeferred();
 
     long BeginTrans();
     void CommitTrans();
@@ -79,6 +85,7 @@ private:
     void RequireOpen() const;
     void RequireClosed() const;
     template <class Operation> void Guarded(Operation&& operation);
+    void DeferredSettled(const AdoError* failure);
 
     ado::ConnectionString m_connectionString;
     DriverPtr m_driver;
@@ -92,6 +99,7 @@ private:
     QTimer m_connectTimer;
     std::unique_ptr<AdoError> m_connectError;
     long m_lastRecordsAffected = -1;
+    bool m_deferredPending = false; // a batch of ExecuteDeferred whose ExecuteComplete is owed
 };
 
 using ConnectionPtr = std::shared_ptr<Connection>;

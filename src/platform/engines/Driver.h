@@ -88,6 +88,16 @@ public:
     // `timeoutSeconds` 0 waits forever; past it the statement is cancelled and AdoError
     // adHrTimeout is thrown. Errors throw AdoError with the engine's records.
     virtual void Execute(const QString& batch, ResultSink& sink, int timeoutSeconds) = 0;
+    // A batch whose results nobody reads. An engine may send it and return while it runs, so
+    // that the caller prepares its next batch meanwhile: the batch's answers are then read by
+    // the next call on the driver before that call's own work reaches the engine (or by
+    // SettleDeferred), and its failure is thrown by that call as an EarlierBatchFailure.
+    // Here it runs at once.
+    virtual void ExecuteDeferred(const QString& batch, int timeoutSeconds) {
+        DiscardingSink none;
+        Execute(batch, none, timeoutSeconds);
+    }
+    virtual void SettleDeferred() {}
 
     // Asynchronous execution: start, then poll; PollExecute delivers whatever results are
     // ready to `sink` and answers true when the batch has finished (or throws its error).

@@ -251,6 +251,7 @@ void PostgresDriver::FinishConnect() {
 
 void PostgresDriver::Disconnect() {
     m_batch.reset();
+    m_sentRun.reset();
     if (m_cancel) PQfreeCancel(m_cancel);
     m_cancel = nullptr;
     if (m_conn) PQfinish(m_conn);
@@ -472,11 +473,23 @@ void PostgresDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {
 
 PipelineRun PostgresDriver::RunPipeline(const std::vector<QByteArray>& statements, RunGuard guard,
                                         int timeoutSeconds, ResultSink& notices) {
+    SendPipeline(statements, guard, timeoutSeconds);
+    return FinishPipeline(notices);
+}
+
+void PostgresDriver::SendPipeline(std::vector<QByteArray> statements, RunGuard guard,
+                                  int timeoutSeconds) {
     if (!IsConnected()) ThrowNotConnected();
+    m_sentRun = std::make_unique<PostgresPipeline>(m_conn);
+    m_sentRun->Send(std::move(statements), guard, timeoutSeconds);
+}
+
+PipelineRun PostgresDriver::FinishPipeline(ResultSink& notices) {
+    const std::unique_ptr<PostgresPipeline> run = std::move(m_sentRun);
     m_noticeSink = &notices;
-    PipelineRun run = PostgresPipeline(m_conn).Run(statements, guard, timeoutSeconds);
+    PipelineRun answers = run->Finish();
     m_noticeSink = nullptr;
-    return run;
+    return answers;
 }
 
 void PostgresDriver::RunSimple(const QString& sql) {

@@ -47,6 +47,10 @@ public:
     // notices go to `notices`.
     PipelineRun RunPipeline(const std::vector<QByteArray>& statements, RunGuard guard,
                             int timeoutSeconds, ResultSink& notices);
+    // The same in two steps: the run is sent, and its answers are read by FinishPipeline, the
+    // next thing done on the connection.
+    void SendPipeline(std::vector<QByteArray> statements, RunGuard guard, int timeoutSeconds);
+    PipelineRun FinishPipeline(ResultSink& notices);
     // The columns of the domain named `domain` (over smallint) read back as Booleans.
     void ReadAsBoolean(const QString& domain);
     // Names from the catalog; the key is the primary key, else the identity column.
@@ -72,6 +76,7 @@ private:
     bool m_connectWantsWrite = true;
     QString m_database;
     std::unique_ptr<Batch> m_batch;
+    std::unique_ptr<PostgresPipeline> m_sentRun; // a run sent whose answers are not read yet
     ResultSink* m_noticeSink = nullptr;
     PostgresBooleanColumns m_booleans;
     std::atomic<bool> m_cancelRequested{false};

@@ -44,15 +44,28 @@ AdoError PostgresError(const ErrorRecord& record, bool timedOut, bool cancelRequ
 
 PipelineRun PostgresPipeline::Run(const std::vector<QByteArray>& statements, RunGuard guard,
                                   int timeoutSeconds) {
+    Send(statements, guard, timeoutSeconds);
+    return Finish();
+}
+
+bool PostgresPipeline::Send(std::vector<QByteArray> statements, RunGuard guard,
+                            int timeoutSeconds) {
+    m_statements = std::move(statements);
+    m_guard = guard;
     m_timeoutSeconds = timeoutSeconds;
-    PipelineRun run = RunOnce(statements, guard);
-    if (!run.failure || guard == RunGuard::None) return run;
-    const std::size_t undone = Settle(run, statements.size(), guard);
+    m_delivered = SendOnce(m_statements, guard);
+    return m_delivered;
+}
+
+PipelineRun PostgresPipeline::Finish() {
+    PipelineRun run = Collect(m_delivered);
+    if (!run.failure || m_guard == RunGuard::None) return run;
+    const std::size_t undone = Settle(run, m_statements.size(), m_guard);
     if (undone == 0) return run;
     // The statements before the failing one were undone with the transaction: they run again,
     // once, each kept by its savepoint, and never again after that.
-    const std::vector<QByteArray> before(statements.begin(),
-                                         statements.begin() + static_cast<std::ptrdiff_t>(undone));
+    const std::vector<QByteArray> before(
+        m_statements.begin(), m_statements.begin() + static_cast<std::ptrdiff_t>(undone));
     PipelineRun again = RunOnce(before, RunGuard::Savepoints);
     if (again.failure)
         Settle(again, before.size(), RunGuard::Savepoints);
@@ -62,13 +75,22 @@ PipelineRun PostgresPipeline::Run(const std::vector<QByteArray>& statements, Run
 }
 
 PipelineRun PostgresPipeline::RunOnce(const std::vector<QByteArray>& statements, RunGuard guard) {
-    PipelineRun run;
+    return Collect(SendOnce(statements, guard));
+}
+
+bool PostgresPipeline::SendOnce(const std::vector<QByteArray>& statements, RunGuard guard) {
     m_timedOut = false;
-    if (!PQsendQuery(m_conn, Text(statements, guard).constData())) {
+    if (!PQsendQuery(m_conn, Text(statements, guard).constData())) return false;
+    m_deadline = m_timeoutSeconds > 0 ? Now() + qint64(m_timeoutSeconds) * 1000 : 0;
+    return true;
+}
+
+PipelineRun PostgresPipeline::Collect(bool sent) {
+    PipelineRun run;
+    if (!sent) {
         Fail(nullptr, run);
         return run;
     }
-    m_deadline = m_timeoutSeconds > 0 ? Now() + qint64(m_timeoutSeconds) * 1000 : 0;
     // One result per statement, up to the first that fails.
     std::size_t part = 0;
     for (; pg_result* result = NextResult(); ++part) {

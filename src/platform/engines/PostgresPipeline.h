@@ -45,10 +45,17 @@ public:
 
     // `timeoutSeconds` applies to each statement, as it would to each one sent alone.
     PipelineRun Run(const std::vector<QByteArray>& statements, RunGuard guard, int timeoutSeconds);
+    // Run in two steps: the run's text goes to the engine, and its answers are read later (the
+    // caller may do other work in between, but not on the connection). False: nothing was
+    // sent; Finish then answers the link's error.
+    bool Send(std::vector<QByteArray> statements, RunGuard guard, int timeoutSeconds);
+    PipelineRun Finish();
 
 private:
     enum class Kind { Control, Statement };
     PipelineRun RunOnce(const std::vector<QByteArray>& statements, RunGuard guard);
+    bool SendOnce(const std::vector<QByteArray>& statements, RunGuard guard);
+    PipelineRun Collect(bool sent);
     QByteArray Text(const std::vector<QByteArray>& statements, RunGuard guard);
     pg_result* NextResult();
     void Take(pg_result* result, Kind kind, PipelineRun& run);
@@ -57,6 +64,9 @@ private:
     bool EndTransaction(bool keepDone);
 
     pg_conn* m_conn;
+    std::vector<QByteArray> m_statements; // the run sent by Send
+    RunGuard m_guard = RunGuard::None;
+    bool m_delivered = false;
     std::vector<Kind> m_sent; // what each part of the run's text is
     qint64 m_deadline = 0;
     int m_timeoutSeconds = 0;

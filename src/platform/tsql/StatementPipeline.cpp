@@ -18,13 +18,25 @@ void StatementPipeline::Add(std::size_t index, const QString& sql, IdentityEffec
 }
 
 void StatementPipeline::Flush(SessionCounts counts, ado::ResultSink& sink, int timeoutSeconds) {
+    Send(counts.inTransaction, timeoutSeconds);
+    Receive(counts, sink);
+}
+
+void StatementPipeline::Send(bool inTransaction, int timeoutSeconds) {
     if (m_pending.empty()) return;
-    const std::vector<Pending> pending = std::move(m_pending);
-    const std::vector<QByteArray> texts = std::move(m_texts);
+    std::vector<Pending> pending = std::move(m_pending);
+    std::vector<QByteArray> texts = std::move(m_texts);
     m_pending.clear();
     m_texts.clear();
-    const ado::PipelineRun run =
-        m_driver.RunPipeline(texts, Guard(pending, counts.inTransaction), timeoutSeconds, sink);
+    m_driver.SendPipeline(std::move(texts), Guard(pending, inTransaction), timeoutSeconds);
+    m_sent = std::move(pending);
+}
+
+void StatementPipeline::Receive(SessionCounts counts, ado::ResultSink& sink) {
+    if (m_sent.empty()) return;
+    const std::vector<Pending> pending = std::move(m_sent);
+    m_sent.clear();
+    const ado::PipelineRun run = m_driver.FinishPipeline(sink);
     for (std::size_t i = 0; i < run.done.size(); ++i) {
         const ado::PipelinedOutcome& outcome = run.done[i];
         counts.rowCount = outcome.count;

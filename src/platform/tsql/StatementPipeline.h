@@ -39,9 +39,21 @@ public:
     // `sql` is single engine statement.
     void Add(std::size_t index, const QString& sql, IdentityEffect identity);
     bool Full() const { return m_pending.size() >= kLongestRun; }
+    bool Waiting() const { return !m_pending.empty(); }
+    // Drops what waits: the batch it belongs to stops before reaching the engine.
+    void Forget() {
+        m_pending.clear();
+        m_texts.clear();
+    }
     // Runs what waits, if anything; throws Failure at the first statement that fails, after
     // counting those before it.
     void Flush(SessionCounts counts, ado::ResultSink& sink, int timeoutSeconds);
+    // Flush in two steps: Send hands what waits to the engine and returns; Receive, which
+    // must come before anything else is done on the connection, counts its answers and throws
+    // its Failure as Flush does.
+    void Send(bool inTransaction, int timeoutSeconds);
+    bool Sent() const { return !m_sent.empty(); }
+    void Receive(SessionCounts counts, ado::ResultSink& sink);
 
 private:
     // The engine keeps a few dozen subtransactions per transaction in memory.
@@ -55,6 +67,7 @@ private:
     const EngineDialect& m_dialect;
     std::vector<Pending> m_pending;
     std::vector<QByteArray> m_texts;
+    std::vector<Pending> m_sent; // the statements of the run sent, until Receive
 };
 
 } // namespace zlx::tsql

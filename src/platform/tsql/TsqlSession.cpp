@@ -130,6 +130,7 @@ bool TsqlSession::PollConnect() {
 }
 
 void TsqlSession::StartExecute(const QString& batch) {
+    SettleSentRun();
     m_cancelled = false; // here, so that a Cancel right after the start is not lost
     m_worker.Start([this, batch](ado::ResultSink& sink) { RunBatch(batch, sink, 0); });
 }
@@ -140,6 +141,7 @@ bool TsqlSession::PollExecute(ado::ResultSink& sink) {
 
 void TsqlSession::UseDatabase(const QString& database) {
     m_worker.Abandon();
+    SettleSentRun();
     m_translations.DefinitionsChanged();
     m_inner->UseDatabase(database);
     m_dialect->DatabaseChanged();
@@ -244,6 +246,7 @@ void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeo
     // A cancelled asynchronous batch may still be ending on the worker: the engine's
     // connection is free only after it.
     m_worker.Abandon();
+    SettleSentRun();
     m_cancelled = false;
     RunBatch(batch, sink, timeoutSeconds);
 }
@@ -273,7 +276,7 @@ void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int time
             FlushPipeline(sink, timeoutSeconds);
             RunStatement(statements[current], sink, timeoutSeconds);
         }
-        FlushPipeline(sink, timeoutSeconds);
+        FlushPipeline(sink, timeoutSeconds, true);
     } catch (const StatementPipeline::Failure& failure) {
         AbortTransactionAfter(failure.error);
         throw WithSqlServerNumbers(failure.error, statements[failure.index]);
@@ -313,14 +316,19 @@ bool TsqlSession::Pipelined(std::size_t index, const Tokens& statement, ado::Res
                         ? translation.sql
                         : m_dialect->InsertReturningIdentity(translation.sql, identityColumn),
                     identity);
-    if (m_pipeline->Full()) FlushPipeline(sink, timeoutSeconds);
+    if (m_pipeline->Full())
+        FlushPipeline(sink, timeoutSeconds, index + 1 == m_batchStatements->size());
     return true;
 }
 
-void TsqlSession::FlushPipeline(ado::ResultSink& sink, int timeoutSeconds) {
-    if (m_pipeline)
-        m_pipeline->Flush({m_rowCount, m_identity, m_noCount, m_tranCount > 0}, sink,
-                          timeoutSeconds);
+void TsqlSession::FlushPipeline(ado::ResultSink& sink, int timeoutSeconds, bool mayDefer) {
+    if (!m_pipeline || !m_pipeline->Waiting()) return;
+    SettleSentRun();
+    if (!mayDefer || m_deferring.isEmpty())
+        return m_pipeline->Flush({m_rowCount, m_identity, m_noCount, m_tranCount > 0}, sink,
+                                 timeoutSeconds);
+    m_pipeline->Send(m_tranCount > 0, timeoutSeconds);
+    if (m_pipeline->Sent()) m_sentBatch = m_deferring;
 }
 
 // WAITFOR DELAY 'hh:mm[:ss[.mmm]]': the session waits itself, in short steps, so that the
@@ -353,6 +361,7 @@ void TsqlSession::RunWaitFor(const Tokens& statement, int timeoutSeconds) {
 // a statement that fails on the engine ends the whole transaction. PostgreSQL could not go
 // on with it anyway; on SQLite a statement refused before reaching the engine leaves it open.
 void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
+    SettleSentRun(); // a failure of the run sent before comes first
     const bool refused =
         !error.Records().empty() && error.Records().front().nativeError == ado::kNativeSyntax;
     if (m_tranCount == 0 || (refused && m_dialect->RefusalKeepsTransaction())) return;
@@ -573,6 +582,7 @@ bool TsqlSession::RunTransactionStatement(const Tokens& statement) {
 
 void TsqlSession::BeginTransaction() {
     m_worker.Abandon();
+    SettleSentRun();
     if (m_tranCount == 0) {
         m_savepoints.Clear();
         try {
@@ -586,6 +596,7 @@ void TsqlSession::BeginTransaction() {
 
 void TsqlSession::Commit() {
     m_worker.Abandon();
+    SettleSentRun();
     if (m_tranCount == 1) {
         try {
             m_inner->Commit();
@@ -599,6 +610,7 @@ void TsqlSession::Commit() {
 
 void TsqlSession::Rollback() {
     m_worker.Abandon();
+    SettleSentRun();
     m_tranCount = 0;
     try {
         m_inner->Rollback();
@@ -872,6 +884,7 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
 }
 
 void TsqlSession::ExecuteMapped(const QString& sql, ado::ResultSink& sink, int timeoutSeconds) {
+    SettleSentRun();
     try {
         m_inner->Execute(sql, sink, timeoutSeconds);
     } catch (const ado::AdoError& error) {

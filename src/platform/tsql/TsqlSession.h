@@ -39,14 +39,14 @@ public:
     bool PollConnect() override;
     // An asynchronous batch still running is stopped first: the engine's statements it runs
     // are finalised with the connection.
-    void Disconnect() override {
-        Cancel();
-        m_worker.Abandon();
-        m_inner->Disconnect();
-    }
+    void Disconnect() override;
     bool IsConnected() const override { return m_inner->IsConnected(); }
 
     void Execute(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) override;
+    // On PostgreSQL a batch that ends in a run of data statements returns once that run is
+    // sent; anything else runs at once.
+    void ExecuteDeferred(const QString& batch, int timeoutSeconds) override;
+    void SettleDeferred() override { SettleSentRun(); }
     // Batches run whole on the first poll: the translation needs the session's state in order.
     // The whole session work of an asynchronous batch runs on a worker thread, so that a
     // slow statement can be cancelled through the engine while the caller keeps polling.
@@ -69,6 +69,7 @@ public:
     QString EngineName() const override { return m_inner->EngineName(); }
     void ResolveBaseColumns(std::vector<ado::ColumnInfo>& columns) override {
         m_worker.Abandon();
+        SettleSentRun();
         m_inner->ResolveBaseColumns(columns);
     }
 
@@ -96,7 +97,12 @@ private:
     // Queues a data statement for the engine's round trip of several; false: run it alone.
     bool Pipelined(std::size_t index, const Tokens& statement, ado::ResultSink& sink,
                    int timeoutSeconds);
-    void FlushPipeline(ado::ResultSink& sink, int timeoutSeconds);
+    // `mayDefer`: the run is the batch's last work, and may be left running (ExecuteDeferred).
+    void FlushPipeline(ado::ResultSink& sink, int timeoutSeconds, bool mayDefer = false);
+    // Reads the answers of a run ExecuteDeferred left running, before anything else reaches the
+    // engine; throws its failure (or one read earlier and not thrown yet) as an
+    // EarlierBatchFailure.
+    void SettleSentRun();
     // Refuses, before anything runs, what this layer cannot run.
     void Check(const Tokens& statement);
     static void RefuseUnsupported(const Tokens& statement);
@@ -146,7 +152,10 @@ private:
     ado::DriverPtr m_inner;
     std::unique_ptr<EngineDialect> m_dialect;
     std::unique_ptr<StatementPipeline> m_pipeline; // PostgreSQL only
-    ado::SqliteDriver* m_preparing = nullptr;      // SQLite only: `m_inner` keeps statements
+    QString m_deferring;                           // the batch ExecuteDeferred runs
+    QString m_sentBatch; // the batch whose last run is sent and not yet answered
+    std::optional<ado::AdoError> m_earlierFailure;
+    ado::SqliteDriver* m_preparing = nullptr; // SQLite only: `m_inner` keeps statements
     TranslationCache m_translations;
     // While a batch runs: its statements and the shape the check read of each.
     const std::vector<Tokens>* m_batchStatements = nullptr;

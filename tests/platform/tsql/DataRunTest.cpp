@@ -3,6 +3,7 @@
 // them, and a failing statement stops the batch exactly where it fails.
 #include "QtPrinters.h"
 #include "SessionFixture.h"
+#include "platform/engines/EarlierBatchFailure.h"
 
 #include <QStringList>
 #include <gtest/gtest.h>
@@ -147,4 +148,60 @@ TEST_P(DataRunTest, ALongBatchRunsWhole) {
     EXPECT_EQ(Value(QStringLiteral("SELECT count(*), sum(n), max(zolmarID) FROM pedidos")),
               QStringLiteral("120|7260|120"));
     EXPECT_EQ(m_session->Identity(), 120);
+}
+
+// Batches left running (ExecuteDeferred): a batch's failure is thrown by the call that reads
+// its answers (on PostgreSQL the next one, as an EarlierBatchFailure; where batches run at once,
+// its own), nothing of a later batch runs after it, and the session's values are those of the
+// statements that ran.
+TEST_P(DataRunTest, ABatchLeftRunningAnswersBeforeTheNextCallRuns) {
+    m_session->ExecuteDeferred(Insert(1) + Insert(2), 0);
+    EXPECT_EQ(Value(QStringLiteral("SELECT @@ROWCOUNT, @@IDENTITY")), "1|2");
+
+    const QStringList batches{Insert(3) + Insert(4),
+                              Insert(5) + QStringLiteral("INSERT INTO pedidos (n) VALUES (NULL) ") +
+                                  Insert(7),
+                              Insert(8) + Insert(9)};
+    int failedAt = -1;
+    bool earlier = false;
+    std::int32_t native = 0;
+    for (int i = 0; i <= batches.size() && failedAt < 0; ++i) {
+        try {
+            i < batches.size() ? m_session->ExecuteDeferred(batches[i], 0)
+                               : m_session->SettleDeferred();
+        } catch (const ado::AdoError& error) {
+            failedAt = i;
+            earlier = dynamic_cast<const ado::EarlierBatchFailure*>(&error) != nullptr;
+            native = error.Records().empty() ? 0 : error.Records().front().nativeError;
+        }
+    }
+    EXPECT_EQ(failedAt, Postgres() ? 2 : 1);
+    EXPECT_EQ(earlier, Postgres());
+    EXPECT_EQ(native, 515);
+    EXPECT_EQ(Numbers(), (QStringList{"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(m_session->Identity(), 5);
+    EXPECT_EQ(m_session->TranCount(), 0);
+
+    // The failure is told once: the session goes on, and so does a batch left running last.
+    m_session->ExecuteDeferred(Insert(10) + Insert(11) + Insert(12), 0);
+    m_session->SettleDeferred();
+    EXPECT_EQ(m_session->RowCount(), 1);
+    EXPECT_EQ(Numbers(), (QStringList{"1", "2", "3", "4", "5", "10", "11", "12"}));
+}
+
+// Inside a transaction a failing batch left running ends it, as when it runs at once, and the
+// batch sent after it never reaches the engine.
+TEST_P(DataRunTest, ABatchLeftRunningInATransactionRollsItBackWhenItFails) {
+    Exec(QStringLiteral("SET XACT_ABORT ON BEGIN TRANSACTION"));
+    m_session->ExecuteDeferred(Insert(1) + Insert(2), 0);
+    EXPECT_THROW(
+        {
+            m_session->ExecuteDeferred(
+                Insert(3) + QStringLiteral("INSERT INTO pedidos (n) VALUES (NULL) "), 0);
+            m_session->ExecuteDeferred(Insert(4) + Insert(5), 0);
+            m_session->SettleDeferred();
+        },
+        ado::AdoError);
+    EXPECT_EQ(m_session->TranCount(), 0);
+    EXPECT_EQ(Numbers(), QStringList{});
 }
