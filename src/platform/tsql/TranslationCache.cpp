@@ -173,9 +173,19 @@ bool TranslationCache::IsWholeToken(const QString& sql, qsizetype at, qsizetype 
 }
 
 QString TranslationCache::Written(const Kept& kept, const std::vector<QString>& values) {
-    QString sql = kept.pieces.front();
-    for (std::size_t k = 0; k < kept.slotOrder.size(); ++k)
-        sql += values[kept.slotOrder[k]] + kept.pieces[static_cast<qsizetype>(k) + 1];
+    // Written into room reserved once: one allocation for the whole text.
+    qsizetype size = 0;
+    for (const QString& piece : kept.pieces)
+        size += piece.size();
+    for (const std::size_t slot : kept.slotOrder)
+        size += values[slot].size();
+    QString sql;
+    sql.reserve(size);
+    sql += kept.pieces.front();
+    for (std::size_t k = 0; k < kept.slotOrder.size(); ++k) {
+        sql += values[kept.slotOrder[k]];
+        sql += kept.pieces[static_cast<qsizetype>(k) + 1];
+    }
     return sql;
 }
 
