@@ -123,7 +123,18 @@ void Describe(ColumnInfo& column, unsigned type, int modifier) {
     }
 }
 
-std::vector<ColumnInfo> Columns(const PGresult* result, const PostgresBooleanColumns& booleans) {
+// A column of a domain: a Boolean, or a variable text of the domain's length.
+void DescribeDomain(ColumnInfo& column, unsigned type, int modifier, unsigned table, int number,
+                    const PostgresDomainColumns& domains) {
+    if (type == kInt2 && domains.IsBoolean(table, number)) return Describe(column, kBool, modifier);
+    if (type == kBpchar && modifier < 0) {
+        const int length = domains.TextLength(table, number);
+        return Describe(column, kVarchar, length > 0 ? length + 4 : modifier);
+    }
+    Describe(column, type, modifier);
+}
+
+std::vector<ColumnInfo> Columns(const PGresult* result, const PostgresDomainColumns& domains) {
     std::vector<ColumnInfo> columns(static_cast<std::size_t>(PQnfields(result)));
     for (int i = 0; i < PQnfields(result); ++i) {
         ColumnInfo& column = columns[static_cast<std::size_t>(i)];
@@ -131,9 +142,7 @@ std::vector<ColumnInfo> Columns(const PGresult* result, const PostgresBooleanCol
         column.attributes = adFldIsNullable | adFldMayBeNull;
         const unsigned table = PQftable(result, i);
         const unsigned type = PQftype(result, i);
-        Describe(column,
-                 type == kInt2 && booleans.IsBoolean(table, PQftablecol(result, i)) ? kBool : type,
-                 PQfmod(result, i));
+        DescribeDomain(column, type, PQfmod(result, i), table, PQftablecol(result, i), domains);
         if (table != 0) {
             column.baseTableId = table;
             column.baseColumnNumber = PQftablecol(result, i);
@@ -172,7 +181,7 @@ using HeldResult = std::unique_ptr<PGresult, ResultClear>;
 // What a running batch has seen so far.
 struct PostgresDriver::Batch {
     std::vector<ColumnInfo> columns;
-    // From the first rowset whose Boolean columns are not known yet on, the results wait for
+    // From the first rowset whose domain columns are not known yet on, the results wait for
     // the batch's end, when those columns are looked up.
     std::vector<HeldResult> held;
     bool inRowset = false;
@@ -303,7 +312,7 @@ bool PostgresDriver::PollExecute(ResultSink& sink) {
             m_batch.reset();
             return true;
         }
-        if (m_batch->held.empty() && (m_batch->inRowset || !m_booleans.NeedsLookUp(result.get())))
+        if (m_batch->held.empty() && (m_batch->inRowset || !m_domains.NeedsLookUp(result.get())))
             Deliver(result.get(), sink);
         else
             m_batch->held.push_back(std::move(result));
@@ -343,7 +352,7 @@ void PostgresDriver::Deliver(PGresult* result, ResultSink& sink) {
     }
 }
 
-// The batch has ended: the Boolean columns of the held results are looked up, and the results
+// The batch has ended: the domain columns of the held results are looked up, and the results
 // go on in order.
 void PostgresDriver::DeliverHeld(ResultSink& sink) {
     std::vector<HeldResult> held = std::move(m_batch->held);
@@ -351,7 +360,7 @@ void PostgresDriver::DeliverHeld(ResultSink& sink) {
     std::vector<const PGresult*> results;
     for (const HeldResult& result : held)
         results.push_back(result.get());
-    m_booleans.LookUp(m_conn, results);
+    m_domains.LookUp(m_conn, results);
     for (const HeldResult& result : held)
         Deliver(result.get(), sink);
 }
@@ -363,7 +372,7 @@ void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
     case PGRES_TUPLES_OK: {
         if (batch.failure) return;
         if (!batch.inRowset) {
-            batch.columns = Columns(result, m_booleans);
+            batch.columns = Columns(result, m_domains);
             sink.BeginRowset(batch.columns);
             batch.inRowset = true;
             batch.discarding = false;
@@ -383,7 +392,7 @@ void PostgresDriver::Process(PGresult* result, ResultSink& sink) {
     }
     case PGRES_COMMAND_OK: {
         if (batch.failure) return;
-        if (std::strcmp(PQcmdStatus(result), "ALTER TABLE") == 0) m_booleans.Forget();
+        if (std::strcmp(PQcmdStatus(result), "ALTER TABLE") == 0) m_domains.Forget();
         const char* count = PQcmdTuples(result);
         sink.RowsAffected(count && *count ? QByteArray(count).toLongLong() : -1);
         break;
@@ -432,7 +441,7 @@ void PostgresDriver::Cancel() {
 }
 
 void PostgresDriver::ReadAsBoolean(const QString& domain) {
-    m_booleans.SetDomain(domain.toUtf8());
+    m_domains.SetBooleanDomain(domain.toUtf8());
 }
 
 void PostgresDriver::ResolveBaseColumns(std::vector<ColumnInfo>& columns) {

@@ -3,7 +3,7 @@
 // the PostgreSQL database named in the conninfo; the default database is the search_path.
 
 #include "platform/engines/Driver.h"
-#include "platform/engines/PostgresBooleanColumns.h"
+#include "platform/engines/PostgresDomainColumns.h"
 #include "platform/engines/PostgresPipeline.h"
 
 #include <atomic>
@@ -78,7 +78,7 @@ private:
     std::unique_ptr<Batch> m_batch;
     std::unique_ptr<PostgresPipeline> m_sentRun; // a run sent whose answers are not read yet
     ResultSink* m_noticeSink = nullptr;
-    PostgresBooleanColumns m_booleans;
+    PostgresDomainColumns m_domains;
     std::atomic<bool> m_cancelRequested{false};
     std::atomic<qint64> m_lastCancel{0};
     bool m_timedOut = false;

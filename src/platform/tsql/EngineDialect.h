@@ -105,6 +105,12 @@ public:
         (void)column, (void)type;
         return {};
     }
+    // The engine's type for a text column declared `type` with its length (upper case,
+    // VARCHAR(40)); empty: the type as written.
+    virtual QString SizedTextColumnType(const QString& type) const {
+        (void)type;
+        return {};
+    }
     // Whether the engine's spelling of column type `type` keeps the length written after it.
     virtual bool KeepsTypeLength(const QString&) const { return true; }
     // A binary literal (T-SQL 0x00FF10) of `hexDigits`, an even number of lower-case digits.

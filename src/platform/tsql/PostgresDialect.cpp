@@ -5,6 +5,7 @@
 #include "platform/tsql/PostgresDateReading.h"
 #include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresNumbers.h"
+#include "platform/tsql/PostgresTextDomains.h"
 #include "platform/tsql/PostgresTextSearch.h"
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TypeNames.h"
@@ -62,11 +63,13 @@ constexpr TypeRule kTypeRules[] = {
     {"integer", 56, "4"}, {"smallint", 52, "2"}, {"bigint", 127, "8"}, {"%zlx_bit", 104, "1"},
     {"double precision", 62, "8"}, {"real", 59, "4"}, {"timestamp(0)%", 58, "4"}, {"timestamp%", 61, "8"},
     {"numeric(19,4)", 60, "8"}, {"numeric%", 108, "p"}, {"character varying%", 167, "n"},
-    {"character(%", 175, "n"}, {"text", 35, "16"}, {"bytea", 34, "16"},
+    {"character(%", 175, "n"}, {"%zlx_nvarchar_%", 231, "2n"}, {"%zlx_varchar_%", 167, "n"},
+    {"%zlx_nchar_%", 239, "2n"}, {"text", 35, "16"}, {"bytea", 34, "16"},
 };
 // clang-format on
+// The length follows "(" in a type's own name and "_" in a text domain's.
 constexpr CatalogTypes kCatalogTypes{kTypeRules, "%1",
-                                     "CAST(substring(%1 from '\\((\\d+)') AS integer)"};
+                                     "CAST(substring(%1 from '[(_](\\d+)') AS integer)"};
 
 } // namespace
 
@@ -138,6 +141,20 @@ QString PostgresDialect::StoredBit(const QString& value) const {
 // A Boolean, which the driver reads back as one.
 QString PostgresDialect::BitCast(const QString& value) const {
     return QStringLiteral("(zlx_bit_value(%1) <> 0)").arg(value);
+}
+
+QString PostgresDialect::SizedTextColumnType(const QString& type) const {
+    return TextDomainName(type);
+}
+
+// The domains of the statement's text columns are made before it runs.
+bool PostgresDialect::RunDefinition(const Tokens& statement) {
+    if (statement.size() < 2 || !statement[1].IsWord(u"TABLE") ||
+        !(statement[0].IsWord(u"CREATE") || statement[0].IsWord(u"ALTER")))
+        return false;
+    for (const QString& domain : TextDomainsOf(statement))
+        Access().Run(TextDomainCreation(domain, CaseInsensitiveCollation()));
+    return false;
 }
 
 QString PostgresDialect::ColumnType(const QString& type) const {
@@ -358,6 +375,7 @@ QString TsqlTypeOf(const QString& type) {
         {"numeric(19,4)", "MONEY"}, {"numeric(10,4)", "MONEY"},    {"date", "DATE"},
     };
     QString tsql = LookUpType(kinds, type);
+    if (tsql.isEmpty()) tsql = TsqlTypeOfTextDomain(type);
     if (tsql.isEmpty() && type.startsWith(u"numeric"))
         tsql = QStringLiteral("DECIMAL") + type.mid(7);
     if (tsql.isEmpty() && type.startsWith(u"timestamp")) tsql = QStringLiteral("DATETIME");

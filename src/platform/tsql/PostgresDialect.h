@@ -33,6 +33,8 @@ public:
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
     QString ColumnType(const QString& type) const override;
+    QString SizedTextColumnType(const QString& type) const override;
+    bool RunDefinition(const Tokens& statement) override;
     QString StoredBit(const QString& value) const override;
     QString BitCast(const QString& value) const override;
     bool KeepsTypeLength(const QString& type) const override;

@@ -158,9 +158,8 @@ std::vector<StoredValues::StoredItem> StoredValues::SetItems() const {
 }
 
 bool StoredValues::DropsTrailingBlanks(size_t i) const {
-    if (!m_dialect.TrailingBlanksCount()) return false;
-    if (InSetList(i)) return IsWholeSetValue(i);
-    return m_t.IsComparison(i - 1) || m_t.IsComparison(i + 1) || IsInsertedValue(i);
+    if (!m_dialect.TrailingBlanksCount() || InSetList(i)) return false;
+    return m_t.IsComparison(i - 1) || m_t.IsComparison(i + 1);
 }
 
 bool StoredValues::IsInsertedValue(size_t i) const {

@@ -31,10 +31,10 @@ public:
     // (a text of "12.5" into an INT is error 245), on every engine.
     void PrepareStoredValues();
 
-    // On an engine whose comparisons count trailing blanks, a string literal loses them where
-    // it is compared (an operand of =, <>, <, >, <= or >=) or stored (a whole value of VALUES
-    // or of an UPDATE's SET list), so that stored texts and the texts compared with them
-    // differ as on SQL Server.
+    // On an engine whose text comparisons count trailing blanks, a string literal loses them
+    // where it is compared (an operand of =, <>, <, >, <= or >=) outside an UPDATE's SET list,
+    // so that it compares with another literal or a TEXT value as on SQL Server; a stored one
+    // keeps them (the engine's sized text columns ignore them in comparisons).
     bool DropsTrailingBlanks(size_t i) const;
 
     // A text stored in a column of another type, converted as SQL Server converts it; empty

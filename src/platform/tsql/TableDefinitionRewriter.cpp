@@ -101,6 +101,7 @@ void TableDefinitionRewriter::PrepareDefinitions() {
     for (size_t i = 0; i < m_t.size(); ++i) {
         AddColumnCheck(i);
         if (IsTextColumnType(i)) {
+            UseSizedTextType(i);
             CollateWithoutCase(i);
             MarkNationalText(i);
         } else if (m_t[i].IsWord(u"DEFAULT") && m_t.At(i + 1) &&
@@ -197,6 +198,17 @@ bool TableDefinitionRewriter::IsTextColumnType(size_t i) const {
     const Token& previous = m_t[i - 1];
     return (previous.kind == TokenKind::Word || previous.kind == TokenKind::QuotedName) &&
            !previous.IsWord(u"AS") && !previous.IsWord(u"TABLE");
+}
+
+void TableDefinitionRewriter::UseSizedTextType(size_t type) {
+    if (!m_t.SymbolAt(type + 1, u"(")) return;
+    const size_t end = m_t.Close(type + 1) + 1;
+    const QString engineType = m_dialect.SizedTextColumnType(
+        TokensToSql(Tokens(m_t.begin() + type, m_t.begin() + end)).simplified().toUpper());
+    if (engineType.isEmpty()) return;
+    m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(type) + 1,
+              m_t.begin() + static_cast<std::ptrdiff_t>(end));
+    m_t[type] = Raw(engineType, m_t[type].leading);
 }
 
 void TableDefinitionRewriter::CollateWithoutCase(size_t type) {

@@ -50,6 +50,8 @@ private:
 
     // A national text type (NCHAR, NVARCHAR, NTEXT) followed by the engine's mark for it.
     void MarkNationalText(size_t type);
+    // A sized text type the engine spells otherwise (a domain on PostgreSQL).
+    void UseSizedTextType(size_t type);
     // Text columns compare without regard to case, as in SQL Server's default collation.
     void CollateWithoutCase(size_t type);
 

@@ -159,9 +159,9 @@ TEST_P(SessionTest, CatalogTablesDescribeTheSchema) {
     EXPECT_EQ(
         Exec(QStringLiteral("SELECT name FROM sysobjects WHERE xtype = 'U' AND name = 'clientes'")),
         (QStringList{"rowset", "row clientes", "end"}));
-    // PostgreSQL keeps names in lower case and has no national character types.
+    // PostgreSQL keeps names in lower case.
     const QStringList columns =
-        Postgres() ? QStringList{"rowset",          "row nombre|167|40", "row alta|61|8",
+        Postgres() ? QStringList{"rowset",          "row nombre|231|80", "row alta|61|8",
                                  "row activo|56|4", "row zolmarid|56|4", "end"}
                    : QStringList{"rowset",          "row Nombre|231|80", "row Alta|61|8",
                                  "row Activo|56|4", "row zolmarID|56|4", "end"};
@@ -349,7 +349,7 @@ TEST_P(SessionTest, AlteredColumnsKeepRowsIndexesIdentityAndBoundDefaults) {
     EXPECT_EQ(
         Value(QStringLiteral(
             "SELECT length FROM syscolumns WHERE id = object_id('clientes') AND name='Nombre'")),
-        Postgres() ? QStringLiteral("60") : QStringLiteral("120"));
+        QStringLiteral("120"));
     EXPECT_EQ(Exec(QStringLiteral("SELECT Nombre FROM clientes ORDER BY zolmarID")),
               (QStringList{"rowset", "row Ana", "row Luis", "end"}));
     EXPECT_EQ(Exec(QStringLiteral("EXEC sp_indexes_rowset 'clientes','clientes_nombre'")).size(),

@@ -11,5 +11,5 @@ row Nombre|{any}|231|80|{any}
 end
 -- result on PostgreSQL
 rowset
-row nombre|{any}|167|40|{any}
+row nombre|{any}|231|80|{any}
 end
