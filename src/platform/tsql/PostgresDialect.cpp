@@ -152,8 +152,8 @@ bool PostgresDialect::RunDefinition(const Tokens& statement) {
     if (statement.size() < 2 || !statement[1].IsWord(u"TABLE") ||
         !(statement[0].IsWord(u"CREATE") || statement[0].IsWord(u"ALTER")))
         return false;
-    for (const QString& domain : TextDomainsOf(statement))
-        Access().Run(TextDomainCreation(domain, CaseInsensitiveCollation()));
+    if (const QStringList domains = TextDomainsOf(statement); !domains.isEmpty())
+        Access().Run(TextDomainsCreation(domains));
     return false;
 }
 
@@ -242,9 +242,10 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
             TextSearchFunctions() + FixedTextFunctions() + BitFunctions() + NumberFunctions() +
-            DateReadingFunctions() +
+            DateReadingFunctions() + TextDomainFunction() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
+        OlderTextColumnsConversion(),
         QStringLiteral("SET application_name = %1").arg(SqlString(applicationName)),
         QStringLiteral("CREATE OR REPLACE TEMP VIEW sysprocesses AS SELECT pid AS spid, "
                        "split_part(application_name, ':', 1) COLLATE pg_temp.zlx_ci AS "

@@ -34,21 +34,53 @@ QStringList TextDomainsOf(const Tokens& statement) {
 }
 
 // A second connection making the same domain at the same moment is not an error. The length
-// leaves trailing blanks out, as SQL Server drops blanks past it without error 8152.
-QString TextDomainCreation(const QString& name, const QString& collation) {
-    const QString length = name.section(u'_', -1);
-    const QString definition =
-        name.startsWith(u"zlx_nchar_")
-            ? QStringLiteral("character(%1) %2").arg(length, collation)
-            : QStringLiteral("bpchar %1 CONSTRAINT zlx_8152_length CHECK (char_length(VALUE) <= "
-                             "%2)")
-                  .arg(collation, length);
-    return QStringLiteral(
-               "DO $$ BEGIN IF NOT EXISTS (SELECT 1 FROM pg_type WHERE typname = '%1' AND "
-               "typnamespace = CAST(current_schema() AS regnamespace)) THEN CREATE "
-               "DOMAIN %1 AS %2; END IF; EXCEPTION WHEN duplicate_object OR "
-               "unique_violation THEN NULL; END $$")
-        .arg(name, definition);
+// check leaves trailing blanks out, as SQL Server drops blanks past the length without 8152.
+QString TextDomainFunction() {
+    return QStringLiteral(R"sql(IF to_regprocedure('zlx_text_domain(text)') IS NULL THEN
+CREATE FUNCTION zlx_text_domain(d text) RETURNS void LANGUAGE plpgsql AS $f$
+BEGIN
+  IF EXISTS (SELECT 1 FROM pg_type WHERE typname = d
+             AND typnamespace = CAST(current_schema() AS regnamespace)) THEN RETURN; END IF;
+  IF d LIKE 'zlx\_nchar\_%' THEN
+    EXECUTE format('CREATE DOMAIN %I AS character(%s) COLLATE zlx_ci_ai', d,
+                   substring(d from '\d+$'));
+  ELSE
+    EXECUTE format('CREATE DOMAIN %I AS bpchar COLLATE zlx_ci_ai CONSTRAINT zlx_8152_length '
+                   'CHECK (char_length(VALUE) <= %s)', d, substring(d from '\d+$'));
+  END IF;
+EXCEPTION WHEN duplicate_object OR unique_violation THEN NULL;
+END $f$;
+END IF;)sql");
+}
+
+QString TextDomainsCreation(const QStringList& names) {
+    QStringList calls;
+    for (const QString& name : names)
+        calls << QStringLiteral("zlx_text_domain('%1')").arg(name);
+    return QStringLiteral("SELECT ") + calls.join(u", "_qs);
+}
+
+// A column a view reads cannot change its type: it stays as it was.
+QString OlderTextColumnsConversion() {
+    return QStringLiteral(R"sql(DO $$ DECLARE c record; BEGIN
+IF to_regprocedure('zlx_text_domain(text)') IS NULL THEN RETURN; END IF;
+FOR c IN SELECT CAST(a.attrelid AS regclass) AS t, a.attname AS col, 'zlx_' ||
+  CASE WHEN a.atttypid = CAST('bpchar' AS regtype) THEN 'nchar'
+       WHEN a.attcompression = 'p' THEN 'nvarchar' ELSE 'varchar' END || '_' ||
+  (a.atttypmod - 4) AS d
+  FROM pg_attribute a JOIN pg_class r ON r.oid = a.attrelid
+  JOIN pg_collation l ON l.oid = a.attcollation
+  WHERE r.relnamespace = CAST(current_schema() AS regnamespace) AND r.relkind = 'r'
+  AND a.attnum > 0 AND NOT a.attisdropped AND l.collname = 'zlx_ci_ai' AND a.atttypmod > 4
+  AND (a.atttypid = CAST('varchar' AS regtype)
+       OR (a.atttypid = CAST('bpchar' AS regtype) AND a.attcompression = 'p'))
+LOOP
+  PERFORM zlx_text_domain(c.d);
+  BEGIN
+    EXECUTE format('ALTER TABLE %s ALTER COLUMN %I TYPE %I', c.t, c.col, c.d);
+  EXCEPTION WHEN feature_not_supported OR dependent_objects_still_exist THEN NULL;
+  END;
+END LOOP; END $$)sql");
 }
 
 QString TsqlTypeOfTextDomain(const QString& engineType) {

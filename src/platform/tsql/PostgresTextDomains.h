@@ -18,9 +18,16 @@ QString TextDomainName(const QString& type);
 // The domains the column types of a CREATE TABLE or ALTER TABLE statement need.
 QStringList TextDomainsOf(const Tokens& statement);
 
-// SQL that makes domain `name` (one of TextDomainName's) in the current schema unless it is
-// there, under collation `collation`.
-QString TextDomainCreation(const QString& name, const QString& collation);
+// The PL/pgSQL that makes, once in a database's schema, zlx_text_domain(name), which makes
+// domain `name` (one of TextDomainName's) in the current schema unless it is there.
+QString TextDomainFunction();
+
+// SQL that makes the domains `names` unless they are there.
+QString TextDomainsCreation(const QStringList& names);
+
+// SQL that turns the sized text columns of the current schema made before these domains
+// (varchar(n), and character(n) marked national, under the database collation) into them.
+QString OlderTextColumnsConversion();
 
 // The T-SQL type of an engine type that is one of these domains (VARCHAR(40)); empty otherwise.
 QString TsqlTypeOfTextDomain(const QString& engineType);
