@@ -74,6 +74,23 @@ void Decimal(sqlite3_context* context, int, sqlite3_value** values) {
         sqlite3_result_int64(context, rounded.toLongLong());
 }
 
+// CAST(x AS FLOAT): a text is a number between blanks, with a fraction and an exponent or not,
+// and a blank text 0 (SQLite reads any text, "doce" as 0).
+void Real(sqlite3_context* context, int, sqlite3_value** values) {
+    static const QRegularExpression number(
+        QStringLiteral(R"(^\s*[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?\s*$)"));
+    sqlite3_value* value = values[0];
+    if (sqlite3_value_type(value) == SQLITE_NULL) return sqlite3_result_null(context);
+    if (sqlite3_value_type(value) != SQLITE_TEXT)
+        return sqlite3_result_double(context, sqlite3_value_double(value));
+    const QString text = QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)),
+                                           sqlite3_value_bytes(value));
+    if (text.trimmed().isEmpty()) return sqlite3_result_double(context, 0);
+    if (!number.match(text).hasMatch())
+        return sqlite3_result_error(context, "Error converting data type varchar to float.", -1);
+    sqlite3_result_double(context, text.trimmed().toDouble());
+}
+
 // ROUND(x, places) as SQL Server rounds: half away from zero, a negative count of places
 // rounding to tens, hundreds...; an integer stays an integer.
 void Round(sqlite3_context* context, int, sqlite3_value** values) {
@@ -109,6 +126,8 @@ void Install(sqlite3* db) {
                             &Divisor, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_decimal", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                             &Decimal, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_float", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Real,
+                            nullptr, nullptr);
     sqlite3_create_function(db, "round", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Round,
                             nullptr, nullptr);
 }

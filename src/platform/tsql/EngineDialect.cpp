@@ -48,10 +48,16 @@ QString EngineDialect::Cast(const QString& value, const QString& type, bool text
             !scaled.isEmpty())
             return scaled;
     if (type == u"BIT") return BitCast(value);
+    if (type == u"FLOAT" && !RealCast(value).isEmpty()) return RealCast(value);
     const QString engineType = CastType(type);
     if (engineType.isEmpty()) return {};
     if (!textLiteral && integers.contains(type)) return IntegerCast(value, type);
     return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
+}
+
+QString EngineDialect::DateCast(const QString& value, const QString& type) const {
+    if (KindOfTsqlType(type) != ColumnKind::Integer) return {};
+    return Cast(DateDays(value), type, false);
 }
 
 QString EngineDialect::TruncatingCast(const QString& value, const QString& engineType) const {

@@ -96,6 +96,9 @@ public:
     // CAST(value AS type), type in upper case, truncating to an integer type as SQL Server does
     // (`textLiteral`: value is a text literal, which must hold an integer); empty: not supported.
     QString Cast(const QString& value, const QString& type, bool textLiteral) const;
+    // CAST(value AS type) of a date `value`: to an integer type its number of days (DateDays);
+    // empty for other types, which take a date as any value.
+    QString DateCast(const QString& value, const QString& type) const;
     // The engine's type for a column declared `type` in CREATE/ALTER TABLE; empty: as written.
     virtual QString ColumnType(const QString&) const { return {}; }
     // What follows a column of T-SQL type `type` (upper case, with its length) so that the
@@ -162,6 +165,14 @@ public:
         (void)value;
         return {};
     }
+    // CAST(value AS FLOAT) of a value that may be a text; empty: the engine's CAST reads texts
+    // as SQL Server does.
+    virtual QString RealCast(const QString& value) const {
+        (void)value;
+        return {};
+    }
+    // The date `value` as an integer: its days since 1900-01-01, one more from noon on.
+    virtual QString DateDays(const QString& value) const = 0;
     // CAST(value AS BIT), which reads back as a Boolean; empty: not supported.
     virtual QString BitCast(const QString& value) const {
         (void)value;

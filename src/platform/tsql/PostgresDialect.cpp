@@ -157,6 +157,16 @@ bool PostgresDialect::RunDefinition(const Tokens& statement) {
     return false;
 }
 
+QString PostgresDialect::RealCast(const QString& value) const {
+    return QStringLiteral("zlx_float(%1)").arg(value);
+}
+
+QString PostgresDialect::DateDays(const QString& value) const {
+    return QStringLiteral("CAST(floor(EXTRACT(EPOCH FROM %1 - TIMESTAMP '1900-01-01') / 86400 + "
+                          "0.5) AS integer)")
+        .arg(value);
+}
+
 QString PostgresDialect::ColumnType(const QString& type) const {
     return LookUpType(kColumnTypes, type.toUpper());
 }

@@ -37,6 +37,8 @@ public:
     bool RunDefinition(const Tokens& statement) override;
     QString StoredBit(const QString& value) const override;
     QString BitCast(const QString& value) const override;
+    QString DateDays(const QString& value) const override;
+    QString RealCast(const QString& value) const override;
     bool KeepsTypeLength(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString RowLocator() const override { return QStringLiteral("ctid"); }

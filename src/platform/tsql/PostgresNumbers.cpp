@@ -7,7 +7,8 @@ namespace zlx::tsql {
 // take: the text is matched under "C". An integer goes in whole (without a call where its type
 // holds it), a real as its exact decimal. zlx_int_result(n, type) holds the integer result of
 // TINYINT or SMALLINT arithmetic to its type (error 8115), made apart so that databases made
-// before it get it.
+// before it get it. zlx_float(v) reads a text as CAST(v AS FLOAT) does (a blank text 0, a word
+// error 8114, where PostgreSQL fails on the first and reads 'NaN').
 QString NumberFunctions() {
     return QStringLiteral(R"sql(IF to_regprocedure('zlx_trunc(text,text)') IS NULL THEN
 CREATE FUNCTION zlx_int_range(n numeric, type text, v text) RETURNS numeric LANGUAGE plpgsql
@@ -48,6 +49,17 @@ IF (type = 'tinyint' AND (n < 0 OR n > 255)) OR (type = 'smallint' AND (n < -327
 THEN RAISE EXCEPTION USING ERRCODE = '22003', MESSAGE = format('Arithmetic overflow error '
 'converting expression to data type %s.', type); END IF;
 RETURN n;
+END $f$;
+END IF;
+IF to_regprocedure('zlx_float(text)') IS NULL THEN
+CREATE FUNCTION zlx_float(v double precision) RETURNS double precision LANGUAGE sql IMMUTABLE
+AS $f$ SELECT v $f$;
+CREATE FUNCTION zlx_float(v text) RETURNS double precision LANGUAGE plpgsql IMMUTABLE STRICT
+AS $f$ BEGIN
+IF btrim(v) = '' THEN RETURN 0; END IF;
+IF v COLLATE "C" ~ '^[[:space:]]*[+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)([eE][+-]?[0-9]+)?[[:space:]]*$'
+THEN RETURN CAST(v AS double precision); END IF;
+RAISE EXCEPTION USING ERRCODE = '22018', MESSAGE = 'Error converting data type varchar to float.';
 END $f$;
 END IF;)sql");
 }

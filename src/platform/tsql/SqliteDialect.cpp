@@ -151,6 +151,17 @@ QString SqliteDialect::StoredBit(const QString& value) const {
     return QStringLiteral("zlx_bit(%1)").arg(value);
 }
 
+QString SqliteDialect::RealCast(const QString& value) const {
+    return QStringLiteral("zlx_float(%1)").arg(value);
+}
+
+// 2415020.5 is the Julian day of 1900-01-01.
+QString SqliteDialect::DateDays(const QString& value) const {
+    return QStringLiteral("(CAST(julianday(date(%1)) - 2415020.5 AS INTEGER) + (time(%1) >= "
+                          "'12:00:00'))")
+        .arg(value);
+}
+
 // An expression's column is read by the kind of its first value, a column's by its declared type:
 // the value is found in a table whose BIT column gives the expression that type (a Boolean).
 QString SqliteDialect::BitCast(const QString& value) const {

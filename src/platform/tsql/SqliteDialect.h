@@ -38,6 +38,8 @@ public:
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString StoredBit(const QString& value) const override;
     QString BitCast(const QString& value) const override;
+    QString RealCast(const QString& value) const override;
+    QString DateDays(const QString& value) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;

@@ -150,6 +150,12 @@ size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
             return close + 1;
         }
     }
+    if (IsDateOperand(cast + 2, as))
+        if (const QString days = m_dialect.DateCast(Range(cast + 2, as).trimmed(), type);
+            !days.isEmpty()) {
+            out += lead + days;
+            return close + 1;
+        }
     const bool textLiteral = as == cast + 3 && m_t[cast + 2].kind == TokenKind::String;
     if (textLiteral && KindOfTsqlType(type) == ColumnKind::Integer)
         RequireIntegerText(m_t[cast + 2].text);

@@ -122,6 +122,9 @@ QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) 
         if (SizedTextType(type)) return ConvertToText(type, value, style);
     }
     if (const QString literal = CastLiteral(value, type); !literal.isEmpty()) return literal;
+    if (value.isDate)
+        if (const QString days = m_dialect.DateCast(value.sql.trimmed(), type); !days.isEmpty())
+            return days;
     if (value.isText && KindOfTsqlType(type) == ColumnKind::Integer) RequireIntegerText(value.text);
     const QString sql = m_dialect.Cast(value.sql.trimmed(), type, value.isText);
     if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CONVERT a ") + type);

@@ -52,7 +52,7 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"Conversion failed when converting the", ado::kNativeValueConversion},
     {"Use a larger integer column", ado::kNativeTextOverflowSmall},
     {"overflowed an int column", ado::kNativeTextOverflowInt},
-    {"Error converting data type varchar to numeric", ado::kNativeNumericConversion},
+    {"Error converting data type varchar to", ado::kNativeNumericConversion},
     {"Cannot add a NOT NULL column", ado::kNativeNotNullColumnAdded},
     {"values were supplied", ado::kNativeMoreValuesThanColumns},
     {"values for", ado::kNativeMoreValuesThanColumns},

@@ -159,7 +159,9 @@ TypedExpressions::Typed TypedExpressions::Combine(const Typed& left, const QStri
     // An engine that keeps any number in a number column may hold a whole MONEY as an integer:
     // the division is made on reals.
     if (op == u"/" && !m_dialect.ScaledDecimal(kValue, 1, 0).isEmpty())
-        AddWrap(left.first, left.last, m_dialect.Cast(kValue, QStringLiteral("FLOAT"), false));
+        AddWrap(
+            left.first, left.last,
+            QStringLiteral("CAST(\x01 AS %1)").arg(m_dialect.CastType(QStringLiteral("FLOAT"))));
     AddWrap(result.first, result.last, m_dialect.Cast(kValue, result.type, false));
     return result;
 }
