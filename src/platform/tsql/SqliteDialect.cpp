@@ -570,8 +570,13 @@ void SqliteDialect::SetIdentity(const QString& table, const QString& column, std
     m_identities.Set(Access(), IdentityTable(table), column, value);
 }
 
-bool SqliteDialect::IdentityTaken(const QString& table, const QString&) {
-    return SqliteIdentities::Taken(Access(), IdentityTable(table));
+// A counter still at its seed less a step has handed out nothing (a RESEED to another value
+// before the first row is taken as handing out one).
+bool SqliteDialect::IdentityTaken(const QString& table, const QString& column) {
+    std::int64_t start = 0;
+    for (const TableColumn& found : ColumnsOf(table))
+        if (found.name.compare(column, Qt::CaseInsensitive) == 0) start = found.seed - found.step;
+    return SqliteIdentities::Taken(Access(), IdentityTable(table), start);
 }
 
 void SqliteDialect::RaiseIdentity(const QString& table, const QString& column) {

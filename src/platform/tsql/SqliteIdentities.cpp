@@ -79,8 +79,9 @@ std::int64_t MarkedNumber(const QString& definition, const QString& what) {
 
 } // namespace
 
-bool SqliteIdentities::Taken(EngineAccess& access, const Table& table) {
-    return Counter(access, table).has_value();
+bool SqliteIdentities::Taken(EngineAccess& access, const Table& table, std::int64_t start) {
+    const std::optional<std::int64_t> counter = Counter(access, table);
+    return counter && *counter != start;
 }
 
 void SqliteIdentities::Set(EngineAccess& access, const Table& table, const QString& column,

@@ -23,8 +23,9 @@ public:
         QString Key() const { return schema + u'.' + name.toLower(); }
     };
 
-    // Whether the table's counter has handed out a value (SQLite keeps none before the first).
-    static bool Taken(EngineAccess& access, const Table& table);
+    // Whether the table's counter has handed out a value: SQLite keeps none before the first,
+    // or `start`, a step before the seed, where CREATE TABLE wrote one.
+    static bool Taken(EngineAccess& access, const Table& table, std::int64_t start);
     // The next identity of `column` becomes value + 1.
     void Set(EngineAccess& access, const Table& table, const QString& column, std::int64_t value);
     // The next identity follows the highest value of `column` when that is past it.

@@ -640,7 +640,8 @@ void TsqlSession::RunDbcc(const Tokens& statement) {
         std::optional<std::int64_t> seed;
         if (arguments.size() > 2) seed = arguments[2].toLongLong();
         // NORESEED only reports the identity.
-        if (arguments.value(1).compare(u"NORESEED", Qt::CaseInsensitive) != 0) Reseed(table, seed);
+        if (arguments.value(1).compare(u"NORESEED", Qt::CaseInsensitive) != 0)
+            Reseed(table, seed, IdentityStep(table));
     } else if (command.IsWord(u"DBREINDEX")) {
         Run(m_dialect->ReindexSql(EngineObjectName(arguments.value(0))));
     } else if (!command.IsWord(u"SHRINKDATABASE")) {
@@ -660,17 +661,24 @@ QString TsqlSession::EngineObjectName(const QString& tsqlName) {
 }
 
 // Without a seed the identity moves up to the highest value in the table when that is past
-// it; with one, the next row gets seed + 1 (seed itself before the identity's first value).
-void TsqlSession::Reseed(const QString& table, std::optional<std::int64_t> seed) {
+// it; with one, the next row gets seed + step (seed itself before the identity's first value).
+void TsqlSession::Reseed(const QString& table, std::optional<std::int64_t> seed,
+                         std::int64_t step) {
     const QString column = IdentityColumn(table);
     if (column.isEmpty())
         ThrowStatementError(QStringLiteral("'%1' does not contain an identity column.").arg(table),
                             7997);
     if (seed)
         m_dialect->SetIdentity(table, column,
-                               m_dialect->IdentityTaken(table, column) ? *seed : *seed - 1);
+                               m_dialect->IdentityTaken(table, column) ? *seed : *seed - step);
     else
         m_dialect->RaiseIdentity(table, column);
+}
+
+std::int64_t TsqlSession::IdentityStep(const QString& table) {
+    for (const TableColumn& found : m_dialect->ColumnsOf(table))
+        if (found.identity) return found.step;
+    return 1;
 }
 
 // The identity column of a table, "" when it has none.

@@ -146,8 +146,12 @@ private:
     bool ExecutePrepared(const PreparedTranslation& prepared, ado::ResultSink& sink,
                          int timeoutSeconds);
     QString IdentityColumn(const QString& table);
+    // The step of a table's identity column (1 when the engine does not tell).
+    std::int64_t IdentityStep(const QString& table);
     TableColumns ColumnsOf(const QString& tsqlTable);
-    void Reseed(const QString& table, std::optional<std::int64_t> seed);
+    // `step`: what the identity's next value adds to the counter (CREATE TABLE and TRUNCATE
+    // write counters that count by one).
+    void Reseed(const QString& table, std::optional<std::int64_t> seed, std::int64_t step = 1);
 
     ado::DriverPtr m_inner;
     std::unique_ptr<EngineDialect> m_dialect;
