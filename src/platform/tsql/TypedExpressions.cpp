@@ -66,13 +66,24 @@ TypedExpressions::TypedExpressions(StatementTokens& tokens, const TranslationCon
 void TypedExpressions::Prepare() {
     const auto typed = [](const Token& token) {
         return IsArithmetic(&token) || token.IsWord(u"SUM") || token.IsWord(u"AVG") ||
-               token.IsWord(u"DATALENGTH");
+               token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~");
     };
     if (!m_context.columnType || m_t.IsDdl() || std::none_of(m_t.begin(), m_t.end(), typed)) return;
     for (size_t i = 0; i < m_t.size(); ++i)
         if (BeginsChain(i)) Chain(i, true);
     WrapCalls();
+    WrapBitNegations();
     Apply();
+}
+
+// The engines negate every bit of an integer: ~1 is -2, which a BIT column stores as 1.
+void TypedExpressions::WrapBitNegations() {
+    for (size_t i = 0; i + 1 < m_t.size(); ++i) {
+        if (!m_t[i].IsSymbol(u"~")) continue;
+        const auto operand = OperandAt(i + 1);
+        if (operand && TypeOf(operand->first, operand->last) == u"BIT")
+            AddWrap(i, operand->last, QStringLiteral("(1 & \x01)"));
+    }
 }
 
 bool TypedExpressions::BeginsChain(size_t i) const {

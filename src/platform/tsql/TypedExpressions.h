@@ -57,6 +57,7 @@ private:
 
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
     void WrapCalls();
+    void WrapBitNegations();
     void AddWrap(size_t first, size_t last, const QString& call);
     // Writes the wraps into the tokens.
     void Apply();

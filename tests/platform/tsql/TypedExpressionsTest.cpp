@@ -22,7 +22,8 @@ QString Translated(const QString& tsql, const EngineDialect& dialect) {
             {u"i"_qs, u"INT"_qs},          {u"j"_qs, u"INTEGER"_qs},
             {u"s"_qs, u"SMALLINT"_qs},     {u"b"_qs, u"BIGINT"_qs},
             {u"m"_qs, u"MONEY"_qs},        {u"v"_qs, u"VARCHAR(10)"_qs},
-            {u"d"_qs, u"DECIMAL(6,2)"_qs}, {u"nv"_qs, u"NVARCHAR(10)"_qs}};
+            {u"d"_qs, u"DECIMAL(6,2)"_qs}, {u"nv"_qs, u"NVARCHAR(10)"_qs},
+            {u"f"_qs, u"BIT"_qs},          {u"t"_qs, u"TINYINT"_qs}};
         return types.value(column.toLower());
     };
     const auto statements = SplitBatch(Tokenize(tsql));
@@ -81,4 +82,17 @@ TEST(TypedExpressions, NationalTextsCountTwoBytesACharacter) {
                      u"DATALENGTH(v) FROM t"_qs),
               u"SELECT (2 * zlx_datalength(nv)), (2 * zlx_datalength(substr(nv, 1, 2))), (2 * "
               u"zlx_datalength('ab')), zlx_datalength(v) FROM t"_qs);
+}
+
+// ~ of a BIT is kept to one bit; TINYINT and SMALLINT steps are checked where PostgreSQL's
+// smallint would pass 255 or fail with an error of its own.
+TEST(TypedExpressions, BitNegationsAndSmallIntegerStepsKeepTheirType) {
+    EXPECT_EQ(Sqlite(u"UPDATE x SET f = ~f WHERE ~f = 1 AND ~i = -2"_qs),
+              "UPDATE x SET f = (1 & ~f) WHERE (1 & ~f) = 1 AND ~i = -2");
+    EXPECT_EQ(Postgres(u"SELECT t + t - t, s * s, t + i FROM x"_qs),
+              "SELECT zlx_int_result(CAST(zlx_int_result(CAST(t AS integer) + t, 'tinyint') AS "
+              "integer) - t, 'tinyint'), zlx_int_result(CAST(s AS integer) * s, 'smallint'), t + "
+              "i FROM x");
+    EXPECT_EQ(Sqlite(u"SELECT t + t FROM x"_qs),
+              "SELECT zlx_integer_result(t + t, 'tinyint') FROM x");
 }
