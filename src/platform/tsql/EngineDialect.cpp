@@ -52,6 +52,7 @@ QString EngineDialect::Cast(const QString& value, const QString& type, bool text
     const QString engineType = CastType(type);
     if (engineType.isEmpty()) return {};
     if (!textLiteral && integers.contains(type)) return IntegerCast(value, type);
+    if (const QString text = TextCast(value, type); !text.isEmpty()) return text;
     return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
 }
 

@@ -93,6 +93,12 @@ public:
     virtual QString DateOnly(const QString& value) const = 0;
     // The engine's type for CAST(x AS type), type in upper case; empty: not supported.
     virtual QString CastType(const QString& type) const = 0;
+    // CAST(value AS type) to a text type (upper case, VARCHAR(40)) where the engine's own cast
+    // would not give SQL Server's text; empty: the engine's cast.
+    virtual QString TextCast(const QString& value, const QString& type) const {
+        (void)value, (void)type;
+        return {};
+    }
     // CAST(value AS type), type in upper case, truncating to an integer type as SQL Server does
     // (`textLiteral`: value is a text literal, which must hold an integer); empty: not supported.
     QString Cast(const QString& value, const QString& type, bool textLiteral) const;

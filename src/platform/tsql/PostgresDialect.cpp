@@ -6,6 +6,7 @@
 #include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresNumbers.h"
 #include "platform/tsql/PostgresTextDomains.h"
+#include "platform/tsql/PostgresTextFunctions.h"
 #include "platform/tsql/PostgresTextSearch.h"
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TypeNames.h"
@@ -15,15 +16,20 @@
 namespace zlx::tsql {
 namespace {
 
-// Searches inside text match search keys (see PostgresTextSearch.h).
+// Searches inside text match search keys (see PostgresTextSearch.h); text functions keep
+// trailing blanks (see PostgresTextFunctions.h).
 constexpr FunctionSpelling kFunctions[] = {
     {"ISNULL", 2, false, "COALESCE(%1, %2)"},
     {"GETDATE", 0, false, "LOCALTIMESTAMP(3)"},
     {"OBJECT_ID", 1, false, "CAST(CAST(to_regclass(%1) AS oid) AS integer)"},
-    {"RIGHT", 2, true, "right(%1, %2)"},
-    {"LEFT", 2, true, "left(%1, %2)"},
+    {"RIGHT", 2, true, "zlx_right(%1, %2)"},
+    {"LEFT", 2, true, "zlx_left(%1, %2)"},
+    {"UPPER", 1, true, "zlx_upper(%1)"},
+    {"LOWER", 1, true, "zlx_lower(%1)"},
+    {"SUBSTRING", 3, true, "zlx_substring(%1, %2, %3)"},
+    {"LTRIM", 1, true, "zlx_ltrim(%1)"},
     {"CHARINDEX", 2, true, "strpos(zlx_key(%2) COLLATE \"default\", zlx_key(%1))"},
-    {"REPLACE", 3, true, "zlx_replace(%1, %2, %3)"},
+    {"REPLACE", 3, true, "zlx_text_replace(%1, %2, %3)"},
     {"DATALENGTH", 1, true, "zlx_datalength(%1)"},
 };
 
@@ -93,6 +99,13 @@ QString PostgresDialect::CastType(const QString& type) const {
                text->length + u')';
     if (type.startsWith(u"DECIMAL") || type.startsWith(u"NUMERIC")) return type.toLower();
     return LookUpType(kCastTypes, type);
+}
+
+// A value of any type is a bpchar with its blanks (a text of another type through its output).
+QString PostgresDialect::TextCast(const QString& value, const QString& type) const {
+    const auto text = SizedTextType(type);
+    if (!text || !text->variable) return {};
+    return QStringLiteral("zlx_varchar(CAST(%1 AS bpchar), %2)").arg(value, text->length);
 }
 
 // A database is a schema.
@@ -251,8 +264,8 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "FROM pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
-            TextSearchFunctions() + FixedTextFunctions() + BitFunctions() + NumberFunctions() +
-            DateReadingFunctions() + TextDomainFunction() +
+            TextSearchFunctions() + BlankKeepingTextFunctions() + FixedTextFunctions() +
+            BitFunctions() + NumberFunctions() + DateReadingFunctions() + TextDomainFunction() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),

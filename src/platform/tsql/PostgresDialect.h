@@ -31,6 +31,7 @@ public:
     QString WidenedOperand(const QString& value) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
+    QString TextCast(const QString& value, const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
     QString ColumnType(const QString& type) const override;
     QString SizedTextColumnType(const QString& type) const override;

@@ -21,15 +21,6 @@ CREATE FUNCTION zlx_datalength(v double precision) RETURNS integer LANGUAGE sql 
 STRICT AS $f$ SELECT 8 $f$;
 CREATE FUNCTION zlx_datalength(v timestamp) RETURNS integer LANGUAGE sql IMMUTABLE STRICT
 AS $f$ SELECT 8 $f$;
-CREATE FUNCTION zlx_char_cat(a bpchar, b text) RETURNS text LANGUAGE sql IMMUTABLE STRICT
-AS $f$ SELECT concat(a, b) $f$;
-CREATE FUNCTION zlx_char_cat(a text, b bpchar) RETURNS text LANGUAGE sql IMMUTABLE STRICT
-AS $f$ SELECT concat(a, b) $f$;
-CREATE FUNCTION zlx_char_cat(a bpchar, b bpchar) RETURNS text LANGUAGE sql IMMUTABLE STRICT
-AS $f$ SELECT concat(a, b) $f$;
-CREATE OPERATOR || (LEFTARG = bpchar, RIGHTARG = text, FUNCTION = zlx_char_cat);
-CREATE OPERATOR || (LEFTARG = text, RIGHTARG = bpchar, FUNCTION = zlx_char_cat);
-CREATE OPERATOR || (LEFTARG = bpchar, RIGHTARG = bpchar, FUNCTION = zlx_char_cat);
 END IF;)sql");
 }
 

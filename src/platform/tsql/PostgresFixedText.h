@@ -1,7 +1,7 @@
 #pragma once
 // CHAR(n) on PostgreSQL: its character(n) values keep their blanks, but PostgreSQL drops them
-// when it turns one into text, so "||" over such values and DATALENGTH run as functions that
-// read the padded value.
+// when it turns one into text, so DATALENGTH runs as a function that reads the padded value
+// ("||" is in PostgresTextFunctions.h).
 
 #include <QString>
 
@@ -9,7 +9,7 @@ namespace zlx::tsql {
 
 // The PL/pgSQL that makes, once in a database's schema, zlx_datalength(value) (one byte a
 // character of a text, as in the database's code page; a bytea's bytes; the size of a number
-// or date type) and the operators || that join a character(n) value with its blanks.
+// or date type).
 QString FixedTextFunctions();
 
 } // namespace zlx::tsql

@@ -90,6 +90,14 @@ QString SqliteDialect::CastType(const QString& type) const {
     return LookUpType(kCastTypes, type);
 }
 
+// SQLite's CAST keeps the whole text; the cut one compares as the columns do.
+QString SqliteDialect::TextCast(const QString& value, const QString& type) const {
+    const auto text = SizedTextType(type);
+    if (!text || !text->variable) return {};
+    return QStringLiteral("(substr(CAST(%1 AS TEXT), 1, %2)%3)")
+        .arg(value, text->length, TextResultCollation());
+}
+
 // SQLite stores any text in any column: a text's length and an integer's range are checked.
 QString SqliteDialect::ColumnCheck(const QString& column, const QString& type) const {
     if (const auto text = SizedTextType(type))

@@ -280,7 +280,8 @@ size_t StatementWriter::EmitName(size_t i, size_t end, QString& out,
         if (call && IsTextFunction(t) && !m_dialect.TextResultCollation().isEmpty()) {
             const size_t after = m_t.Close(i + 1) + 1;
             // Written after the call, before a LIMIT that may follow it.
-            if (m_t.IsComparison(i - 1) || m_t.IsComparison(after) || m_t.WordAt(i - 1, u"BY"))
+            if (m_t.IsComparison(i - 1) || m_t.IsComparison(after) || m_t.WordAt(i - 1, u"BY") ||
+                m_t.WordAt(i - 1, u"DISTINCT"))
                 limits.emplace_hint(limits.lower_bound(after), after,
                                     m_dialect.TextResultCollation());
         }

@@ -2,9 +2,9 @@
 -- T-SQL
 SELECT CAST(ServerProperty('ProductVersion') AS VARCHAR(128))
 -- SQLite
-SELECT CAST('8.00.2039' AS TEXT)
+SELECT (substr(CAST('8.00.2039' AS TEXT), 1, 128) COLLATE NOCASE)
 -- PostgreSQL
-SELECT CAST('8.00.2039' AS varchar(128))
+SELECT zlx_varchar(CAST('8.00.2039' AS bpchar), 128)
 -- result
 rowset
 row 8.00.2039
