@@ -42,7 +42,8 @@ constexpr TypeName kColumnTypes[] = {
     {"FLOAT", "double precision"},
     {"MONEY", "numeric(19,4)"},
     {"SMALLMONEY", "numeric(10,4)"},
-    {"NTEXT", "text"},
+    {"NTEXT", "zlx_ntext"},
+    {"TEXT", "zlx_text"},
     {"IMAGE", "bytea"},
     {"VARBINARY", "bytea"},
     {"BINARY", "bytea"},
@@ -70,7 +71,8 @@ constexpr TypeRule kTypeRules[] = {
     {"double precision", 62, "8"}, {"real", 59, "4"}, {"timestamp(0)%", 58, "4"}, {"timestamp%", 61, "8"},
     {"numeric(19,4)", 60, "8"}, {"numeric%", 108, "p"}, {"character varying%", 167, "n"},
     {"character(%", 175, "n"}, {"%zlx_nvarchar_%", 231, "2n"}, {"%zlx_varchar_%", 167, "n"},
-    {"%zlx_nchar_%", 239, "2n"}, {"text", 35, "16"}, {"bytea", 34, "16"},
+    {"%zlx_nchar_%", 239, "2n"}, {"%zlx_ntext", 99, "16"}, {"%zlx_text", 35, "16"},
+    {"text", 35, "16"}, {"bytea", 34, "16"},
 };
 // clang-format on
 // The length follows "(" in a type's own name and "_" in a text domain's.
@@ -264,8 +266,8 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "FROM pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
-            TextSearchFunctions() + BlankKeepingTextFunctions() + FixedTextFunctions() +
-            BitFunctions() + NumberFunctions() + DateReadingFunctions() + TextDomainFunction() +
+            TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
+            FixedTextFunctions() + BitFunctions() + NumberFunctions() + DateReadingFunctions() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),

@@ -2,8 +2,10 @@
 // VARCHAR(n), NVARCHAR(n) and NCHAR(n) columns on PostgreSQL are domains named after their type
 // and length (zlx_varchar_40): VARCHAR(n) and NVARCHAR(n) over bpchar, whose comparisons,
 // hashing and length() ignore trailing blanks as SQL Server does while the value keeps them,
-// with a check that holds the length (error 8152); NCHAR(n) over character(n). The name keeps
-// the T-SQL type, national or not, for the catalog and the driver.
+// with a check that holds the length (error 8152); NCHAR(n) over character(n). TEXT, NTEXT,
+// VARCHAR(MAX) and NVARCHAR(MAX) are domains over bpchar without a length (zlx_text,
+// zlx_nvarchar_max). The name keeps the T-SQL type, national or not, for the catalog and the
+// driver.
 
 #include "platform/tsql/TsqlToken.h"
 
@@ -12,7 +14,8 @@
 
 namespace zlx::tsql {
 
-// The domain of a column declared `type` (upper case, VARCHAR(40)); empty for other types.
+// The domain of a column declared `type` (upper case, VARCHAR(40), TEXT); empty for other
+// types.
 QString TextDomainName(const QString& type);
 
 // The domains the column types of a CREATE TABLE or ALTER TABLE statement need.
@@ -25,11 +28,12 @@ QString TextDomainFunction();
 // SQL that makes the domains `names` unless they are there.
 QString TextDomainsCreation(const QStringList& names);
 
-// SQL that turns the sized text columns of the current schema made before these domains
-// (varchar(n), and character(n) marked national, under the database collation) into them.
+// SQL that turns the text columns of the current schema made before these domains (text,
+// varchar(n), and character(n) marked national, under the database collation) into them.
 QString OlderTextColumnsConversion();
 
-// The T-SQL type of an engine type that is one of these domains (VARCHAR(40)); empty otherwise.
+// The T-SQL type of an engine type that is one of these domains (VARCHAR(40), NTEXT); empty
+// otherwise.
 QString TsqlTypeOfTextDomain(const QString& engineType);
 
 } // namespace zlx::tsql

@@ -9,6 +9,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QSysInfo>
 #include <map>
 
@@ -96,6 +97,13 @@ QString SqliteDialect::TextCast(const QString& value, const QString& type) const
     if (!text || !text->variable) return {};
     return QStringLiteral("(substr(CAST(%1 AS TEXT), 1, %2)%3)")
         .arg(value, text->length, TextResultCollation());
+}
+
+// SQLite takes no MAX for a length; the type name keeps it, national or not, for DATALENGTH.
+QString SqliteDialect::SizedTextColumnType(const QString& type) const {
+    static const QRegularExpression unsized(QStringLiteral("^(N?VARCHAR)\\s*\\(\\s*MAX\\s*\\)$"));
+    const auto match = unsized.match(type);
+    return match.hasMatch() ? match.captured(1) + QStringLiteral(" MAX") : QString();
 }
 
 // SQLite stores any text in any column: a text's length and an integer's range are checked.

@@ -4,6 +4,6 @@ ALTER TABLE clientes ADD Observaciones TEXT
 -- SQLite
 ALTER TABLE clientes ADD Observaciones TEXT COLLATE NOCASE
 -- PostgreSQL
-ALTER TABLE clientes ADD Observaciones TEXT COLLATE zlx_ci_ai
+ALTER TABLE clientes ADD Observaciones zlx_text COLLATE zlx_ci_ai
 -- result
 count -1

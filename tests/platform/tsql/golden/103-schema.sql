@@ -5,6 +5,6 @@ ALTER TABLE articulos ADD Notas TEXT NOT NULL DEFAULT ''
 -- SQLite
 ALTER TABLE articulos ADD Notas TEXT COLLATE NOCASE NOT NULL DEFAULT ''
 -- PostgreSQL
-ALTER TABLE articulos ADD Notas TEXT COLLATE zlx_ci_ai NOT NULL DEFAULT ''
+ALTER TABLE articulos ADD Notas zlx_text COLLATE zlx_ci_ai NOT NULL DEFAULT ''
 -- result
 error 208
