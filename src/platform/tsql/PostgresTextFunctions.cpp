@@ -3,7 +3,8 @@
 namespace zlx::tsql {
 
 // textin(bpcharout(v)) is v's text with its blanks (a cast to text would drop them); being
-// strict and immutable, like the functions' bodies, the calls are inlined into the query.
+// strict and immutable, like the functions' bodies, the calls are inlined into the query. The
+// operators || of an older schema, which gave text, are made anew unless a view uses them.
 QString BlankKeepingTextFunctions() {
     return QStringLiteral(R"sql(IF to_regprocedure('zlx_varchar(bpchar, integer)') IS NULL THEN
 CREATE FUNCTION zlx_upper(v bpchar) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
@@ -24,17 +25,21 @@ CREATE FUNCTION zlx_text_replace(v bpchar, s text, r text) RETURNS bpchar LANGUA
 IMMUTABLE STRICT AS $f$ SELECT CAST(zlx_replace(textin(bpcharout(v)), s, r) AS bpchar) $f$;
 CREATE FUNCTION zlx_varchar(v bpchar, n integer) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
 AS $f$ SELECT CAST(left(textin(bpcharout(v)), n) AS bpchar) $f$;
-DROP FUNCTION IF EXISTS zlx_char_cat(bpchar, text), zlx_char_cat(text, bpchar),
-  zlx_char_cat(bpchar, bpchar) CASCADE;
-CREATE FUNCTION zlx_char_cat(a bpchar, b text) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
-AS $f$ SELECT CAST(concat(a, b) AS bpchar) $f$;
-CREATE FUNCTION zlx_char_cat(a text, b bpchar) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
-AS $f$ SELECT CAST(concat(a, b) AS bpchar) $f$;
-CREATE FUNCTION zlx_char_cat(a bpchar, b bpchar) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
-AS $f$ SELECT CAST(concat(a, b) AS bpchar) $f$;
-CREATE OPERATOR || (LEFTARG = bpchar, RIGHTARG = text, FUNCTION = zlx_char_cat);
-CREATE OPERATOR || (LEFTARG = text, RIGHTARG = bpchar, FUNCTION = zlx_char_cat);
-CREATE OPERATOR || (LEFTARG = bpchar, RIGHTARG = bpchar, FUNCTION = zlx_char_cat);
+BEGIN
+  DROP OPERATOR IF EXISTS || (bpchar, text), || (text, bpchar), || (bpchar, bpchar);
+  DROP FUNCTION IF EXISTS zlx_char_cat(bpchar, text), zlx_char_cat(text, bpchar),
+    zlx_char_cat(bpchar, bpchar);
+  CREATE FUNCTION zlx_char_cat(a bpchar, b text) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
+  AS $f$ SELECT CAST(concat(a, b) AS bpchar) $f$;
+  CREATE FUNCTION zlx_char_cat(a text, b bpchar) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
+  AS $f$ SELECT CAST(concat(a, b) AS bpchar) $f$;
+  CREATE FUNCTION zlx_char_cat(a bpchar, b bpchar) RETURNS bpchar LANGUAGE sql IMMUTABLE STRICT
+  AS $f$ SELECT CAST(concat(a, b) AS bpchar) $f$;
+  CREATE OPERATOR || (LEFTARG = bpchar, RIGHTARG = text, FUNCTION = zlx_char_cat);
+  CREATE OPERATOR || (LEFTARG = text, RIGHTARG = bpchar, FUNCTION = zlx_char_cat);
+  CREATE OPERATOR || (LEFTARG = bpchar, RIGHTARG = bpchar, FUNCTION = zlx_char_cat);
+EXCEPTION WHEN dependent_objects_still_exist THEN NULL;
+END;
 END IF;)sql");
 }
 

@@ -12,8 +12,7 @@ namespace zlx::tsql {
 // The PL/pgSQL that makes, once in a database's schema, zlx_upper(v), zlx_lower(v),
 // zlx_left(v, n), zlx_right(v, n), zlx_substring(v, start, length) (of a bytea too),
 // zlx_ltrim(v), zlx_text_replace(v, sought, replacement), zlx_varchar(v, n), v cut to n
-// characters, and the operators || that join a bpchar value with its blanks (in a schema
-// whose operators gave text, they are made anew).
+// characters, and the operators || that join a bpchar value with its blanks.
 QString BlankKeepingTextFunctions();
 
 } // namespace zlx::tsql
