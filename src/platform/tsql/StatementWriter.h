@@ -137,6 +137,10 @@ private:
     // operand at `i` is no date with a number added.
     size_t EmitDateArithmetic(size_t i, QString& out);
 
+    // The number of days that begins at `at` after a date's + or -, into `days`: a number, or
+    // CAST(n AS SMALLINT) of an integer type. Returns where it ends, `at` when there is none.
+    size_t DaysOperandEnd(size_t at, QString& days) const;
+
     // Whether [i, end) is a date (DateOperands).
     bool IsDateOperand(size_t i, size_t end) const;
 

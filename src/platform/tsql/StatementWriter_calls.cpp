@@ -97,17 +97,37 @@ size_t StatementWriter::EmitDateArithmetic(size_t i, QString& out) {
     const size_t end = m_t.PrimaryEnd(i);
     const bool plus = m_t.SymbolAt(end, u"+");
     if (end == i || !(plus || m_t.SymbolAt(end, u"-"))) return i;
-    const Token* days = m_t.At(end + 1);
-    if (!days || days->kind != TokenKind::Number || IsBinaryLiteral(*days) ||
-        m_t.SymbolAt(end + 2, u"*") || m_t.SymbolAt(end + 2, u"/") || m_t.SymbolAt(end + 2, u"%") ||
-        !IsDateOperand(i, end))
+    QString days;
+    const size_t daysEnd = DaysOperandEnd(end + 1, days);
+    if (daysEnd == end + 1 || m_t.SymbolAt(daysEnd, u"*") || m_t.SymbolAt(daysEnd, u"/") ||
+        m_t.SymbolAt(daysEnd, u"%") || !IsDateOperand(i, end))
         return i;
     m_plainOperand = i;
     const QString value = Range(i, end).trimmed();
     m_plainOperand = kNone;
-    out += m_t[i].leading +
-           m_dialect.DatePlusDays(value, (plus ? QString() : QStringLiteral("-")) + days->text);
-    return end + 2;
+    if (!plus) days = days.startsWith(u'-') ? days.mid(1) : u'-' + days;
+    out += m_t[i].leading + m_dialect.DatePlusDays(value, days);
+    return daysEnd;
+}
+
+size_t StatementWriter::DaysOperandEnd(size_t at, QString& days) const {
+    const Token* number = m_t.At(at);
+    if (number && number->kind == TokenKind::Number && !IsBinaryLiteral(*number)) {
+        days = number->text;
+        return at + 1;
+    }
+    // CAST([-]n AS SMALLINT): the literal of an integer variable of a type other than INT.
+    if (!m_t.WordAt(at, u"CAST") || !m_t.SymbolAt(at + 1, u"(")) return at;
+    const bool negative = m_t.SymbolAt(at + 2, u"-");
+    const size_t digits = at + 2 + (negative ? 1 : 0);
+    number = m_t.At(digits);
+    if (!number || number->kind != TokenKind::Number || IsBinaryLiteral(*number) ||
+        !m_t.WordAt(digits + 1, u"AS") || !m_t.At(digits + 2) ||
+        KindOfTsqlType(m_t[digits + 2].text.toUpper()) != ColumnKind::Integer ||
+        !m_t.SymbolAt(digits + 3, u")"))
+        return at;
+    days = (negative ? QStringLiteral("-") : QString()) + number->text;
+    return digits + 4;
 }
 
 bool StatementWriter::IsDateOperand(size_t i, size_t end) const {

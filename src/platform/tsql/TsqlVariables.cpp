@@ -336,8 +336,8 @@ Tokens TsqlVariables::Substitute(const Tokens& statement, bool placeholders) con
     return out;
 }
 
-// The literal of a variable's value in its type: a number, a text, CAST(... AS DECIMAL(p, s)),
-// CAST('yyyymmdd hh:mm:ss[.mmm]' AS DATETIME), or NULL.
+// The literal of a variable's value in its type: an INT's number, a text, CAST(... AS BIGINT),
+// CAST(... AS DECIMAL(p, s)), CAST('yyyymmdd hh:mm:ss[.mmm]' AS DATETIME), or NULL.
 Tokens TsqlVariables::Literal(const Variable& variable, bool placeholder) const {
     const VariableType& type = variable.type;
     static const QString zero = QStringLiteral("0");
@@ -357,6 +357,9 @@ Tokens TsqlVariables::Literal(const Variable& variable, bool placeholder) const 
     case VariableKind::Float:
         return Tokenize(QStringLiteral("CAST(%1 AS %2)").arg(*value, type.SqlType()));
     case VariableKind::Integer:
+        // A bare whole number is an INT to arithmetic: the other integer types say theirs.
+        if (type.name != u"INT" && type.name != u"INTEGER")
+            return Tokenize(QStringLiteral("CAST(%1 AS %2)").arg(*value, type.name));
         // A negative number goes in parentheses: "5 - -1" would start a comment.
         if (value->startsWith(u'-')) return Tokenize(u'(' + *value + u')');
         [[fallthrough]];
