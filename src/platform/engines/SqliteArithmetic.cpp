@@ -74,6 +74,30 @@ void Decimal(sqlite3_context* context, int, sqlite3_value** values) {
         sqlite3_result_int64(context, rounded.toLongLong());
 }
 
+// A number in ten-thousandths, as MONEY holds it (rounded to four places); false when it is no
+// number.
+bool TenThousandths(sqlite3_value* value, qint64& units) {
+    const QString rounded = RoundedDecimal(NumberText(value), 4);
+    bool ok = false;
+    units = QString(rounded).remove(u'.').toLongLong(&ok);
+    return ok;
+}
+
+// MONEY divided: the quotient of the two values in ten-thousandths, the places after the fourth
+// dropped (SQL Server truncates a MONEY quotient where it rounds a product).
+void MoneyQuotient(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL ||
+        sqlite3_value_type(values[1]) == SQLITE_NULL)
+        return sqlite3_result_null(context);
+    qint64 dividend = 0, divisor = 0;
+    if (!TenThousandths(values[0], dividend) || !TenThousandths(values[1], divisor))
+        return sqlite3_result_error(context, "Error converting data type varchar to money.", -1);
+    if (divisor == 0) return sqlite3_result_error(context, "Divide by zero error encountered.", -1);
+    const auto quotient = static_cast<qint64>(static_cast<__int128>(dividend) * 10000 / divisor);
+    if (quotient % 10000 == 0) return sqlite3_result_int64(context, quotient / 10000);
+    sqlite3_result_double(context, static_cast<double>(quotient) / 10000.0);
+}
+
 // CAST(x AS FLOAT): a text is a number between blanks, with a fraction and an exponent or not,
 // and a blank text 0 (SQLite reads any text, "doce" as 0).
 void Real(sqlite3_context* context, int, sqlite3_value** values) {
@@ -126,6 +150,8 @@ void Install(sqlite3* db) {
                             &Divisor, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_decimal", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                             &Decimal, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_money_quotient", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                            nullptr, &MoneyQuotient, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_float", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Real,
                             nullptr, nullptr);
     sqlite3_create_function(db, "round", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Round,

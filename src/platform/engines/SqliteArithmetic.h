@@ -4,10 +4,11 @@
 // (SQLite divides by zero into NULL); zlx_decimal(x, p, s) is x as a DECIMAL(p,s) holds it,
 // rounded half away from zero to s places (a real when s > 0), failing as SQL Server's
 // arithmetic overflow beyond p digits and as its conversion error for a text that is no
-// number (SQLite keeps any number in a NUMERIC column); zlx_float(x) is x as a FLOAT, a text
-// read as SQL Server reads it (error "converting data type varchar to float" for a word, where
-// SQLite's CAST answers 0); round(x, n) rounds half away from zero,
-// to tens, hundreds... for a negative n, and leaves an integer an integer.
+// number (SQLite keeps any number in a NUMERIC column); zlx_money_quotient(a, b) is a / b of
+// MONEY values, worked out exactly in ten-thousandths and truncated to four places; zlx_float(x) is
+// x as a FLOAT, a text read as SQL Server reads it (error "converting data type varchar to float"
+// for a word, where SQLite's CAST answers 0); round(x, n) rounds half away from zero, to tens,
+// hundreds... for a negative n, and leaves an integer an integer.
 
 struct sqlite3;
 

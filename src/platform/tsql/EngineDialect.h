@@ -165,6 +165,9 @@ public:
         (void)value, (void)precision, (void)scale;
         return {};
     }
+    // `dividend` / `divisor` whose result is MONEY: four places kept, the rest dropped (not
+    // rounded).
+    virtual QString MoneyQuotient(const QString& dividend, const QString& divisor) const = 0;
     // `value` as a BIT column stores it (1 for any number but 0, the words TRUE and FALSE);
     // empty: the engine stores it as it is.
     virtual QString StoredBit(const QString& value) const {

@@ -137,6 +137,11 @@ QString PostgresDialect::WidenedOperand(const QString& value) const {
     return QStringLiteral("CAST(%1 AS integer)").arg(value);
 }
 
+// div() answers the whole quotient, truncated: of the dividend in ten-thousandths, the four places.
+QString PostgresDialect::MoneyQuotient(const QString& dividend, const QString& divisor) const {
+    return QStringLiteral("(div(CAST(%1 AS numeric) * 10000, %2) / 10000)").arg(dividend, divisor);
+}
+
 QString PostgresDialect::IntegerResult(const QString& value, const QString& type) const {
     if (ChecksIntegerArithmetic(type)) return EngineDialect::IntegerResult(value, type);
     return QStringLiteral("zlx_int_result(%1, '%2')").arg(value, IntegerTypeName(type));

@@ -27,6 +27,7 @@ public:
     QString TruncatingCast(const QString& value, const QString& engineType) const override;
     QString IntegerCast(const QString& value, const QString& type) const override;
     QString IntegerResult(const QString& value, const QString& type) const override;
+    QString MoneyQuotient(const QString& dividend, const QString& divisor) const override;
     bool ChecksIntegerArithmetic(const QString& type) const override;
     QString WidenedOperand(const QString& value) const override;
     QString DateOnly(const QString& value) const override;

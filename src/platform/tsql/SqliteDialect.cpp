@@ -198,6 +198,11 @@ QString SqliteDialect::IntegerCast(const QString& value, const QString& type) co
     return QStringLiteral("zlx_integer(%1, '%2')").arg(value, IntegerTypeName(type));
 }
 
+// SQLite would divide the reals that MONEY values are kept as.
+QString SqliteDialect::MoneyQuotient(const QString& dividend, const QString& divisor) const {
+    return QStringLiteral("zlx_money_quotient(%1, %2)").arg(dividend, divisor);
+}
+
 QString SqliteDialect::IntegerResult(const QString& value, const QString& type) const {
     return QStringLiteral("zlx_integer_result(%1, '%2')").arg(value, IntegerTypeName(type));
 }

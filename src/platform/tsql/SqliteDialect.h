@@ -34,6 +34,7 @@ public:
     QString PaddedText(const QString& value, int length) const override;
     QString IntegerCast(const QString& value, const QString& type) const override;
     QString IntegerResult(const QString& value, const QString& type) const override;
+    QString MoneyQuotient(const QString& dividend, const QString& divisor) const override;
     bool ChecksIntegerArithmetic(const QString&) const override { return false; }
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString StoredBit(const QString& value) const override;

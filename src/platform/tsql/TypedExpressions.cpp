@@ -10,6 +10,7 @@ namespace zlx::tsql {
 namespace {
 
 const QString kValue = QStringLiteral("\x01");
+const QString kDivisor = QStringLiteral("\x02"); // a quotient's second operand
 
 bool IsArithmetic(const Token* token) {
     static const QStringList operators = {u"+"_qs, u"-"_qs, u"*"_qs, u"/"_qs, u"%"_qs};
@@ -167,14 +168,20 @@ TypedExpressions::Typed TypedExpressions::Combine(const Typed& left, const QStri
         }
         return result;
     }
-    // An engine that keeps any number in a number column may hold a whole MONEY as an integer:
-    // the division is made on reals.
-    if (op == u"/" && !m_dialect.ScaledDecimal(kValue, 1, 0).isEmpty())
-        AddWrap(
-            left.first, left.last,
-            QStringLiteral("CAST(\x01 AS %1)").arg(m_dialect.CastType(QStringLiteral("FLOAT"))));
+    if (op == u"/") WrapMoneyQuotient(left, right);
     AddWrap(result.first, result.last, m_dialect.Cast(kValue, result.type, false));
     return result;
+}
+
+// The engine's call takes both operands in place of the "/" between them.
+void TypedExpressions::WrapMoneyQuotient(const Typed& left, const Typed& right) {
+    const QString call = m_dialect.MoneyQuotient(kValue, kDivisor);
+    AddWrap(left.first, left.last, call.section(kValue, 0, 0) + kValue, true);
+    AddWrap(right.first, right.last,
+            call.section(kValue, 1).section(kDivisor, 0, 0) + kValue + call.section(kDivisor, 1),
+            true);
+    m_dropped.push_back(left.last);
+    m_t[right.first].leading.clear(); // the call's own text separates the operands
 }
 
 QString TypedExpressions::TypeOf(size_t first, size_t last) {
@@ -264,20 +271,22 @@ void TypedExpressions::WrapCalls() {
     }
 }
 
-void TypedExpressions::AddWrap(size_t first, size_t last, const QString& call) {
-    if (call.contains(kValue)) m_wraps.push_back({first, last, call});
+void TypedExpressions::AddWrap(size_t first, size_t last, const QString& call, bool operand) {
+    if (call.contains(kValue)) m_wraps.push_back({first, last, call, operand});
 }
 
 void TypedExpressions::Apply() {
     if (m_wraps.empty()) return;
-    // Outer wraps open first and close last: the wider, or the later of two alike.
+    // Outer wraps open first and close last: the wider, or of two alike a quotient's operand or
+    // the later.
     std::vector<size_t> order(m_wraps.size());
     for (size_t k = 0; k < order.size(); ++k)
         order[k] = k;
     const auto inner = [this](size_t a, size_t b) {
         const size_t widthA = m_wraps[a].last - m_wraps[a].first;
         const size_t widthB = m_wraps[b].last - m_wraps[b].first;
-        return widthA != widthB ? widthA < widthB : a < b;
+        if (widthA != widthB) return widthA < widthB;
+        return m_wraps[a].operand != m_wraps[b].operand ? m_wraps[b].operand : a < b;
     };
     std::sort(order.begin(), order.end(), inner);
     Tokens written;
@@ -292,6 +301,7 @@ void TypedExpressions::Apply() {
             leading.clear();
         }
         if (i == m_t.size()) break;
+        if (std::find(m_dropped.begin(), m_dropped.end(), i) != m_dropped.end()) continue;
         written.push_back(m_t[i]);
         written.back().leading = leading;
     }

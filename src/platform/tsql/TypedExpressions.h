@@ -1,13 +1,13 @@
 #pragma once
 // Expressions whose result SQL Server's types decide where an engine computes otherwise: +, -
 // and * over integer types hold to the result's type (error 8115 past it) on an engine that
-// computes in 64 bits; an operation whose result is MONEY keeps four places, rounded, however
-// the engine divides or multiplies; SUM of an integer type is an INT (a BIGINT's a BIGINT) and
-// SUM and AVG of MONEY are MONEY; DATALENGTH of a national text (NCHAR, NVARCHAR, NTEXT, N'...')
-// counts two bytes a character. Each such operation is wrapped, in the statement's tokens, in the
-// engine's call that gives SQL Server's result. Types come from literals, CAST and CONVERT, a few
-// functions and the types of the columns named; an operand of no known type leaves its
-// operation as written.
+// computes in 64 bits; an operation whose result is MONEY keeps four places however the engine
+// divides or multiplies (a quotient truncated, any other result rounded); SUM of an integer type is
+// an INT (a BIGINT's a BIGINT) and SUM and AVG of MONEY are MONEY; DATALENGTH of a national text
+// (NCHAR, NVARCHAR, NTEXT, N'...') counts two bytes a character. Each such operation is wrapped, in
+// the statement's tokens, in the engine's call that gives SQL Server's result. Types come from
+// literals, CAST and CONVERT, a few functions and the types of the columns named; an operand of no
+// known type leaves its operation as written.
 
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TranslationContext.h"
@@ -36,11 +36,12 @@ private:
         bool literal;
     };
     // The engine's call, the value written \x01, around tokens [first, last); of two around the
-    // same tokens the later one goes outside.
+    // same tokens the operand of a quotient, then the later one, goes outside.
     struct Wrap {
         size_t first;
         size_t last;
         QString call;
+        bool operand = false; // a part of a call that takes both operands of a quotient
     };
 
     // Whether an operand that no arithmetic operator precedes begins at `i`.
@@ -51,6 +52,8 @@ private:
     // precedence; `record`: the operations that need the engine's call are wrapped.
     std::optional<Typed> Chain(size_t first, bool record);
     Typed Combine(const Typed& left, const QString& op, const Typed& right, bool record);
+    // left / right whose result is MONEY: the engine's truncating quotient.
+    void WrapMoneyQuotient(const Typed& left, const Typed& right);
     QString TypeOf(size_t first, size_t last);
     QString CallType(size_t name, size_t last);
     QString ColumnType(const QString& column);
@@ -58,7 +61,7 @@ private:
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
     void WrapCalls();
     void WrapBitNegations();
-    void AddWrap(size_t first, size_t last, const QString& call);
+    void AddWrap(size_t first, size_t last, const QString& call, bool operand = false);
     // Writes the wraps into the tokens.
     void Apply();
 
@@ -66,6 +69,7 @@ private:
     const TranslationContext& m_context;
     const EngineDialect& m_dialect;
     std::vector<Wrap> m_wraps;
+    std::vector<size_t> m_dropped;         // operators that a wrap's call replaces
     QHash<QString, QString> m_columnTypes; // asked once per statement
 };
 

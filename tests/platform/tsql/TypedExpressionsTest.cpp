@@ -68,13 +68,15 @@ TEST(TypedExpressions, SumsOfIntegersAreOfTheirSqlServerType) {
               u"SELECT zlx_integer_result(SUM(zlx_integer_result(i * 2, 'int')), 'int') FROM t"_qs);
 }
 
-TEST(TypedExpressions, MoneyResultsAreRoundedToFourPlaces) {
-    EXPECT_EQ(Sqlite(u"SELECT m / i, AVG(m) FROM t"_qs),
-              u"SELECT zlx_decimal(CAST(m AS REAL) / zlx_divisor(i), 19, 4), zlx_decimal(AVG(m), "
-              u"19, 4) FROM t"_qs);
-    EXPECT_EQ(Postgres(u"SELECT m * m + 1, CAST(2 AS MONEY) / 3 FROM t"_qs),
-              u"SELECT CAST(CAST(m * m AS numeric(19,4)) + 1 AS numeric(19,4)), CAST(CAST(2 AS "
-              u"numeric(19,4)) / 3 AS numeric(19,4)) FROM t"_qs);
+// A quotient goes to the engine's call that truncates it, its operands in place of the "/".
+TEST(TypedExpressions, MoneyResultsKeepFourPlaces) {
+    EXPECT_EQ(Sqlite(u"SELECT m / i, AVG(m), (m + 1) / -m FROM t"_qs),
+              u"SELECT zlx_decimal(zlx_money_quotient(m, i), 19, 4), zlx_decimal(AVG(m), 19, 4), "
+              u"zlx_decimal(zlx_money_quotient((zlx_decimal(m + 1, 19, 4)), -m), 19, 4) FROM t"_qs);
+    EXPECT_EQ(
+        Postgres(u"SELECT m * m + 1, CAST(2 AS MONEY) / 3 FROM t"_qs),
+        u"SELECT CAST(CAST(m * m AS numeric(19,4)) + 1 AS numeric(19,4)), CAST((div(CAST(CAST("
+        u"2 AS numeric(19,4)) AS numeric) * 10000, 3) / 10000) AS numeric(19,4)) FROM t"_qs);
 }
 
 TEST(TypedExpressions, NationalTextsCountTwoBytesACharacter) {
