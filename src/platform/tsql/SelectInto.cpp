@@ -45,7 +45,24 @@ bool MentionsIdentity(const StatementTokens& tokens, size_t first, size_t end,
 }
 
 SelectInto::Copy CopyOf(const TableColumn& column) {
-    return {column.notNull || column.identity, column.identity, column.seed, column.step};
+    return {column.type.toUpper(), column.notNull || column.identity, column.identity, column.seed,
+            column.step};
+}
+
+// The T-SQL type of a select list's value [first, end) that names no column, where it shows:
+// a text literal's (VARCHAR or NVARCHAR of its length), CAST(x AS type)'s, CONVERT(type, x)'s.
+QString ExpressionType(const StatementTokens& tokens, size_t first, size_t end) {
+    const Token& token = tokens[first];
+    if (end == first + 1 && token.kind == TokenKind::String && !token.text.isEmpty())
+        return QStringLiteral("%1(%2)")
+            .arg(token.national ? u"NVARCHAR" : u"VARCHAR")
+            .arg(token.text.size());
+    if (!tokens.SymbolAt(first + 1, u"(") || tokens.Close(first + 1) + 1 != end) return {};
+    const QString type = tokens.ConversionType(first);
+    // A CAST or CONVERT to a text type without a length gives 30 characters.
+    static const QStringList sized = {u"CHAR"_qs,     u"VARCHAR"_qs, u"NCHAR"_qs,
+                                      u"NVARCHAR"_qs, u"BINARY"_qs,  u"VARBINARY"_qs};
+    return sized.contains(type) ? type + QStringLiteral("(30)") : type;
 }
 
 QString Bracketed(const QString& name) {
@@ -134,7 +151,8 @@ std::vector<SelectInto::Copy> SelectInto::Copies(const TableColumns& table, size
             const bool constant =
                 valueEnd == value + 1 && (tokens[value].kind == TokenKind::String ||
                                           tokens[value].kind == TokenKind::Number);
-            copies.push_back(Copy{constant || MentionsIdentity(tokens, value, valueEnd, table)});
+            copies.push_back(Copy{ExpressionType(tokens, value, valueEnd),
+                                  constant || MentionsIdentity(tokens, value, valueEnd, table)});
         }
     }
     if (copies.size() != count) return {};
@@ -155,7 +173,8 @@ Tokens SelectInto::CreateTable(const std::vector<ado::ColumnInfo>& columns,
                 ? QStringLiteral(" IDENTITY(%1,%2) NOT NULL").arg(copy.seed).arg(copy.step)
             : copy.notNull ? QStringLiteral(" NOT NULL")
                            : QStringLiteral(" NULL");
-        definitions << Bracketed(columns[k].name) + u' ' + ColumnTypeText(columns[k]) + nullability;
+        const QString type = copy.type.isEmpty() ? ColumnTypeText(columns[k]) : copy.type;
+        definitions << Bracketed(columns[k].name) + u' ' + type + nullability;
     }
     return Tokenize(QStringLiteral("CREATE TABLE %1 (%2)")
                         .arg(TokensToSql(target).trimmed(), definitions.join(u", "_qs)));

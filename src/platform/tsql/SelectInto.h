@@ -17,6 +17,7 @@ struct SelectInto {
 
     // What a column of the new table takes over from the column it is selected from.
     struct Copy {
+        QString type; // its T-SQL type; empty: the type the engine describes
         bool notNull = false;
         bool identity = false; // IDENTITY(seed, step), NOT NULL
         std::int64_t seed = 1;
@@ -31,8 +32,9 @@ struct SelectInto {
     // written; empty when it reads no such table.
     QString SourceTable() const;
     // What each of the `count` columns of the new table copies from `table`, the columns of
-    // SourceTable(): SQL Server copies NOT NULL from a column selected as it is, and IDENTITY
-    // when the identity column is selected so once; a constant is NOT NULL too. Nothing is
+    // SourceTable(): SQL Server copies the type and NOT NULL from a column selected as it is,
+    // and IDENTITY when the identity column is selected so once; a constant is NOT NULL too, a
+    // text literal a VARCHAR (NVARCHAR) of its length, a CAST or CONVERT of its type. Nothing is
     // copied when the select list does not match the `count` columns.
     std::vector<Copy> Copies(const TableColumns& table, size_t count) const;
     // The statement that makes the table for the query's `columns`, with their `copies` (none:

@@ -1,6 +1,7 @@
 #include "platform/tsql/StatementTokens.h"
 
 #include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlTokenizer.h"
 
 namespace zlx::tsql {
 
@@ -222,6 +223,21 @@ const Token* StatementTokens::NamedColumn(size_t first, size_t end) const {
         if (!m_t[i + 1].IsSymbol(u".")) return nullptr;
     }
     return nullptr;
+}
+
+QString StatementTokens::ConversionType(size_t name) const {
+    const bool cast = WordAt(name, u"CAST");
+    if (!(cast || WordAt(name, u"CONVERT")) || !SymbolAt(name + 1, u"(")) return {};
+    const size_t close = Close(name + 1);
+    const std::vector<size_t> commas = Commas(name + 1, close);
+    const size_t first = cast ? DepthZeroWord(name + 2, u"AS") + 1 : name + 2;
+    const size_t last = cast || commas.empty() ? close : commas.front();
+    if (first >= last || last > size()) return {};
+    return TokensToSql(Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(first),
+                              m_t.begin() + static_cast<std::ptrdiff_t>(last)))
+        .simplified()
+        .remove(u' ')
+        .toUpper();
 }
 
 } // namespace zlx::tsql

@@ -97,6 +97,10 @@ public:
     // and "+", which bind more tightly than LIKE.
     size_t ExpressionEnd(size_t i) const;
 
+    // The type (upper case, without blanks: "DECIMAL(10,2)") that the CAST(x AS type) or
+    // CONVERT(type, x) call at `name` converts to; empty for any other expression.
+    QString ConversionType(size_t name) const;
+
     // The column that [first, end) names (c, t.c, [c]); nullptr for any other expression.
     const Token* NamedColumn(size_t first, size_t end) const;
 

@@ -217,21 +217,9 @@ QString TypedExpressions::CallType(size_t name, size_t last) {
     const size_t open = name + 1;
     const size_t close = last - 1;
     if (integers.contains(function)) return QStringLiteral("INT");
-    if (function == u"CAST") {
-        const size_t as = m_t.DepthZeroWord(open + 1, u"AS");
-        return as < close ? TokensToSql(Tokens(m_t.begin() + as + 1, m_t.begin() + close))
-                                .simplified()
-                                .remove(u' ')
-                                .toUpper()
-                          : QString();
-    }
+    if (function == u"CAST" || function == u"CONVERT") return m_t.ConversionType(name);
     const std::vector<size_t> commas = m_t.Commas(open, close);
     const size_t firstEnd = commas.empty() ? close : commas.front();
-    if (function == u"CONVERT")
-        return TokensToSql(Tokens(m_t.begin() + open + 1, m_t.begin() + firstEnd))
-            .simplified()
-            .remove(u' ')
-            .toUpper();
     if (!sameType.contains(function) || !OperandAt(open + 1)) return {};
     const auto argument = Chain(open + 1, false);
     if (!argument || argument->last != firstEnd) return {};
