@@ -311,10 +311,10 @@ public:
     // The columns of an engine table in order, each with the kind of its T-SQL type; none when
     // there is no such table.
     virtual TableColumns ColumnsOf(const QString& table) = 0;
-    // The next identity of the table's column becomes value + 1.
+    // The next identity of the table's column becomes value plus the identity's step.
     virtual void SetIdentity(const QString& table, const QString& column, std::int64_t value) = 0;
     // Whether the table's identity has handed out a value since the table was made: DBCC
-    // CHECKIDENT's RESEED n then makes the next identity n + 1, before that n itself.
+    // CHECKIDENT's RESEED n then makes the next identity n plus the step, before that n itself.
     virtual bool IdentityTaken(const QString& table, const QString& column) = 0;
     // The next identity follows the highest value the column holds when that is past it.
     virtual void RaiseIdentity(const QString& table, const QString& column) = 0;

@@ -465,17 +465,22 @@ TableColumns PostgresDialect::ColumnsOf(const QString& table) {
     return columns;
 }
 
-// setval(s, n, true) makes the next value n + 1, setval(s, n, false) n itself; a next value
-// below 1 first lowers the sequence's least value.
+// setval(s, n, true) makes the next value n plus the sequence's step, whichever its sign; a
+// value past the sequence's bounds first moves the bound.
 void PostgresDialect::SetIdentity(const QString& table, const QString& column, std::int64_t value) {
-    if (value < 0)
+    const QString sequence = QStringLiteral("CAST(pg_get_serial_sequence(%1, %2) AS regclass)")
+                                 .arg(SqlString(table), SqlString(column));
+    const auto bounds = Access().Query(
+        QStringLiteral("SELECT seqmin, seqmax FROM pg_sequence WHERE seqrelid = ") + sequence);
+    if (!bounds.empty() && value < bounds[0][0].ToInt64())
         Access().Run(QStringLiteral("ALTER TABLE %1 ALTER COLUMN %2 SET MINVALUE %3")
                          .arg(table, column)
-                         .arg(value + 1));
-    Access().Run(QStringLiteral("SELECT setval(pg_get_serial_sequence(%1, %2), %3, %4)")
-                     .arg(SqlString(table), SqlString(column))
-                     .arg(value >= 1 ? value : value + 1)
-                     .arg(value >= 1 ? QStringLiteral("true") : QStringLiteral("false")));
+                         .arg(value));
+    if (!bounds.empty() && value > bounds[0][1].ToInt64())
+        Access().Run(QStringLiteral("ALTER TABLE %1 ALTER COLUMN %2 SET MAXVALUE %3")
+                         .arg(table, column)
+                         .arg(value));
+    Access().Run(QStringLiteral("SELECT setval(%1, %2, true)").arg(sequence).arg(value));
 }
 
 void PostgresDialect::RaiseIdentity(const QString& table, const QString& column) {
