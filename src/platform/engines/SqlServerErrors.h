@@ -34,6 +34,7 @@ constexpr std::int32_t kNativeDuplicateKey = 2627;
 constexpr std::int32_t kNativeColumnExists = 2705;
 constexpr std::int32_t kNativeObjectExists = 2714;
 constexpr std::int32_t kNativeCannotDrop = 3701;
+constexpr std::int32_t kNativeNotAConstraint = 3728; // DROP CONSTRAINT of a name that is none
 constexpr std::int32_t kNativeCommitWithoutBegin = 3902;
 constexpr std::int32_t kNativeRollbackWithoutBegin = 3903;
 constexpr std::int32_t kNativeCannotOpenDatabase = 4060; // unknown database in a login or USE

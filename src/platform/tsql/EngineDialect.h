@@ -286,6 +286,14 @@ public:
     // sp_bindefault and sp_unbindefault (empty value) on an engine table and column.
     virtual void ChangeDefault(const QString& table, const QString& column,
                                const QString& value) = 0;
+    // Keeps `name` as the name of the default of the engine table's column (made by a statement
+    // that named it: CONSTRAINT name DEFAULT x).
+    virtual void NameDefault(const QString& table, const QString& column, const QString& name) = 0;
+    // Drops the default named `name` of a column of the engine table; false when no default of
+    // the table has that name.
+    virtual bool DropNamedDefault(const QString& table, const QString& name) = 0;
+    // Whether the engine table has a constraint, or an index standing for one, named `name`.
+    virtual bool HasConstraint(const QString& table, const QString& name) = 0;
     // sp_indexes_rowset: %1 the table, %2 the index or NULL, %3 its engine name.
     virtual QString IndexesQuery(const QString& schema) const = 0;
     // Definitions this engine handles itself; false: translate the statement.

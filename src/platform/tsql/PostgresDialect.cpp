@@ -16,6 +16,8 @@
 namespace zlx::tsql {
 namespace {
 
+const QString kDefaultNameMark = QStringLiteral("zlx default "); // a column comment's start
+
 // Searches inside text match search keys (see PostgresTextSearch.h); text functions keep
 // trailing blanks (see PostgresTextFunctions.h).
 constexpr FunctionSpelling kFunctions[] = {
@@ -352,6 +354,34 @@ void PostgresDialect::ChangeDefault(const QString& table, const QString& column,
                      .arg(table, column,
                           value.isEmpty() ? QStringLiteral("DROP DEFAULT")
                                           : QStringLiteral("SET DEFAULT ") + value));
+}
+
+// PostgreSQL keeps no name for a default: the column's comment holds it.
+void PostgresDialect::NameDefault(const QString& table, const QString& column,
+                                  const QString& name) {
+    Access().Run(QStringLiteral("COMMENT ON COLUMN %1.%2 IS %3")
+                     .arg(table, column, SqlString(kDefaultNameMark + name.toLower())));
+}
+
+bool PostgresDialect::DropNamedDefault(const QString& table, const QString& name) {
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT quote_ident(attname) FROM pg_attribute a JOIN pg_description d ON "
+                       "d.objoid = a.attrelid AND d.objsubid = a.attnum WHERE a.attrelid = "
+                       "CAST(%1 AS regclass) AND d.description = %2")
+            .arg(SqlString(table), SqlString(kDefaultNameMark + name.toLower())));
+    if (rows.empty()) return false;
+    const QString column = rows[0][0].ToString();
+    ChangeDefault(table, column, QString());
+    Access().Run(QStringLiteral("COMMENT ON COLUMN %1.%2 IS NULL").arg(table, column));
+    return true;
+}
+
+bool PostgresDialect::HasConstraint(const QString& table, const QString& name) {
+    return !Access()
+                .Query(QStringLiteral("SELECT 1 FROM pg_constraint WHERE conrelid = CAST(%1 AS "
+                                      "regclass) AND lower(conname) = lower(%2)")
+                           .arg(SqlString(table), SqlString(name)))
+                .empty();
 }
 
 QString PostgresDialect::IndexesQuery(const QString&) const {

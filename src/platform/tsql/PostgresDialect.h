@@ -68,6 +68,9 @@ public:
     void CreateDatabase(const QString& database) override;
     void DropDatabase(const QString& database) override;
     void ChangeDefault(const QString& table, const QString& column, const QString& value) override;
+    void NameDefault(const QString& table, const QString& column, const QString& name) override;
+    bool DropNamedDefault(const QString& table, const QString& name) override;
+    bool HasConstraint(const QString& table, const QString& name) override;
     QString IndexesQuery(const QString& schema) const override;
     QString TruncateSql(const QString& table) const override;
     bool TruncateRestartsIdentity() const override { return true; }

@@ -449,6 +449,33 @@ void SqliteDialect::ChangeDefault(const QString& table, const QString& column,
     Rebuilder(table).ChangeDefault(column, value);
 }
 
+// SQLite keeps a default's name in the table's definition (CONSTRAINT name DEFAULT x).
+void SqliteDialect::NameDefault(const QString& table, const QString& column, const QString& name) {
+    Rebuilder(table).NameDefault(column, name);
+}
+
+bool SqliteDialect::DropNamedDefault(const QString& table, const QString& name) {
+    SqliteTableRebuild rebuild = Rebuilder(table);
+    const QString column = rebuild.ColumnOfDefault(name);
+    if (column.isEmpty()) return false;
+    rebuild.ChangeDefault(column, QString());
+    return true;
+}
+
+// A primary key or unique constraint is an index of its name; other constraints are named in
+// the table's definition.
+bool SqliteDialect::HasConstraint(const QString& table, const QString& name) {
+    const auto [schema, bare] = SchemaAndName(table);
+    return !Access()
+                .Query(QStringLiteral("SELECT 1 FROM %1.sqlite_master WHERE (type = 'index' AND "
+                                      "name = %3 COLLATE NOCASE) OR (type = 'table' AND name = %2 "
+                                      "COLLATE NOCASE AND sql LIKE %4)")
+                           .arg(schema, SqlString(bare), SqlString(name),
+                                SqlString(QStringLiteral("%CONSTRAINT ") + name +
+                                          QStringLiteral(" %"))))
+                .empty();
+}
+
 QString SqliteDialect::IndexesQuery(const QString& schema) const {
     return QStringLiteral("SELECT tbl_name AS TABLE_NAME, ifnull(%2, name) AS INDEX_NAME FROM ") +
            (schema.isEmpty() ? QStringLiteral("main.") : schema) +

@@ -43,14 +43,46 @@ size_t DefaultValueEnd(const Tokens& definition, size_t value) {
     return definition.size();
 }
 
-void RemoveDefault(Tokens& definition) {
+// Where the column's default begins, with its name (CONSTRAINT name DEFAULT x); the end when it
+// has none.
+size_t DefaultStart(const Tokens& definition) {
     for (size_t i = 0; i < definition.size(); ++i) {
-        if (definition[i].IsWord(u"DEFAULT")) {
-            definition.erase(definition.begin() + i,
-                             definition.begin() + DefaultValueEnd(definition, i + 1));
-            return;
-        }
+        if (definition[i].IsWord(u"DEFAULT"))
+            return i >= 2 && definition[i - 2].IsWord(u"CONSTRAINT") ? i - 2 : i;
     }
+    return definition.size();
+}
+
+void RemoveDefault(Tokens& definition) {
+    const size_t start = DefaultStart(definition);
+    if (start == definition.size()) return;
+    const size_t value = definition[start].IsWord(u"CONSTRAINT") ? start + 3 : start + 1;
+    definition.erase(definition.begin() + start,
+                     definition.begin() + DefaultValueEnd(definition, value));
+}
+
+// The column definitions of CREATE TABLE t (...): the top-level pieces between the first "("
+// and its ")".
+std::vector<Tokens> ColumnPieces(const QString& created) {
+    const Tokens tokens = Tokenize(created);
+    size_t open = 0;
+    while (open < tokens.size() && !tokens[open].IsSymbol(u"("))
+        ++open;
+    std::vector<Tokens> pieces(1);
+    int depth = 0;
+    for (size_t close = open + 1; close < tokens.size(); ++close) {
+        const Token& token = tokens[close];
+        if (token.IsSymbol(u"("))
+            ++depth;
+        else if (token.IsSymbol(u")") && depth-- == 0)
+            break;
+        if (depth == 0 && token.IsSymbol(u",")) {
+            pieces.emplace_back();
+            continue;
+        }
+        pieces.back().push_back(token);
+    }
+    return pieces;
 }
 
 // Takes off the checks named zlx_<number>_... that held the old type's limits.
@@ -124,46 +156,54 @@ void SqliteTableRebuild::ChangeDefault(const QString& column, const QString& val
     });
 }
 
-void SqliteTableRebuild::Rebuild(const QString& column,
-                                 const std::function<void(Tokens& definition)>& change) {
-    const QString master = m_schema + QStringLiteral(".sqlite_master");
+void SqliteTableRebuild::NameDefault(const QString& column, const QString& name) {
+    if (ColumnOfDefault(name).compare(column, Qt::CaseInsensitive) == 0) return;
+    Rebuild(column, [&](Tokens& definition) {
+        const size_t start = DefaultStart(definition);
+        if (start == definition.size() || definition[start].IsWord(u"CONSTRAINT")) return;
+        const Tokens named = WithLeadingBlank(Tokenize(QStringLiteral("CONSTRAINT ") + name));
+        definition.insert(definition.begin() + static_cast<std::ptrdiff_t>(start), named.begin(),
+                          named.end());
+        definition[start + named.size()].leading = QStringLiteral(" ");
+    });
+}
+
+QString SqliteTableRebuild::ColumnOfDefault(const QString& name) {
+    for (const Tokens& piece : ColumnPieces(CreatedSql())) {
+        const size_t start = DefaultStart(piece);
+        if (start + 1 < piece.size() && piece[start].IsWord(u"CONSTRAINT") &&
+            piece[start + 1].text.compare(name, Qt::CaseInsensitive) == 0)
+            return piece.front().text;
+    }
+    return {};
+}
+
+QString SqliteTableRebuild::CreatedSql() {
     const QStringList created =
-        m_run(QStringLiteral("SELECT sql FROM %1 WHERE type = 'table' AND name = %2 COLLATE NOCASE")
-                  .arg(master, SqlString(m_table)));
+        m_run(QStringLiteral("SELECT sql FROM %1.sqlite_master WHERE type = 'table' AND name = %2 "
+                             "COLLATE NOCASE")
+                  .arg(m_schema, SqlString(m_table)));
     if (created.isEmpty())
         ThrowStatementError(QStringLiteral("Invalid object name '%1'.").arg(m_table),
                             ado::kNativeInvalidObject, QStringLiteral("42S02"));
+    return created.front();
+}
+
+void SqliteTableRebuild::Rebuild(const QString& column,
+                                 const std::function<void(Tokens& definition)>& change) {
+    const QString master = m_schema + QStringLiteral(".sqlite_master");
+    const QString created = CreatedSql();
     const QStringList indexes =
         m_run(QStringLiteral("SELECT sql FROM %1 WHERE type = 'index' AND tbl_name = %2 COLLATE "
                              "NOCASE AND sql IS NOT NULL")
                   .arg(master, SqlString(m_table)));
-    const bool counted = created.front().contains(u"AUTOINCREMENT", Qt::CaseInsensitive);
+    const bool counted = created.contains(u"AUTOINCREMENT", Qt::CaseInsensitive);
     const QStringList sequence =
         counted ? m_run(QStringLiteral(
                             "SELECT seq FROM %1.sqlite_sequence WHERE name = %2 COLLATE NOCASE")
                             .arg(m_schema, SqlString(m_table)))
                 : QStringList();
-
-    // The column definitions are the top-level pieces between the first "(" and its ")".
-    Tokens tokens = Tokenize(created.front());
-    size_t open = 0;
-    while (open < tokens.size() && !tokens[open].IsSymbol(u"("))
-        ++open;
-    std::vector<Tokens> pieces(1);
-    int depth = 0;
-    size_t close = open + 1;
-    for (; close < tokens.size(); ++close) {
-        const Token& token = tokens[close];
-        if (token.IsSymbol(u"("))
-            ++depth;
-        else if (token.IsSymbol(u")") && depth-- == 0)
-            break;
-        if (depth == 0 && token.IsSymbol(u",")) {
-            pieces.emplace_back();
-            continue;
-        }
-        pieces.back().push_back(token);
-    }
+    std::vector<Tokens> pieces = ColumnPieces(created);
     // The column may come as the engine writes it, "quoted".
     const QString bare = column.size() > 1 && column.startsWith(u'"') && column.endsWith(u'"')
                              ? column.mid(1, column.size() - 2).replace(u"\"\""_qs, u"\""_qs)

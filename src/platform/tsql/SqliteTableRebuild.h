@@ -17,10 +17,16 @@ public:
 
     // `check` replaces the column's checks of EngineDialect::ColumnCheck (none when empty).
     void ChangeType(const QString& column, const QString& type, const QString& check);
-    // An empty value removes the column's default.
+    // An empty value removes the column's default (and its name).
     void ChangeDefault(const QString& column, const QString& value);
+    // The column's default takes the name `name` (CONSTRAINT name DEFAULT x), unless named so.
+    void NameDefault(const QString& column, const QString& name);
+    // The column whose default is named `name`; empty when there is none.
+    QString ColumnOfDefault(const QString& name);
 
 private:
+    // The table's definition as made; error 208 when there is no such table.
+    QString CreatedSql();
     void Rebuild(const QString& column, const std::function<void(Tokens& definition)>& change);
 
     Runner m_run;

@@ -4,6 +4,7 @@
 #include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/ColumnAdditions.h"
+#include "platform/tsql/NamedDefaults.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/TsqlBatchInterpreter.h"
 #include "platform/tsql/TsqlErrors.h"
@@ -781,6 +782,13 @@ bool TsqlSession::RunDatabaseStatement(const Tokens& statement) {
 
 // The definitions that need more than a translation.
 bool TsqlSession::RunDefinition(const Tokens& statement) {
+    if (const QString constraint = DroppedConstraint(statement); !constraint.isEmpty()) {
+        const QString table = EngineObjectName(QualifiedNameAt(statement, 2));
+        if (m_dialect->DropNamedDefault(table, constraint)) return true;
+        if (!m_dialect->HasConstraint(table, constraint))
+            ThrowStatementError(QStringLiteral("'%1' is not a constraint.").arg(constraint),
+                                ado::kNativeNotAConstraint, QStringLiteral("42000"));
+    }
     if (StartsWith(statement, {u"CREATE", u"DEFAULT"}) && statement.size() >= 5 &&
         statement[3].IsWord(u"AS")) {
         m_defaults.Create(statement[2].text, Tokens(statement.begin() + 4, statement.end()),
@@ -862,6 +870,9 @@ void TsqlSession::RunTranslated(const Tokens& statement, ado::ResultSink& sink,
         m_dialect->ChangeDefault(EngineObjectName(QualifiedNameAt(statement, 2)),
                                  translation.defaultAfterAdd->first,
                                  translation.defaultAfterAdd->second);
+    for (const NamedDefault& named : NamedDefaultsOf(statement))
+        m_dialect->NameDefault(EngineObjectName(QualifiedNameAt(statement, 2)), named.column,
+                               named.name);
 }
 
 // An INSERT also sets @@IDENTITY when its table has an identity column: from the INSERT
