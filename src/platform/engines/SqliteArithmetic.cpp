@@ -6,18 +6,6 @@
 #include <sqlite3.h>
 
 namespace zlx::ado::SqliteArithmetic {
-namespace {
-
-void Divisor(sqlite3_context* context, int, sqlite3_value** values) {
-    sqlite3_value* value = values[0];
-    const int type = sqlite3_value_numeric_type(value);
-    const bool zero = (type == SQLITE_INTEGER && sqlite3_value_int64(value) == 0) ||
-                      (type == SQLITE_FLOAT && sqlite3_value_double(value) == 0.0);
-    if (zero)
-        sqlite3_result_error(context, "Divide by zero error encountered.", -1);
-    else
-        sqlite3_result_value(context, value);
-}
 
 // The digits of a plain decimal text ("-12.345") rounded half away from zero to `scale`
 // places; empty when the text is no such number.
@@ -52,6 +40,19 @@ QString NumberText(sqlite3_value* value) {
         return text.contains(u'e') ? QString::number(sqlite3_value_double(value), 'f', 15) : text;
     }
     return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_value_text(value)));
+}
+
+namespace {
+
+void Divisor(sqlite3_context* context, int, sqlite3_value** values) {
+    sqlite3_value* value = values[0];
+    const int type = sqlite3_value_numeric_type(value);
+    const bool zero = (type == SQLITE_INTEGER && sqlite3_value_int64(value) == 0) ||
+                      (type == SQLITE_FLOAT && sqlite3_value_double(value) == 0.0);
+    if (zero)
+        sqlite3_result_error(context, "Divide by zero error encountered.", -1);
+    else
+        sqlite3_result_value(context, value);
 }
 
 void Decimal(sqlite3_context* context, int, sqlite3_value** values) {

@@ -10,10 +10,19 @@
 // for a word, where SQLite's CAST answers 0); round(x, n) rounds half away from zero, to tens,
 // hundreds... for a negative n, and leaves an integer an integer.
 
+#include <QString>
+
 struct sqlite3;
+struct sqlite3_value;
 
 namespace zlx::ado::SqliteArithmetic {
 
 void Install(sqlite3* db);
+
+// The digits of a plain decimal text ("-12.345") rounded half away from zero to `scale`
+// places; empty when the text is no such number.
+QString RoundedDecimal(const QString& text, int scale);
+// A number as text: a real's 15 significant digits, written without an exponent.
+QString NumberText(sqlite3_value* value);
 
 } // namespace zlx::ado::SqliteArithmetic

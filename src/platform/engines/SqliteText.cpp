@@ -1,6 +1,7 @@
 #include "platform/engines/SqliteText.h"
 
 #include "platform/engines/SqliteArithmetic.h"
+#include "platform/engines/SqliteBuiltins.h"
 #include "platform/engines/SqliteDates.h"
 #include "platform/engines/SqliteIntegers.h"
 #include "platform/engines/SqliteSingleValue.h"
@@ -159,6 +160,27 @@ void CharIndex(sqlite3_context* context, int count, sqlite3_value** values) {
     sqlite3_result_int64(context, at + 1);
 }
 
+// patindex(pattern, text): the position, from 1, where the first match of the LIKE pattern
+// begins under the collation (a pattern that does not start with % must match from the start);
+// 0 when there is none.
+void PatIndex(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QString pattern = TextOrder::SearchKey(TextArgument(values[0]));
+    const QString text = TextOrder::SearchKey(TextArgument(values[1]));
+    qsizetype p = 0;
+    while (p < pattern.size() && pattern[p] == u'%')
+        ++p;
+    if (p > 0 && p == pattern.size()) return sqlite3_result_int64(context, 1);
+    const qsizetype last = p > 0 ? text.size() : 0;
+    for (qsizetype from = 0; from <= last; ++from) {
+        if (Matches(text, from, pattern, p, QChar())) {
+            sqlite3_result_int64(context, from + 1);
+            return;
+        }
+    }
+    sqlite3_result_int64(context, 0);
+}
+
 // zlx_pad(value, n): the value as a CHAR(n) column holds it, blanks added up to n characters.
 void Pad(sqlite3_context* context, int count, sqlite3_value** values) {
     if (AnyNull(context, count, values)) return;
@@ -236,10 +258,12 @@ void Install(sqlite3* db) {
     for (const auto& f : functions)
         sqlite3_create_function(db, f.name, f.arguments, flags, nullptr, f.function, nullptr,
                                 nullptr);
+    sqlite3_create_function(db, "zlx_patindex", 2, flags, nullptr, &PatIndex, nullptr, nullptr);
     SqliteDates::Install(db);
     SqliteArithmetic::Install(db);
     SqliteIntegers::Install(db);
     SqliteSingleValue::Install(db);
+    SqliteBuiltins::Install(db);
 }
 
 } // namespace zlx::ado::SqliteText

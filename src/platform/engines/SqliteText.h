@@ -10,8 +10,8 @@ struct sqlite3;
 namespace zlx::ado::SqliteText {
 
 // Replaces the connection's NOCASE collation and its like(), upper(), lower() and replace()
-// functions, and adds charindex(), the date functions of SqliteDates and the checked divisor
-// of SqliteArithmetic.
+// functions, and adds charindex(), zlx_patindex(), the date functions of SqliteDates, the
+// checked divisor of SqliteArithmetic and the built-in functions of SqliteBuiltins.
 void Install(sqlite3* db);
 
 // The collation: < 0, 0, > 0 as UTF-8 text a sorts before, with or after b.

@@ -1,0 +1,292 @@
+#include "platform/engines/SqliteBuiltins.h"
+
+#include "platform/engines/SqliteArithmetic.h"
+#include "platform/engines/SqliteValues.h"
+
+#include <QDate>
+#include <QRegularExpression>
+#include <QUuid>
+#include <cmath>
+#include <random>
+
+namespace zlx::ado::SqliteBuiltins {
+namespace {
+
+using SqliteValues::AnyNull;
+using SqliteValues::IsNull;
+using SqliteValues::ResultText;
+using SqliteValues::Text;
+
+constexpr char kInvalidFloat[] = "An invalid floating point operation occurred.";
+
+// Code page 1252 from 0x80 to 0x9F; the five positions it leaves free keep their own code.
+constexpr char16_t kCp1252High[32] = {
+    0x20AC, 0x81,   0x201A, 0x192,  0x201E, 0x2026, 0x2020, 0x2021, 0x2C6,  0x2030, 0x160,
+    0x2039, 0x152,  0x8D,   0x17D,  0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x2DC,  0x2122, 0x161,  0x203A, 0x153,  0x9D,   0x17E,  0x178};
+
+// The decimal digits of a number argument rounded to `decimals`; empty for a text that is no
+// number.
+QString Rounded(sqlite3_value* value, int decimals) {
+    return SqliteArithmetic::RoundedDecimal(SqliteArithmetic::NumberText(value), decimals);
+}
+
+// log(x) and log(x, base): x and the base must be positive, the base not 1.
+void Log(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const double x = sqlite3_value_double(values[0]);
+    const double base = count == 2 ? sqlite3_value_double(values[1]) : std::exp(1.0);
+    if (x <= 0 || base <= 0 || base == 1) return sqlite3_result_error(context, kInvalidFloat, -1);
+    sqlite3_result_double(context, std::log(x) / std::log(base));
+}
+
+// zlx_str(value, length, decimals): the value rounded to `decimals` places and right-aligned
+// in `length` characters, with fewer places when they do not fit, stars when the whole part
+// does not.
+void Str(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const int length = sqlite3_value_int(values[1]);
+    const int decimals = std::min(sqlite3_value_int(values[2]), 16);
+    if (length <= 0 || length > 8000 || decimals < 0) return sqlite3_result_null(context);
+    if (Rounded(values[0], 0).isEmpty())
+        return sqlite3_result_error(context, "Error converting data type varchar to float.", -1);
+    for (int places = decimals; places >= 0; --places) {
+        QString text = Rounded(values[0], places);
+        if (text == u"-0") text = QStringLiteral("0");
+        if (text.size() <= length) return ResultText(context, text.rightJustified(length));
+    }
+    ResultText(context, QString(length, u'*'));
+}
+
+// zlx_number(value, minDecimals, maxDecimals, minDigits, groupSeparator, decimalSeparator):
+// the value rounded to maxDecimals places, trailing zeros dropped down to minDecimals, the
+// whole part of at least minDigits digits (none for a zero when minDigits is 0), grouped by
+// thousands when a group separator is given.
+void Number(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (IsNull(values[0])) return sqlite3_result_null(context);
+    if (AnyNull(context, count, values)) return;
+    const int minDecimals = sqlite3_value_int(values[1]);
+    const QString rounded = Rounded(values[0], sqlite3_value_int(values[2]));
+    if (rounded.isEmpty())
+        return sqlite3_result_error(context, "Error converting data type varchar to float.", -1);
+    QString whole = rounded.section(u'.', 0, 0);
+    QString fraction = rounded.section(u'.', 1);
+    const bool negative = whole.startsWith(u'-');
+    whole.remove(u'-');
+    while (fraction.size() > minDecimals && fraction.endsWith(u'0'))
+        fraction.chop(1);
+    while (whole.startsWith(u'0'))
+        whole.remove(0, 1);
+    whole = whole.rightJustified(sqlite3_value_int(values[3]), u'0');
+    const QString group = Text(values[4]);
+    for (qsizetype at = whole.size() - 3; !group.isEmpty() && at > 0; at -= 3)
+        whole.insert(at, group);
+    const bool zero = !rounded.contains(QRegularExpression(QStringLiteral("[1-9]")));
+    ResultText(context, (negative && !zero ? QStringLiteral("-") : QString()) + whole +
+                            (fraction.isEmpty() ? QString() : Text(values[5]) + fraction));
+}
+
+void Replicate(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const sqlite3_int64 times = sqlite3_value_int64(values[1]);
+    if (times < 0) return sqlite3_result_null(context);
+    ResultText(context, Text(values[0]).repeated(static_cast<qsizetype>(times)));
+}
+
+void Reverse(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    QString text = Text(values[0]);
+    std::reverse(text.begin(), text.end());
+    ResultText(context, text);
+}
+
+// stuff(text, start, length, insert): NULL for a start outside the text or a negative length;
+// a NULL insert only deletes.
+void Stuff(sqlite3_context* context, int, sqlite3_value** values) {
+    if (AnyNull(context, 3, values)) return;
+    const QString text = Text(values[0]);
+    const sqlite3_int64 start = sqlite3_value_int64(values[1]);
+    const sqlite3_int64 length = sqlite3_value_int64(values[2]);
+    if (start < 1 || start > text.size() || length < 0) return sqlite3_result_null(context);
+    ResultText(context, QString(text).replace(start - 1, length, Text(values[3])));
+}
+
+// ascii(text): the code page 1252 code of its first character ('?' for one it lacks).
+void Ascii(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QString text = Text(values[0]);
+    if (text.isEmpty()) return sqlite3_result_null(context);
+    const char16_t first = text[0].unicode();
+    int code = first < 0x100 ? first : '?';
+    for (int i = 0; i < 32; ++i)
+        if (kCp1252High[i] == first) code = 0x80 + i;
+    sqlite3_result_int(context, code);
+}
+
+// char(code): the character of code page 1252; NULL outside 0-255.
+void Char(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const sqlite3_int64 code = sqlite3_value_int64(values[0]);
+    if (code < 0 || code > 255) return sqlite3_result_null(context);
+    const char16_t c =
+        code >= 0x80 && code < 0xA0 ? kCp1252High[code - 0x80] : static_cast<char16_t>(code);
+    ResultText(context, QString(QChar(c)));
+}
+
+void NationalChar(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const sqlite3_int64 code = sqlite3_value_int64(values[0]);
+    if (code < 0 || code > 0xFFFF || (code >= 0xD800 && code < 0xE000))
+        return sqlite3_result_null(context);
+    ResultText(context, QString(QChar(static_cast<char16_t>(code))));
+}
+
+// concat(...): NULLs as empty texts.
+void Concat(sqlite3_context* context, int count, sqlite3_value** values) {
+    QString text;
+    for (int i = 0; i < count; ++i)
+        text += Text(values[i]);
+    ResultText(context, text);
+}
+
+// isnumeric(value): 1 for a number, and for a text that converts to some number type (an
+// integer, a real with an exponent, money with a currency sign and thousands commas, or the
+// bare sign, point or currency sign that money accepts); 0 otherwise and for NULL.
+void IsNumeric(sqlite3_context* context, int, sqlite3_value** values) {
+    static const QRegularExpression real(
+        QStringLiteral(R"(^\s*[+-]?(\d+\.?\d*|\.\d+)([eEdD][+-]?\d+)?\s*$)"));
+    static const QRegularExpression money(
+        QStringLiteral(R"(^\s*([+-]\s*)?([$€£¥]\s*)?([+-]\s*)?[\d,]*(\.\d*)?\s*$)"));
+    const int type = sqlite3_value_type(values[0]);
+    if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) return sqlite3_result_int(context, 1);
+    const QString text = Text(values[0]);
+    const bool numeric = type == SQLITE_TEXT && !text.trimmed().isEmpty() &&
+                         (real.match(text).hasMatch() || money.match(text).hasMatch());
+    sqlite3_result_int(context, numeric ? 1 : 0);
+}
+
+// quotename(name, quote): the name between the quote and its partner, the closing one
+// doubled inside; NULL past 128 characters or for another quote character.
+void QuoteName(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QString name = Text(values[0]);
+    const QString quote = Text(values[1]);
+    static const QString accepted = QStringLiteral("[]\"'()<>{}`");
+    static const QString opening = QStringLiteral("[[\"'((<<{{`");
+    static const QString closing = QStringLiteral("]]\"'))>>}}`");
+    const qsizetype kind = quote.size() == 1 ? accepted.indexOf(quote) : -1;
+    if (kind < 0 || name.size() > 128) return sqlite3_result_null(context);
+    const QChar open = opening[kind];
+    const QChar close = closing[kind];
+    ResultText(context, open + QString(name).replace(close, QString(2, close)) + close);
+}
+
+std::mt19937_64& RandomEngine() {
+    thread_local std::mt19937_64 engine{std::random_device{}()};
+    return engine;
+}
+
+// rand([seed]): a seed starts the sequence again, so that the same seed gives the same values.
+void Rand(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (count == 1 && !IsNull(values[0]))
+        RandomEngine().seed(static_cast<std::uint64_t>(sqlite3_value_int64(values[0])));
+    sqlite3_result_double(context, std::uniform_real_distribution<double>(0, 1)(RandomEngine()));
+}
+
+void NewId(sqlite3_context* context, int, sqlite3_value**) {
+    ResultText(context, QUuid::createUuid().toString(QUuid::WithoutBraces).toUpper());
+}
+
+void DateFromParts(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QDate date(sqlite3_value_int(values[0]), sqlite3_value_int(values[1]),
+                     sqlite3_value_int(values[2]));
+    if (!date.isValid() || date.year() < 1)
+        return sqlite3_result_error(context,
+                                    "Cannot construct data type date, some of the arguments have "
+                                    "values which are not valid.",
+                                    -1);
+    ResultText(context, date.toString(QStringLiteral("yyyy-MM-dd")) + QStringLiteral(" 00:00:00"));
+}
+
+// zlx_zeropad(n, width): the integer n with zeros before it up to `width` digits.
+void ZeroPad(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    ResultText(context, QString::number(sqlite3_value_int64(values[0]))
+                            .rightJustified(sqlite3_value_int(values[1]), u'0'));
+}
+
+// The running count, mean and sum of squared differences of an aggregate (Welford's).
+struct Spread {
+    sqlite3_int64 count;
+    double mean;
+    double squares;
+};
+
+void SpreadStep(sqlite3_context* context, int, sqlite3_value** values) {
+    if (IsNull(values[0])) return;
+    auto* spread = static_cast<Spread*>(sqlite3_aggregate_context(context, sizeof(Spread)));
+    if (!spread) return sqlite3_result_error_nomem(context);
+    const double x = sqlite3_value_double(values[0]);
+    ++spread->count;
+    const double delta = x - spread->mean;
+    spread->mean += delta / static_cast<double>(spread->count);
+    spread->squares += delta * (x - spread->mean);
+}
+
+// The variance of the values, of a sample (`sample`) or of the whole population; its square
+// root for a standard deviation. NULL without values, and for a sample of one.
+template <bool sample, bool root> void SpreadFinal(sqlite3_context* context) {
+    const auto* spread = static_cast<Spread*>(sqlite3_aggregate_context(context, 0));
+    const sqlite3_int64 divisor = spread ? spread->count - (sample ? 1 : 0) : 0;
+    if (!spread || spread->count == 0 || divisor == 0) return sqlite3_result_null(context);
+    const double variance = spread->squares / static_cast<double>(divisor);
+    sqlite3_result_double(context, root ? std::sqrt(variance) : variance);
+}
+
+} // namespace
+
+void Install(sqlite3* db) {
+    const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
+    const struct {
+        const char* name;
+        int arguments;
+        void (*function)(sqlite3_context*, int, sqlite3_value**);
+    } functions[] = {
+        {"zlx_log", 1, &Log},
+        {"zlx_log", 2, &Log},
+        {"zlx_str", 3, &Str},
+        {"zlx_number", 6, &Number},
+        {"zlx_replicate", 2, &Replicate},
+        {"zlx_reverse", 1, &Reverse},
+        {"zlx_stuff", 4, &Stuff},
+        {"zlx_ascii", 1, &Ascii},
+        {"zlx_char", 1, &Char},
+        {"zlx_nchar", 1, &NationalChar},
+        {"zlx_concat", -1, &Concat},
+        {"zlx_isnumeric", 1, &IsNumeric},
+        {"zlx_quotename", 2, &QuoteName},
+        {"zlx_datefromparts", 3, &DateFromParts},
+        {"zlx_zeropad", 2, &ZeroPad},
+    };
+    for (const auto& f : functions)
+        sqlite3_create_function(db, f.name, f.arguments, flags, nullptr, f.function, nullptr,
+                                nullptr);
+    // Not deterministic: each call draws anew.
+    sqlite3_create_function(db, "zlx_rand", 0, SQLITE_UTF8, nullptr, &Rand, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_rand", 1, SQLITE_UTF8, nullptr, &Rand, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_newid", 0, SQLITE_UTF8, nullptr, &NewId, nullptr, nullptr);
+    const struct {
+        const char* name;
+        void (*final)(sqlite3_context*);
+    } aggregates[] = {
+        {"zlx_stdev", &SpreadFinal<true, true>},
+        {"zlx_stdevp", &SpreadFinal<false, true>},
+        {"zlx_var", &SpreadFinal<true, false>},
+        {"zlx_varp", &SpreadFinal<false, false>},
+    };
+    for (const auto& a : aggregates)
+        sqlite3_create_function(db, a.name, 1, flags, nullptr, nullptr, &SpreadStep, a.final);
+}
+
+} // namespace zlx::ado::SqliteBuiltins
