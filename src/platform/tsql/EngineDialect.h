@@ -71,6 +71,10 @@ public:
     virtual QString QuoteName(const QString& name) const;
     // The engine's spelling of a function call, nullptr when it stays as written.
     const FunctionSpelling* FindFunction(const QString& name) const;
+    // How the engine writes SQL Server's built-in functions that BuiltinFunctionWriter takes,
+    // one entry per name and number of arguments (-1: any, "%*" the arguments); those missing
+    // are written alike on every engine.
+    virtual std::span<const FunctionSpelling> BuiltinSpellings() const = 0;
     // The date functions; `value` is a date expression or a date literal of DateLiteral,
     // `dateFirst` SET DATEFIRST.
     virtual QString DatePart(DateUnit unit, const QString& value, int dateFirst) const = 0;

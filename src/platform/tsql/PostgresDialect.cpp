@@ -2,6 +2,7 @@
 
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/tsql/PostgresBitValues.h"
+#include "platform/tsql/PostgresBuiltins.h"
 #include "platform/tsql/PostgresDateReading.h"
 #include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresNumbers.h"
@@ -275,6 +276,7 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
             TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
             FixedTextFunctions() + BitFunctions() + NumberFunctions() + DateReadingFunctions() +
+            BuiltinFunctionsSql() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),

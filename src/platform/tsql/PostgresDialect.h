@@ -86,6 +86,7 @@ public:
 
 protected:
     std::span<const FunctionSpelling> Functions() const override;
+    std::span<const FunctionSpelling> BuiltinSpellings() const override;
 
 private:
     KeyConstraints m_keyConstraints; // by constraint name

@@ -283,13 +283,14 @@ CatalogMentions MentionedCatalogs(QStringView batch) {
     for (qsizetype i = 0; i < batch.size(); ++i) {
         const char16_t c = batch[i].unicode() | 0x20; // ASCII lower case
         const char16_t d = i + 1 < batch.size() ? batch[i + 1].unicode() | 0x20 : 0;
-        if (!(c == u's' && d == u'y') && !(c == u'o' && d == u'b')) continue;
+        if (!(c == u's' && d == u'y') && !(c == u'o' && d == u'b') && !(c == u'c' && d == u'o'))
+            continue;
         const QStringView rest = batch.sliced(i);
         const auto startsWith = [rest](QStringView name) {
             return rest.startsWith(name, Qt::CaseInsensitive);
         };
         found.objects = found.objects || startsWith(u"sysobjects") || startsWith(u"syscolumns") ||
-                        startsWith(u"object_id");
+                        startsWith(u"object_id") || startsWith(u"col_length");
         found.databases = found.databases || startsWith(u"sysdatabases");
         found.processes = found.processes || startsWith(u"sysprocesses");
     }

@@ -95,6 +95,7 @@ public:
 
 protected:
     std::span<const FunctionSpelling> Functions() const override;
+    std::span<const FunctionSpelling> BuiltinSpellings() const override;
 
 private:
     static QString ColumnCount(const QString& column, const char* typeCondition);

@@ -11,9 +11,12 @@ Token Raw(const QString& text, const QString& leading) {
 
 bool IsTextFunction(const Token& token) {
     static const QStringList names = {
-        QStringLiteral("RTRIM"), QStringLiteral("LTRIM"),     QStringLiteral("RIGHT"),
-        QStringLiteral("LEFT"),  QStringLiteral("SUBSTRING"), QStringLiteral("UPPER"),
-        QStringLiteral("LOWER"), QStringLiteral("REPLACE"),   QStringLiteral("STR")};
+        QStringLiteral("RTRIM"),     QStringLiteral("LTRIM"),     QStringLiteral("RIGHT"),
+        QStringLiteral("LEFT"),      QStringLiteral("SUBSTRING"), QStringLiteral("UPPER"),
+        QStringLiteral("LOWER"),     QStringLiteral("REPLACE"),   QStringLiteral("STR"),
+        QStringLiteral("REPLICATE"), QStringLiteral("SPACE"),     QStringLiteral("REVERSE"),
+        QStringLiteral("STUFF"),     QStringLiteral("CHAR"),      QStringLiteral("NCHAR"),
+        QStringLiteral("CONCAT"),    QStringLiteral("QUOTENAME"), QStringLiteral("FORMAT")};
     return token.kind == TokenKind::Word && names.contains(token.text, Qt::CaseInsensitive);
 }
 

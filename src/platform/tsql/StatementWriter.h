@@ -127,6 +127,10 @@ private:
     // Function calls with another spelling; returns `i` when the call stays as written.
     size_t EmitFunction(size_t i, QString& out);
 
+    // Whether the word at `i` names a type (CHAR(10) in a column definition, after AS, after a
+    // variable or first in CONVERT) rather than calls a function.
+    bool IsTypeName(size_t i) const;
+
     CallArgument ArgumentOf(size_t from, size_t to);
 
     // The arguments of the call whose parentheses are at `open` and `close`.

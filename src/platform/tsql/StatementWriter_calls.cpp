@@ -1,3 +1,4 @@
+#include "platform/tsql/BuiltinFunctions.h"
 #include "platform/tsql/DateOperands.h"
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/StatementWriter.h"
@@ -70,12 +71,26 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
         out += lead + DateWriterFor(m_context).Call(t.text, CallArguments(open, close, commas));
         return close + 1;
     }
+    if (BuiltinFunctionWriter::Handles(t.text) && !IsTypeName(i)) {
+        out += lead +
+               BuiltinFunctionWriter(m_context).Call(t.text, CallArguments(open, close, commas));
+        return close + 1;
+    }
     if (t.IsWord(u"CAST")) return EmitCast(i, close, out);
     if (t.IsWord(u"LEN")) {
         out += lead + QStringLiteral("length(rtrim(%1))").arg(arg(0));
         return close + 1;
     }
     return i;
+}
+
+bool StatementWriter::IsTypeName(size_t i) const {
+    if (i == 0 || !(m_t[i].IsWord(u"CHAR") || m_t[i].IsWord(u"NCHAR"))) return false;
+    const Token& before = m_t[i - 1];
+    if (before.IsWord(u"AS") || before.kind == TokenKind::Variable) return true;
+    if (before.IsSymbol(u"(")) return i >= 2 && m_t[i - 2].IsWord(u"CONVERT");
+    return (m_t.WordAt(0, u"CREATE") || m_t.WordAt(0, u"ALTER")) && IsName(before) &&
+           !before.IsWord(u"DEFAULT");
 }
 
 CallArgument StatementWriter::ArgumentOf(size_t from, size_t to) {

@@ -31,6 +31,7 @@ constexpr FaultNumber kPostgresStates[] = {
     {"42701", ado::kNativeColumnExists},
     {"42P06", ado::kNativeDatabaseExists},
     {"22001", ado::kNativeTruncation},
+    {"2201E", ado::kNativeInvalidFloat},
 };
 
 // SQLite's messages (their start, or a part of them) that mean one SQL Server error; the
@@ -60,6 +61,8 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"Divide by zero error encountered", ado::kNativeDivideByZero},
     {"Subquery returned more than 1 value", ado::kNativeSubqueryRows},
     {"datetime data type resulted in an out-of-range", ado::kNativeDateOutOfRange},
+    {"An invalid floating point operation occurred", ado::kNativeInvalidFloat},
+    {"Cannot construct data type date", ado::kNativeDateConstruction},
 };
 
 std::int32_t TextNumber(const QString& text) {

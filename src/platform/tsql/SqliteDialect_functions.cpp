@@ -1,0 +1,30 @@
+// SqliteDialect: SQL Server's built-in functions over the engine functions of SqliteBuiltins
+// and SqliteText (texts under the collation, NULLs as SQL Server answers them).
+#include "platform/tsql/SqliteDialect.h"
+
+namespace zlx::tsql {
+namespace {
+
+// RAND is computed once per statement, as on SQL Server: an uncorrelated subquery runs once.
+constexpr FunctionSpelling kBuiltins[] = {
+    {"REVERSE", 1, true, "zlx_reverse(%1)"},
+    {"UNICODE", 1, true, "unicode(%1)"},
+    {"CHARINDEX", 2, true, "charindex(%1, %2)"},
+    {"CHARINDEX", 3, true, "charindex(%1, %2, %3)"},
+    {"CONCAT", -1, true, "zlx_concat(%*)"},
+    {"RAND", 0, true, "(SELECT zlx_rand())"},
+    {"RAND", 1, true, "(SELECT zlx_rand(%1))"},
+    {"NEWID", 0, true, "zlx_newid()"},
+    {"STDEV", 1, true, "zlx_stdev(%1)"},
+    {"STDEVP", 1, true, "zlx_stdevp(%1)"},
+    {"VAR", 1, true, "zlx_var(%1)"},
+    {"VARP", 1, true, "zlx_varp(%1)"},
+};
+
+} // namespace
+
+std::span<const FunctionSpelling> SqliteDialect::BuiltinSpellings() const {
+    return kBuiltins;
+}
+
+} // namespace zlx::tsql

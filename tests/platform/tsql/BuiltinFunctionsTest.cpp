@@ -1,0 +1,102 @@
+// The built-in functions the translator writes for the engines: what it refuses rather than
+// answer otherwise than SQL Server, the type of their results, RAND's one value per statement,
+// and CHAR and NCHAR still read as types where a type is due.
+#include "SessionFixture.h"
+#include "platform/engines/SqlServerErrors.h"
+
+#include <gtest/gtest.h>
+
+using namespace zlx;
+
+namespace {
+
+class TypesSink : public test::RecordingSink {
+public:
+    void BeginRowset(const std::vector<ado::ColumnInfo>& described) override {
+        if (columns.empty()) columns = described;
+        RecordingSink::BeginRowset(described);
+    }
+    std::vector<ado::ColumnInfo> columns;
+};
+
+class BuiltinFunctionsTest : public test::SessionFixture {
+protected:
+    std::vector<ado::DataTypeEnum> Types(const QString& query) {
+        TypesSink sink;
+        m_session->Execute(query, sink, 0);
+        std::vector<ado::DataTypeEnum> types;
+        for (const ado::ColumnInfo& column : sink.columns)
+            types.push_back(column.type);
+        return types;
+    }
+
+    // The refusal's description, which names what was refused.
+    QString Refusal(const QString& batch) {
+        try {
+            Exec(batch);
+        } catch (const ado::AdoError& error) {
+            EXPECT_EQ(error.Records().front().nativeError, ado::kNativeSyntax);
+            return error.Records().front().description;
+        }
+        return QStringLiteral("<no error>");
+    }
+};
+
+} // namespace
+
+ZLX_ON_SERVER_ENGINES(BuiltinFunctionsTest);
+
+TEST_P(BuiltinFunctionsTest, FormatRefusesWhatItCannotFormatAsSqlServerDoes) {
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT FORMAT(255, 'X')")).contains(u"FORMAT 'X'"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT FORMAT(1.5, 'N', 'fr-FR')")).contains(u"FORMAT"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT FORMAT(1.5, CAST('N2' AS VARCHAR(5)))"))
+                    .contains(u"FORMAT"));
+    EXPECT_TRUE(
+        Refusal(QStringLiteral("SELECT FORMAT(GETDATE(), 'MMM', 'es-ES')")).contains(u"MMM"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT FORMAT(1.5, '0;(0)')")).contains(u"FORMAT"));
+    // 'D' is for integers: .NET fails on a decimal, which FORMAT answers as NULL.
+    EXPECT_EQ(Value(QStringLiteral("SELECT FORMAT(1.5, 'D2')")), "NULL");
+}
+
+TEST_P(BuiltinFunctionsTest, WrongArgumentCountsAreSqlServersErrors) {
+    EXPECT_EQ(Outcome(QStringLiteral("SELECT REPLICATE('a')")), QStringList({"error 174"}));
+    EXPECT_EQ(Outcome(QStringLiteral("SELECT STR(1, 2, 3, 4)")), QStringList({"error 174"}));
+    EXPECT_EQ(Outcome(QStringLiteral("SELECT CONCAT('a')")), QStringList({"error 189"}));
+    EXPECT_EQ(Outcome(QStringLiteral("SELECT STR('abc')")), QStringList({"error 8114"}));
+}
+
+TEST_P(BuiltinFunctionsTest, ResultsHaveSqlServersTypes) {
+    const auto types =
+        Types(QStringLiteral("SELECT STR(1.5, 5, 1), ISNUMERIC('1'), RAND(), SQUARE(2), LOG(10)"));
+    ASSERT_EQ(types.size(), 5u);
+    EXPECT_TRUE(types[0] == ado::adVarChar || types[0] == ado::adVarWChar);
+    EXPECT_EQ(types[1], ado::adInteger);
+    EXPECT_EQ(types[2], ado::adDouble);
+    EXPECT_EQ(types[3], ado::adDouble);
+    EXPECT_EQ(types[4], ado::adDouble);
+}
+
+TEST_P(BuiltinFunctionsTest, RandIsOneValuePerStatementAndRepeatsForASeed) {
+    Exec(QStringLiteral("CREATE TABLE r (id INT)"));
+    for (int id = 1; id <= 3; ++id)
+        Exec(QStringLiteral("INSERT INTO r VALUES (%1)").arg(id));
+    const QStringList values = Column(QStringLiteral("SELECT RAND() FROM r"));
+    ASSERT_EQ(values.size(), 3);
+    EXPECT_EQ(values[0], values[1]);
+    EXPECT_EQ(values[1], values[2]);
+    const double value = values[0].toDouble();
+    EXPECT_TRUE(value >= 0 && value < 1) << value;
+    const QString seeded = Value(QStringLiteral("SELECT RAND(42)"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT RAND(42)")), seeded);
+    EXPECT_NE(Value(QStringLiteral("SELECT RAND(7)")), seeded);
+}
+
+TEST_P(BuiltinFunctionsTest, CharAndNcharStayTypesWhereATypeIsDue) {
+    Exec(QStringLiteral("CREATE TABLE k (id INT, c CHAR(3), n NCHAR(2))"));
+    Exec(QStringLiteral("INSERT INTO k VALUES (1, CHAR(65), NCHAR(66))"));
+    Exec(QStringLiteral("ALTER TABLE k ADD d CHAR(4) NULL"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT DATALENGTH(c), '[' + c + ']', '[' + n + ']', "
+                                   "RTRIM(CAST(66 AS CHAR(4))), RTRIM(CONVERT(CHAR(2), 7)), "
+                                   "COL_LENGTH('k', 'd') FROM k")),
+              "3|[A  ]|[B ]|66|7|4");
+}
