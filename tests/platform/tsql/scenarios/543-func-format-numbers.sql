@@ -29,3 +29,13 @@ rowset
 row 1|1.500,75|003|4.502
 row 2|NULL|012|NULL
 end
+-- run
+DECLARE @n MONEY
+DECLARE @i INT
+SET @n = 1234.5
+SET @i = 7
+SELECT FORMAT(@n, 'N2'), FORMAT(@i, 'D3'), '[' + STR(@n, 8, 1) + ']'
+-- expect
+rowset
+row 1.234,50|007|[  1234.5]
+end

@@ -24,3 +24,11 @@ SELECT FORMAT(d, 'dd/MM/yyyy') FROM e WHERE id = 2
 rowset
 row NULL
 end
+-- run
+DECLARE @d DATETIME
+SET @d = '20240315 10:20'
+SELECT FORMAT(@d, 'dd/MM/yyyy HH:mm'), FORMAT(DATEADD(day, 1, @d), 'dddd')
+-- expect
+rowset
+row 15/03/2024 10:20|sábado
+end
