@@ -27,7 +27,9 @@ bool Contains(std::span<const Token> statement, QStringView word) {
 }
 
 // Whether `word`, met at parenthesis depth 0, continues `statement` instead of starting anew.
-bool Continues(std::span<const Token> statement, const Token& word, const Token* next) {
+bool Continues(std::span<const Token> whole, const Token& word, const Token* next) {
+    const auto statement = StatementProper(whole);
+    if (statement.empty()) return true; // WITH c AS (...) SELECT: the SELECT reads the list
     const Token& first = statement.front();
     const Token& previous = statement.back();
     if (word.IsWord(u"SELECT")) {
@@ -196,6 +198,20 @@ QStringList ArgumentList(const Tokens& tokens, size_t from, size_t to) {
         }
     }
     return arguments;
+}
+
+std::span<const Token> StatementProper(std::span<const Token> statement) {
+    if (!statement.front().IsWord(u"WITH")) return statement;
+    int depth = 0;
+    for (size_t i = 0; i < statement.size(); ++i) {
+        if (statement[i].IsSymbol(u"("))
+            ++depth;
+        else if (statement[i].IsSymbol(u")"))
+            --depth;
+        else if (depth == 0 && IsStarterWord(statement[i]))
+            return statement.subspan(i);
+    }
+    return {};
 }
 
 } // namespace zlx::tsql

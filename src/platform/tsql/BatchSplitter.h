@@ -8,6 +8,7 @@
 #include <QStringList>
 #include <initializer_list>
 #include <optional>
+#include <span>
 
 namespace zlx::tsql {
 
@@ -15,6 +16,10 @@ std::vector<Tokens> SplitBatch(const Tokens& tokens);
 
 // Whether `token` is a word that begins a statement (SELECT, INSERT, SET, IF, BEGIN ...).
 bool IsStarterWord(const Token& token);
+
+// The statement proper: after a WITH list of common table expressions, from the word that
+// begins the statement reading them (empty while that word has not come yet).
+std::span<const Token> StatementProper(std::span<const Token> statement);
 
 // Whether the statement begins with these words, in order.
 bool StartsWith(const Tokens& statement, std::initializer_list<QStringView> words);

@@ -332,10 +332,10 @@ size_t StatementWriter::EmitOrderBy(size_t order, size_t end, QString& out) {
 }
 
 size_t StatementWriter::OrderByEnd(size_t from, size_t end) const {
-    static const QStringList after = {QStringLiteral("FOR"),    QStringLiteral("OPTION"),
-                                      QStringLiteral("OFFSET"), QStringLiteral("UNION"),
-                                      QStringLiteral("EXCEPT"), QStringLiteral("INTERSECT"),
-                                      QStringLiteral("COMPUTE")};
+    static const QStringList after = {QStringLiteral("FOR"),     QStringLiteral("OPTION"),
+                                      QStringLiteral("OFFSET"),  QStringLiteral("UNION"),
+                                      QStringLiteral("EXCEPT"),  QStringLiteral("INTERSECT"),
+                                      QStringLiteral("COMPUTE"), QStringLiteral("LIMIT")};
     int depth = 0;
     for (size_t i = from; i < end; ++i) {
         if (m_t[i].IsSymbol(u"("))

@@ -388,7 +388,7 @@ void TsqlSession::Check(const Tokens& statement) {
         return;
     }
     RefuseUnsupported(statement);
-    for (QStringView word : {u"SELECT", u"INSERT", u"UPDATE", u"DELETE"}) {
+    for (QStringView word : {u"SELECT", u"INSERT", u"UPDATE", u"DELETE", u"WITH"}) {
         if (statement.front().IsWord(word)) CheckTranslation(statement);
     }
 }
@@ -396,6 +396,14 @@ void TsqlSession::Check(const Tokens& statement) {
 void TsqlSession::RefuseUnsupported(const Tokens& statement) {
     for (QStringView word : {u"DECLARE", u"WHILE", u"RAISERROR", u"GOTO", u"RETURN", u"ELSE"}) {
         if (statement.front().IsWord(word)) ThrowUnsupported(statement.front().text);
+    }
+    // The engines read common table expressions in a SELECT only; they cannot change a table
+    // through one, and the library's forms of INSERT, UPDATE and DELETE begin with their word.
+    if (statement.front().IsWord(u"WITH")) {
+        const auto proper = StatementProper(statement);
+        if (proper.empty()) ThrowUnsupported(u"WITH"_qs);
+        if (!proper.front().IsWord(u"SELECT"))
+            ThrowUnsupported(u"WITH ... "_qs + proper.front().text);
     }
 }
 

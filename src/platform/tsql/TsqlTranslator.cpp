@@ -1,6 +1,8 @@
 #include "platform/tsql/TsqlTranslator.h"
 
 #include "platform/tsql/DataStatementRewriter.h"
+#include "platform/tsql/OffsetFetch.h"
+#include "platform/tsql/QueryHints.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/StatementWriter.h"
 #include "platform/tsql/StoredValues.h"
@@ -16,6 +18,13 @@ namespace {
 
 bool ValidDateTime(int y, int m, int d, int hh, int mi, int ss) {
     return y >= 1753 && QDate::isValid(y, m, d) && QTime::isValid(hh, mi, ss);
+}
+
+// A common table expression may read itself on SQL Server; PostgreSQL allows that only after
+// WITH RECURSIVE, which both engines take for any list.
+void MarkCtesRecursive(StatementTokens& tokens) {
+    if (!tokens.WordAt(0, u"WITH") || tokens.WordAt(1, u"RECURSIVE")) return;
+    tokens.insert(tokens.begin() + 1, Token{TokenKind::Word, QStringLiteral("RECURSIVE"), u" "_qs});
 }
 
 } // namespace
@@ -67,6 +76,9 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
                                        u'(' + Expression(definitions.DeferredDefault()).trimmed() +
                                            u')'};
     DataStatementRewriter(tokens, DialectOf(m_context)).Rewrite();
+    MarkCtesRecursive(tokens);
+    OffsetFetch(tokens).Rewrite();
+    QueryHints(tokens).Remove();
     StoredValues stored(tokens, m_context);
     stored.NameInsertedColumns();
     stored.PrepareStoredValues();
