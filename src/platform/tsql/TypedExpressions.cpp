@@ -69,9 +69,12 @@ void TypedExpressions::Prepare() {
         return IsArithmetic(&token) || token.IsWord(u"SUM") || token.IsWord(u"AVG") ||
                token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~");
     };
-    if (!m_context.columnType || m_t.IsDdl() || std::none_of(m_t.begin(), m_t.end(), typed)) return;
+    if (!m_context.columnType || m_t.IsDdl()) return;
+    const bool compares = HasComparison();
+    if (!compares && std::none_of(m_t.begin(), m_t.end(), typed)) return;
     for (size_t i = 0; i < m_t.size(); ++i)
         if (BeginsChain(i)) Chain(i, true);
+    if (compares) ConvertComparedTexts();
     WrapCalls();
     WrapBitNegations();
     Apply();

@@ -58,6 +58,13 @@ private:
     QString CallType(size_t name, size_t last);
     QString ColumnType(const QString& column);
 
+    // Comparisons, IN lists and BETWEEN of a text with integers (TypedExpressions_comparisons).
+    bool HasComparison() const;
+    bool InCondition(size_t i) const;
+    void ConvertComparedTexts();
+    std::vector<Typed> ComparedList(size_t first, QStringView separator);
+    void ConvertTextSide(const Typed& left, const std::vector<Typed>& others);
+
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
     void WrapCalls();
     void WrapBitNegations();

@@ -1,0 +1,118 @@
+// Comparisons of a text with an integer: SQL Server converts the text to the integer's type
+// (data type precedence), so '10' > 4 holds and a text that is no number is error 245, where
+// SQLite would compare texts and PostgreSQL refuses the operator.
+
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TypedExpressions.h"
+
+namespace zlx::tsql {
+namespace {
+
+bool IsTextType(const QString& type) {
+    for (QStringView text : {u"CHAR", u"VARCHAR", u"NCHAR", u"NVARCHAR", u"TEXT", u"NTEXT"}) {
+        if (type == text || (type.startsWith(text) && type.mid(text.size()).startsWith(u'(')))
+            return true;
+    }
+    return false;
+}
+
+QString IntegerTypeOf(const QString& type) {
+    for (QStringView integer : {u"TINYINT", u"SMALLINT", u"INT", u"INTEGER", u"BIGINT"}) {
+        if (type == integer) return type == u"BIGINT" ? type : QStringLiteral("INT");
+    }
+    return {};
+}
+
+} // namespace
+
+// Whether the operand at `i` stands in a condition (WHERE, ON, HAVING, WHEN, IF, WHILE), not in
+// a SET or select-list assignment (SET c = x, SELECT name = x).
+bool TypedExpressions::InCondition(size_t i) const {
+    int depth = 0;
+    for (size_t k = i; k-- > 0;) {
+        const Token& t = m_t[k];
+        if (t.IsSymbol(u")")) {
+            ++depth;
+        } else if (t.IsSymbol(u"(")) {
+            depth = std::max(0, depth - 1);
+        } else if (depth == 0) {
+            if (IsAnyWord(t, {u"WHERE", u"ON", u"HAVING", u"WHEN", u"IF", u"WHILE", u"AND", u"OR",
+                              u"NOT"}))
+                return true;
+            if (t.IsSymbol(u",") || IsAnyWord(t, {u"SET", u"SELECT", u"VALUES", u"THEN", u"ELSE"}))
+                return false;
+        }
+    }
+    return false;
+}
+
+bool TypedExpressions::HasComparison() const {
+    for (size_t i = 0; i < m_t.size(); ++i) {
+        if (m_t.IsComparison(i) || m_t[i].IsWord(u"IN") || m_t[i].IsWord(u"BETWEEN")) return true;
+    }
+    return false;
+}
+
+void TypedExpressions::ConvertComparedTexts() {
+    for (size_t i = 0; i < m_t.size(); ++i) {
+        if (!BeginsChain(i) || !InCondition(i)) continue;
+        const auto left = Chain(i, false);
+        if (!left) continue;
+        std::vector<Typed> others;
+        size_t next = left->last;
+        if (m_t.IsComparison(next)) {
+            if (const auto right = OperandAt(next + 1)) others.push_back(*Chain(next + 1, false));
+        } else if (m_t.WordAt(next, u"BETWEEN")) {
+            others = ComparedList(next + 1, u"AND");
+        } else if (m_t.WordAt(next, u"IN") ||
+                   (m_t.WordAt(next, u"NOT") && m_t.WordAt(next + 1, u"IN"))) {
+            const size_t in = m_t.WordAt(next, u"IN") ? next : next + 1;
+            if (m_t.SymbolAt(in + 1, u"(") && !m_t.WordAt(in + 2, u"SELECT"))
+                others = ComparedList(in + 2, u",");
+        }
+        ConvertTextSide(*left, others);
+    }
+}
+
+// The operands separated by `separator` from `first` on (an IN list's values, BETWEEN's two).
+std::vector<TypedExpressions::Typed> TypedExpressions::ComparedList(size_t first,
+                                                                    QStringView separator) {
+    std::vector<Typed> list;
+    for (size_t at = first; OperandAt(at);) {
+        list.push_back(*Chain(at, false));
+        const Token* after = m_t.At(list.back().last);
+        const bool more =
+            after && (separator == u"," ? after->IsSymbol(u",") : after->IsWord(separator));
+        if (!more || separator != u",") {
+            if (more) list.push_back(*Chain(list.back().last + 1, false));
+            break;
+        }
+        at = list.back().last + 1;
+    }
+    return list;
+}
+
+// A text compared with integers only becomes their type; an integer compared with a text makes
+// the text an integer.
+void TypedExpressions::ConvertTextSide(const Typed& left, const std::vector<Typed>& others) {
+    if (others.empty()) return;
+    if (IsTextType(left.type)) {
+        QString integer;
+        for (const Typed& other : others) {
+            const QString type = IntegerTypeOf(other.type);
+            if (type.isEmpty()) return;
+            if (integer.isEmpty() || type == u"BIGINT") integer = type;
+        }
+        AddWrap(left.first, left.last, m_dialect.IntegerCast(QStringLiteral("\x01"), integer));
+        return;
+    }
+    const QString integer = IntegerTypeOf(left.type);
+    if (integer.isEmpty()) return;
+    for (const Typed& other : others) {
+        if (IsTextType(other.type))
+            AddWrap(other.first, other.last,
+                    m_dialect.IntegerCast(QStringLiteral("\x01"), integer));
+    }
+}
+
+} // namespace zlx::tsql
