@@ -3,6 +3,7 @@
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/OffsetFetch.h"
 #include "platform/tsql/QueryHints.h"
+#include "platform/tsql/SelectAliases.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/StatementWriter.h"
 #include "platform/tsql/StoredValues.h"
@@ -79,6 +80,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
     MarkCtesRecursive(tokens);
     OffsetFetch(tokens).Rewrite();
     QueryHints(tokens).Remove();
+    SelectAliases(tokens).Rewrite();
     StoredValues stored(tokens, m_context);
     stored.NameInsertedColumns();
     stored.PrepareStoredValues();
