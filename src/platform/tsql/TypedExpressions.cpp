@@ -157,6 +157,7 @@ std::optional<TypedExpressions::Typed> TypedExpressions::Chain(size_t first, boo
 
 TypedExpressions::Typed TypedExpressions::Combine(const Typed& left, const QString& op,
                                                   const Typed& right, bool record) {
+    if (const auto decimal = CombineDecimals(left, op, right, record)) return *decimal;
     const int leftRank = NumberRank(left.type);
     const int rightRank = NumberRank(right.type);
     Typed result{left.first, right.last, {}, left.literal && right.literal};

@@ -54,6 +54,9 @@ private:
     Typed Combine(const Typed& left, const QString& op, const Typed& right, bool record);
     // left / right whose result is MONEY: the engine's truncating quotient.
     void WrapMoneyQuotient(const Typed& left, const Typed& right);
+    // An operation whose result is a DECIMAL (TypedExpressions_decimals); nullopt for others.
+    std::optional<Typed> CombineDecimals(const Typed& left, const QString& op, const Typed& right,
+                                         bool record);
     QString TypeOf(size_t first, size_t last);
     QString CallType(size_t name, size_t last);
     QString ColumnType(const QString& column);

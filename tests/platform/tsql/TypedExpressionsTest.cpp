@@ -56,9 +56,21 @@ TEST(TypedExpressions, IntegerStepsAreCheckedInPrecedenceOrderOnSqlite) {
 }
 
 TEST(TypedExpressions, OperationsOfOtherTypesStayAsWritten) {
-    const QString untyped = u"SELECT i * 1.5, d * i, v - i, x * i, 2 * 3, COUNT(*) FROM t"_qs;
+    const QString untyped = u"SELECT v - i, x * i, 2 * 3, COUNT(*) FROM t"_qs;
     EXPECT_EQ(Sqlite(untyped), untyped);
     EXPECT_EQ(Postgres(u"SELECT i * 3, s - 1 FROM t"_qs), u"SELECT i * 3, s - 1 FROM t"_qs);
+}
+
+// DECIMAL(6,2) * INT is DECIMAL(17,2); DECIMAL(6,2) / INT is DECIMAL(17,13), and INT / 1.5
+// (DECIMAL(2,1)) is DECIMAL(17,6): each rounded to that scale, a division on SQLite made on
+// reals because a whole DECIMAL may be stored as an integer.
+TEST(TypedExpressions, DecimalResultsTakeSqlServersPrecisionAndScale) {
+    EXPECT_EQ(
+        Sqlite(u"SELECT d * i, d / i, i / 1.5 FROM t"_qs),
+        u"SELECT zlx_decimal(d * i, 17, 2), zlx_decimal(CAST(d AS REAL) / zlx_divisor(i), 17, "
+        u"13), zlx_decimal(CAST(i AS REAL) / zlx_divisor(1.5), 17, 6) FROM t"_qs);
+    EXPECT_EQ(Postgres(u"SELECT d - 0.005 FROM t"_qs),
+              u"SELECT CAST(d - 0.005 AS decimal(8,3)) FROM t"_qs);
 }
 
 TEST(TypedExpressions, SumsOfIntegersAreOfTheirSqlServerType) {
