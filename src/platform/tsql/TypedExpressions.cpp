@@ -74,7 +74,10 @@ void TypedExpressions::Prepare() {
     if (!compares && std::none_of(m_t.begin(), m_t.end(), typed)) return;
     for (size_t i = 0; i < m_t.size(); ++i)
         if (BeginsChain(i)) Chain(i, true);
-    if (compares) ConvertComparedTexts();
+    if (compares) {
+        ConvertComparedTexts();
+        ConvertUnionTexts();
+    }
     WrapCalls();
     WrapBitNegations();
     Apply();

@@ -67,6 +67,8 @@ private:
     void ConvertComparedTexts();
     std::vector<Typed> ComparedList(size_t first, QStringView separator);
     void ConvertTextSide(const Typed& left, const std::vector<Typed>& others);
+    void ConvertUnionTexts();
+    void ConvertBranchColumns(const std::vector<size_t>& selects);
 
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
     void WrapCalls();

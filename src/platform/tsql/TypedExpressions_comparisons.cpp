@@ -1,9 +1,13 @@
-// Comparisons of a text with an integer: SQL Server converts the text to the integer's type
-// (data type precedence), so '10' > 4 holds and a text that is no number is error 245, where
-// SQLite would compare texts and PostgreSQL refuses the operator.
+// A text met by an integer: SQL Server converts the text to the integer's type (data type
+// precedence), so '10' > 4 holds and a text that is no number is error 245, where SQLite would
+// compare texts and PostgreSQL refuses the operator. The same holds between the branches of
+// UNION, EXCEPT and INTERSECT, whose columns take the type of highest precedence.
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/SelectList.h"
 #include "platform/tsql/TypedExpressions.h"
+
+#include <map>
 
 namespace zlx::tsql {
 namespace {
@@ -48,7 +52,9 @@ bool TypedExpressions::InCondition(size_t i) const {
 
 bool TypedExpressions::HasComparison() const {
     for (size_t i = 0; i < m_t.size(); ++i) {
-        if (m_t.IsComparison(i) || m_t[i].IsWord(u"IN") || m_t[i].IsWord(u"BETWEEN")) return true;
+        if (m_t.IsComparison(i) ||
+            IsAnyWord(m_t[i], {u"IN", u"BETWEEN", u"UNION", u"EXCEPT", u"INTERSECT"}))
+            return true;
     }
     return false;
 }
@@ -112,6 +118,53 @@ void TypedExpressions::ConvertTextSide(const Typed& left, const std::vector<Type
         if (IsTextType(other.type))
             AddWrap(other.first, other.last,
                     m_dialect.IntegerCast(QStringLiteral("\x01"), integer));
+    }
+}
+
+void TypedExpressions::ConvertUnionTexts() {
+    std::map<size_t, std::vector<size_t>> compounds; // first SELECT -> every branch's SELECT
+    for (size_t i = 0; i < m_t.size(); ++i) {
+        if (!IsAnyWord(m_t[i], {u"UNION", u"EXCEPT", u"INTERSECT"})) continue;
+        const size_t next = m_t.WordAt(i + 1, u"ALL") ? i + 2 : i + 1;
+        const size_t open = m_t.Open(i);
+        const size_t first = m_t.DepthZeroWord(open == i ? 0 : open + 1, u"SELECT");
+        if (!m_t.WordAt(next, u"SELECT") || first >= i) continue;
+        auto& branches = compounds[first];
+        if (branches.empty()) branches.push_back(first);
+        branches.push_back(next);
+    }
+    for (const auto& [first, branches] : compounds)
+        ConvertBranchColumns(branches);
+}
+
+// Each column of the branches: its texts become integers when the others are integers.
+void TypedExpressions::ConvertBranchColumns(const std::vector<size_t>& selects) {
+    std::vector<std::vector<Typed>> columns;
+    for (size_t select : selects) {
+        const SelectList list = SelectList::Read(Tokens(m_t.begin() + select, m_t.end()));
+        for (size_t k = 0; k < list.items.size(); ++k) {
+            const size_t first = select + list.items[k].first;
+            const size_t end = select + list.items[k].second;
+            const auto whole = OperandAt(first) ? Chain(first, false) : std::nullopt;
+            if (columns.size() <= k) columns.emplace_back();
+            columns[k].push_back(whole && whole->last == end ? *whole
+                                                             : Typed{first, end, {}, false});
+        }
+    }
+    for (const std::vector<Typed>& column : columns) {
+        std::vector<Typed> integers, texts;
+        bool other = false; // a type of other precedence, or one not known
+        for (const Typed& item : column) {
+            if (!IntegerTypeOf(item.type).isEmpty())
+                integers.push_back(item);
+            else if (IsTextType(item.type))
+                texts.push_back(item);
+            else
+                other = other || !(item.last == item.first + 1 && m_t[item.first].IsWord(u"NULL"));
+        }
+        if (other) continue;
+        for (const Typed& text : texts)
+            ConvertTextSide(text, integers);
     }
 }
 
