@@ -37,10 +37,6 @@ void TranslationCache::Check(const StatementShape& shape, const Tokens& statemen
     checking.isTextColumn = noColumn;
     checking.isDateColumn = noColumn;
     checking.isIntegerColumn = noColumn;
-    checking.columnType = [&consulted](const QString&) {
-        consulted = true;
-        return QString();
-    };
     checking.mayBeNull = [&consulted](const QString&) {
         consulted = true;
         return true;
@@ -50,6 +46,14 @@ void TranslationCache::Check(const StatementShape& shape, const Tokens& statemen
         return QString();
     };
     const bool mayKeep = MayKeep(statement);
+    // A column's one type in the database is read as a table's columns are: what the session's
+    // own definitions change forgets the translation (DefinitionsChanged).
+    const auto typeOf = std::move(checking.columnType);
+    checking.columnType = [&consulted, &typeOf, mayKeep](const QString& column) {
+        const QString type = mayKeep && typeOf ? typeOf(column) : QString();
+        if (type.isEmpty()) consulted = true;
+        return type;
+    };
     const auto columnsOf = std::move(checking.tableColumns);
     // A table of another database would be attached to be read; one that does not exist yet
     // may be made by a statement ahead in the batch.
