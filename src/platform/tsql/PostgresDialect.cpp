@@ -303,6 +303,25 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "a.attnum > 0 AND NOT "
             "a.attisdropped")
             .arg(XtypeExpression(kCatalogTypes, type), LengthExpression(kCatalogTypes, type)),
+        QStringLiteral(
+            "CREATE OR REPLACE TEMP VIEW zlx_information_tables AS SELECT CAST(current_schema() "
+            "AS text) COLLATE pg_temp.zlx_ci AS table_catalog, CAST('dbo' AS text) COLLATE "
+            "pg_temp.zlx_ci AS table_schema, CAST(c.relname AS text) COLLATE pg_temp.zlx_ci AS "
+            "table_name, CAST(CASE c.relkind WHEN 'v' THEN 'VIEW' ELSE 'BASE TABLE' END AS text) "
+            "AS table_type FROM pg_class c WHERE c.relnamespace = CAST(current_schema() AS "
+            "regnamespace) AND c.relkind IN ('r', 'v')"),
+        QStringLiteral(
+            "CREATE OR REPLACE TEMP VIEW zlx_information_columns AS SELECT CAST(current_schema() "
+            "AS text) COLLATE pg_temp.zlx_ci AS table_catalog, CAST('dbo' AS text) COLLATE "
+            "pg_temp.zlx_ci AS table_schema, CAST(c.relname AS text) COLLATE pg_temp.zlx_ci AS "
+            "table_name, CAST(a.attname AS text) COLLATE pg_temp.zlx_ci AS column_name, "
+            "CAST(a.attnum AS integer) AS ordinal_position, CAST(CASE WHEN a.attnotnull THEN 'NO' "
+            "ELSE 'YES' END AS text) AS is_nullable, CAST(%1 AS text) AS data_type, %2 AS "
+            "character_maximum_length FROM pg_attribute a JOIN pg_class c ON c.oid = a.attrelid "
+            "WHERE c.relnamespace = CAST(current_schema() AS regnamespace) AND c.relkind IN "
+            "('r', 'v') AND a.attnum > 0 AND NOT a.attisdropped")
+            .arg(DataTypeExpression(kCatalogTypes, type),
+                 CharacterLengthExpression(kCatalogTypes, type)),
     };
 }
 

@@ -44,6 +44,11 @@ size_t QualifiedNameWriter::Write(size_t i, QString& out) {
     const bool inDatabase = parts.size() == 3 && isOwner(parts[1]);
     if (inDatabase) parts.erase(parts.begin() + 1);
     if (parts.size() == 2 && isOwner(parts[0])) parts.erase(parts.begin());
+    if (const QString view = InformationSchemaView(parts.front().name, parts.back().name);
+        parts.size() == 2 && !view.isEmpty()) {
+        out += m_t[i].leading + view;
+        return j;
+    }
     const QString catalog = CatalogTable(parts.back().name);
     if (!catalog.isEmpty()) {
         out += m_t[i].leading + catalog;
@@ -69,6 +74,16 @@ bool QualifiedNameWriter::IsCatalogTable(const QString& table) {
     for (const char16_t* name : {u"sysobjects", u"syscolumns", u"sysdatabases", u"sysprocesses"})
         if (table.compare(QStringView(name), Qt::CaseInsensitive) == 0) return true;
     return false;
+}
+
+// INFORMATION_SCHEMA.TABLES and .COLUMNS are views the session makes, named zlx_information_*:
+// PostgreSQL's own have other names, types and cases, and SQLite has none.
+QString QualifiedNameWriter::InformationSchemaView(const QString& schema, const QString& view) {
+    if (schema.compare(u"INFORMATION_SCHEMA", Qt::CaseInsensitive) != 0) return {};
+    for (const char16_t* name : {u"tables", u"columns"})
+        if (view.compare(QStringView(name), Qt::CaseInsensitive) == 0)
+            return u"zlx_information_"_qs + QString::fromUtf16(name);
+    return {};
 }
 
 QString QualifiedNameWriter::CatalogTable(const QString& table) {

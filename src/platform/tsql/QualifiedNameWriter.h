@@ -25,6 +25,7 @@ private:
     static bool IsCatalogTable(const QString& table);
 
     static QString CatalogTable(const QString& table);
+    static QString InformationSchemaView(const QString& schema, const QString& view);
 
     const StatementTokens& m_t;
     const TranslationContext& m_context;

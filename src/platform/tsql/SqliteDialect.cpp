@@ -262,10 +262,34 @@ QStringList SqliteDialect::ObjectViews(const QString& locksSchema) const {
         objectsView += QStringLiteral(" UNION ALL ") + objects(locksSchema, kLocksIds);
         columnsView += QStringLiteral(" UNION ALL ") + columns(locksSchema, kLocksIds);
     }
-    return {QStringLiteral("DROP VIEW IF EXISTS temp.sysobjects"),
-            QStringLiteral("CREATE TEMP VIEW sysobjects AS ") + objectsView,
-            QStringLiteral("DROP VIEW IF EXISTS temp.syscolumns"),
-            QStringLiteral("CREATE TEMP VIEW syscolumns AS ") + columnsView};
+    return QStringList{QStringLiteral("DROP VIEW IF EXISTS temp.sysobjects"),
+                       QStringLiteral("CREATE TEMP VIEW sysobjects AS ") + objectsView,
+                       QStringLiteral("DROP VIEW IF EXISTS temp.syscolumns"),
+                       QStringLiteral("CREATE TEMP VIEW syscolumns AS ") + columnsView} +
+           InformationSchemaViews();
+}
+
+// INFORMATION_SCHEMA.TABLES and .COLUMNS of the main file, as SQL Server shows them.
+QStringList SqliteDialect::InformationSchemaViews() const {
+    const QString owner =
+        CurrentDatabaseName() + QStringLiteral(" AS TABLE_CATALOG, 'dbo' AS TABLE_SCHEMA");
+    return {
+        QStringLiteral("DROP VIEW IF EXISTS temp.zlx_information_tables"),
+        QStringLiteral("CREATE TEMP VIEW zlx_information_tables AS SELECT %1, name COLLATE "
+                       "NOCASE AS TABLE_NAME, CASE type WHEN 'view' THEN 'VIEW' ELSE 'BASE TABLE' "
+                       "END AS TABLE_TYPE FROM main.sqlite_master WHERE type IN ('table', 'view') "
+                       "AND name NOT LIKE 'sqlite_%'")
+            .arg(owner),
+        QStringLiteral("DROP VIEW IF EXISTS temp.zlx_information_columns"),
+        QStringLiteral(
+            "CREATE TEMP VIEW zlx_information_columns AS SELECT %1, m.name COLLATE NOCASE AS "
+            "TABLE_NAME, p.name COLLATE NOCASE AS COLUMN_NAME, p.cid + 1 AS ORDINAL_POSITION, "
+            "CASE WHEN p.\"notnull\" OR p.pk > 0 THEN 'NO' ELSE 'YES' END AS IS_NULLABLE, %2 AS "
+            "DATA_TYPE, %3 AS CHARACTER_MAXIMUM_LENGTH FROM main.sqlite_master m, "
+            "pragma_table_info(m.name, 'main') p WHERE m.type IN ('table', 'view') AND m.name "
+            "NOT LIKE 'sqlite_%'")
+            .arg(owner, DataTypeExpression(kCatalogTypes, QStringLiteral("p.type")),
+                 CharacterLengthExpression(kCatalogTypes, QStringLiteral("p.type")))};
 }
 
 namespace {
@@ -283,14 +307,16 @@ CatalogMentions MentionedCatalogs(QStringView batch) {
     for (qsizetype i = 0; i < batch.size(); ++i) {
         const char16_t c = batch[i].unicode() | 0x20; // ASCII lower case
         const char16_t d = i + 1 < batch.size() ? batch[i + 1].unicode() | 0x20 : 0;
-        if (!(c == u's' && d == u'y') && !(c == u'o' && d == u'b') && !(c == u'c' && d == u'o'))
+        if (!(c == u's' && d == u'y') && !(c == u'o' && d == u'b') && !(c == u'c' && d == u'o') &&
+            !(c == u'i' && d == u'n'))
             continue;
         const QStringView rest = batch.sliced(i);
         const auto startsWith = [rest](QStringView name) {
             return rest.startsWith(name, Qt::CaseInsensitive);
         };
         found.objects = found.objects || startsWith(u"sysobjects") || startsWith(u"syscolumns") ||
-                        startsWith(u"object_id") || startsWith(u"col_length");
+                        startsWith(u"object_id") || startsWith(u"col_length") ||
+                        startsWith(u"information_schema");
         found.databases = found.databases || startsWith(u"sysdatabases");
         found.processes = found.processes || startsWith(u"sysprocesses");
     }

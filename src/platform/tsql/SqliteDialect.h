@@ -103,6 +103,7 @@ private:
     void RequireDatabaseFile(const QString& database) const;
     void Attach(const QString& file, const QString& alias);
     QStringList ObjectViews(const QString& locksSchema) const;
+    QStringList InformationSchemaViews() const;
     SqliteTableRebuild Rebuilder(const QString& table);
 
     void NoteKeyConstraints(const QString& schema, const QString& table);

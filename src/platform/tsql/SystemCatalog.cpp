@@ -27,7 +27,82 @@ QString CaseOver(const CatalogTypes& types, const QString& typeText, Column colu
     return out + QStringLiteral(" END");
 }
 
+// SQL Server's name of the type numbered `xtype`.
+const char* TypeNameOf(int xtype) {
+    switch (xtype) {
+    case 34:
+        return "image";
+    case 35:
+        return "text";
+    case 48:
+        return "tinyint";
+    case 52:
+        return "smallint";
+    case 56:
+        return "int";
+    case 58:
+        return "smalldatetime";
+    case 59:
+        return "real";
+    case 60:
+        return "money";
+    case 61:
+        return "datetime";
+    case 62:
+        return "float";
+    case 99:
+        return "ntext";
+    case 104:
+        return "bit";
+    case 106:
+        return "decimal";
+    case 108:
+        return "numeric";
+    case 127:
+        return "bigint";
+    case 167:
+        return "varchar";
+    case 175:
+        return "char";
+    case 231:
+        return "nvarchar";
+    case 239:
+        return "nchar";
+    default:
+        return "sql_variant";
+    }
+}
+
+QString CharacterLengthOf(const TypeRule& rule, const CatalogTypes& types, const QString& type) {
+    switch (rule.xtype) {
+    case 167:
+    case 175:
+    case 231:
+    case 239:
+        return FillPattern(types.declaredSize, {type});
+    case 34:
+    case 35:
+        return QStringLiteral("2147483647");
+    case 99:
+        return QStringLiteral("1073741823");
+    default:
+        return QStringLiteral("NULL");
+    }
+}
+
 } // namespace
+
+QString DataTypeExpression(const CatalogTypes& types, const QString& typeText) {
+    return CaseOver(types, typeText, [](const TypeRule& rule, const QString&) {
+        return u'\'' + QString::fromLatin1(TypeNameOf(rule.xtype)) + u'\'';
+    });
+}
+
+QString CharacterLengthExpression(const CatalogTypes& types, const QString& typeText) {
+    return CaseOver(types, typeText, [&types](const TypeRule& rule, const QString& type) {
+        return CharacterLengthOf(rule, types, type);
+    });
+}
 
 QString XtypeExpression(const CatalogTypes& types, const QString& typeText) {
     return CaseOver(types, typeText, [](const TypeRule& rule, const QString&) {

@@ -24,5 +24,9 @@ struct CatalogTypes {
 
 QString XtypeExpression(const CatalogTypes& types, const QString& typeText);
 QString LengthExpression(const CatalogTypes& types, const QString& typeText);
+// INFORMATION_SCHEMA.COLUMNS' DATA_TYPE ('varchar', 'int' ...) and CHARACTER_MAXIMUM_LENGTH
+// (characters of a text, bytes of a binary value; NULL for other types).
+QString DataTypeExpression(const CatalogTypes& types, const QString& typeText);
+QString CharacterLengthExpression(const CatalogTypes& types, const QString& typeText);
 
 } // namespace zlx::tsql
