@@ -158,9 +158,11 @@ std::optional<TypedExpressions::Typed> TypedExpressions::Chain(size_t first, boo
     return sum ? Combine(*sum, sumOperator, term, record) : term;
 }
 
-TypedExpressions::Typed TypedExpressions::Combine(const Typed& left, const QString& op,
-                                                  const Typed& right, bool record) {
+TypedExpressions::Typed TypedExpressions::Combine(Typed left, const QString& op, Typed right,
+                                                  bool record) {
     if (const auto decimal = CombineDecimals(left, op, right, record)) return *decimal;
+    TakeIntegerType(left, right, record);
+    TakeIntegerType(right, left, record);
     const int leftRank = NumberRank(left.type);
     const int rightRank = NumberRank(right.type);
     Typed result{left.first, right.last, {}, left.literal && right.literal};

@@ -51,7 +51,8 @@ private:
     // The operands joined by arithmetic operators from `first` on, typed and combined by
     // precedence; `record`: the operations that need the engine's call are wrapped.
     std::optional<Typed> Chain(size_t first, bool record);
-    Typed Combine(const Typed& left, const QString& op, const Typed& right, bool record);
+    // `left` and `right` are copies: a text operand takes an integer neighbour's type.
+    Typed Combine(Typed left, const QString& op, Typed right, bool record);
     // left / right whose result is MONEY: the engine's truncating quotient.
     void WrapMoneyQuotient(const Typed& left, const Typed& right);
     // An operation whose result is a DECIMAL (TypedExpressions_decimals); nullopt for others.
@@ -68,6 +69,7 @@ private:
     std::vector<Typed> ComparedList(size_t first, QStringView separator);
     void ConvertTextSide(const Typed& left, const std::vector<Typed>& others);
     void ConvertUnionTexts();
+    void TakeIntegerType(Typed& text, const Typed& integer, bool record);
     void ConvertBranchColumns(const std::vector<size_t>& selects);
 
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.

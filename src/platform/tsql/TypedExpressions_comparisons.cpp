@@ -121,6 +121,15 @@ void TypedExpressions::ConvertTextSide(const Typed& left, const std::vector<Type
     }
 }
 
+// A text in arithmetic with an integer takes the integer's type: Ref + 1 adds (245 for a word),
+// where the engines would join the texts or refuse the operator.
+void TypedExpressions::TakeIntegerType(Typed& text, const Typed& integer, bool record) {
+    const QString type = IntegerTypeOf(integer.type);
+    if (!IsTextType(text.type) || type.isEmpty()) return;
+    if (record) AddWrap(text.first, text.last, m_dialect.IntegerCast(QStringLiteral("\x01"), type));
+    text.type = type;
+}
+
 void TypedExpressions::ConvertUnionTexts() {
     std::map<size_t, std::vector<size_t>> compounds; // first SELECT -> every branch's SELECT
     for (size_t i = 0; i < m_t.size(); ++i) {

@@ -56,7 +56,7 @@ TEST(TypedExpressions, IntegerStepsAreCheckedInPrecedenceOrderOnSqlite) {
 }
 
 TEST(TypedExpressions, OperationsOfOtherTypesStayAsWritten) {
-    const QString untyped = u"SELECT v - i, x * i, 2 * 3, COUNT(*) FROM t"_qs;
+    const QString untyped = u"SELECT x * i, 2 * 3, v + nv, COUNT(*) FROM t"_qs;
     EXPECT_EQ(Sqlite(untyped), untyped);
     EXPECT_EQ(Postgres(u"SELECT i * 3, s - 1 FROM t"_qs), u"SELECT i * 3, s - 1 FROM t"_qs);
 }
@@ -71,6 +71,16 @@ TEST(TypedExpressions, DecimalResultsTakeSqlServersPrecisionAndScale) {
         u"13), zlx_decimal(CAST(i AS REAL) / zlx_divisor(1.5), 17, 6) FROM t"_qs);
     EXPECT_EQ(Postgres(u"SELECT d - 0.005 FROM t"_qs),
               u"SELECT CAST(d - 0.005 AS decimal(8,3)) FROM t"_qs);
+}
+
+// A text in arithmetic with an integer is read as the integer's type: v + 1 adds.
+TEST(TypedExpressions, TextsBesideIntegersAreReadAsIntegers) {
+    EXPECT_EQ(Sqlite(u"SELECT v - i, 1 + v FROM t"_qs),
+              u"SELECT zlx_integer_result(zlx_integer(v, 'int') - i, 'int'), "
+              u"zlx_integer_result(1 + zlx_integer(v, 'int'), 'int') FROM t"_qs);
+    EXPECT_EQ(Postgres(u"SELECT v + b FROM t WHERE v > 10"_qs),
+              u"SELECT CAST(zlx_trunc(v, 'bigint') AS bigint) + b FROM t WHERE "
+              u"CAST(zlx_trunc(v, 'int') AS integer) > 10"_qs);
 }
 
 TEST(TypedExpressions, SumsOfIntegersAreOfTheirSqlServerType) {
