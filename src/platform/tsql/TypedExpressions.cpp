@@ -67,11 +67,12 @@ TypedExpressions::TypedExpressions(StatementTokens& tokens, const TranslationCon
 void TypedExpressions::Prepare() {
     const auto typed = [](const Token& token) {
         return IsArithmetic(&token) || token.IsWord(u"SUM") || token.IsWord(u"AVG") ||
-               token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~");
+               token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~") || token.IsWord(u"ISNULL");
     };
     if (!m_context.columnType || m_t.IsDdl()) return;
     const bool compares = HasComparison();
     if (!compares && std::none_of(m_t.begin(), m_t.end(), typed)) return;
+    ConvertIsNullReplacements();
     for (size_t i = 0; i < m_t.size(); ++i)
         if (BeginsChain(i)) Chain(i, true);
     if (compares) {

@@ -69,6 +69,7 @@ private:
     std::vector<Typed> ComparedList(size_t first, QStringView separator);
     void ConvertTextSide(const Typed& left, const std::vector<Typed>& others);
     void ConvertUnionTexts();
+    void ConvertIsNullReplacements();
     void TakeIntegerType(Typed& text, const Typed& integer, bool record);
     void ConvertBranchColumns(const std::vector<size_t>& selects);
 

@@ -130,6 +130,22 @@ void TypedExpressions::TakeIntegerType(Typed& text, const Typed& integer, bool r
     text.type = type;
 }
 
+// ISNULL(text, 0): the result has the first argument's type, so a number in second place is
+// the text of its digits (COALESCE on PostgreSQL would refuse a text and an integer).
+void TypedExpressions::ConvertIsNullReplacements() {
+    for (size_t i = 0; i + 1 < m_t.size(); ++i) {
+        if (!m_t[i].IsWord(u"ISNULL") || !m_t.SymbolAt(i + 1, u"(")) continue;
+        const size_t close = m_t.Close(i + 1);
+        const std::vector<size_t> commas = m_t.Commas(i + 1, close);
+        if (commas.size() != 1 || commas.front() + 2 != close ||
+            m_t[commas.front() + 1].kind != TokenKind::Number || !OperandAt(i + 2))
+            continue;
+        const auto first = Chain(i + 2, false);
+        if (first && first->last == commas.front() && IsTextType(first->type))
+            m_t[commas.front() + 1].kind = TokenKind::String;
+    }
+}
+
 void TypedExpressions::ConvertUnionTexts() {
     std::map<size_t, std::vector<size_t>> compounds; // first SELECT -> every branch's SELECT
     for (size_t i = 0; i < m_t.size(); ++i) {

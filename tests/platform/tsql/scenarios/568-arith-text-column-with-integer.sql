@@ -1,6 +1,6 @@
 -- A text column in arithmetic with an integer is read as an integer, as SQL Server's data
 -- type precedence says: codigo + 1 adds (the next code after MAX(codigo) too), two texts still
--- join, and a text that is no number is error 245.
+-- join, ISNULL(text, 0) keeps the text's type, and a text that is no number is error 245.
 -- run
 CREATE TABLE articulos (codigo VARCHAR(10), nombre VARCHAR(20))
 -- run
@@ -16,6 +16,16 @@ end
 -- run
 SELECT MAX(codigo) + 1 FROM articulos
 -- expect
+rowset
+row 10
+end
+-- run
+SELECT ISNULL(MAX(codigo), 0) + 1 FROM articulos WHERE nombre = 'clavo'
+SELECT ISNULL(MAX(codigo), 0) + 1 FROM articulos
+-- expect
+rowset
+row 1
+end
 rowset
 row 10
 end
