@@ -71,6 +71,7 @@ private:
     void ConvertUnionTexts();
     void ConvertIsNullReplacements();
     void TakeIntegerType(Typed& text, const Typed& integer, bool record);
+    void WrapAsInteger(const Typed& text, const QString& type);
     void ConvertBranchColumns(const std::vector<size_t>& selects);
 
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.

@@ -67,7 +67,7 @@ void TypedExpressions::ConvertComparedTexts() {
         std::vector<Typed> others;
         size_t next = left->last;
         if (m_t.IsComparison(next)) {
-            if (const auto right = OperandAt(next + 1)) others.push_back(*Chain(next + 1, false));
+            if (OperandAt(next + 1)) others.push_back(*Chain(next + 1, false));
         } else if (m_t.WordAt(next, u"BETWEEN")) {
             others = ComparedList(next + 1, u"AND");
         } else if (m_t.WordAt(next, u"IN") ||
@@ -109,16 +109,19 @@ void TypedExpressions::ConvertTextSide(const Typed& left, const std::vector<Type
             if (type.isEmpty()) return;
             if (integer.isEmpty() || type == u"BIGINT") integer = type;
         }
-        AddWrap(left.first, left.last, m_dialect.IntegerCast(QStringLiteral("\x01"), integer));
+        WrapAsInteger(left, integer);
         return;
     }
     const QString integer = IntegerTypeOf(left.type);
     if (integer.isEmpty()) return;
     for (const Typed& other : others) {
-        if (IsTextType(other.type))
-            AddWrap(other.first, other.last,
-                    m_dialect.IntegerCast(QStringLiteral("\x01"), integer));
+        if (IsTextType(other.type)) WrapAsInteger(other, integer);
     }
+}
+
+// The text read as CAST(text AS type) reads it: a whole number between blanks, 245 for a word.
+void TypedExpressions::WrapAsInteger(const Typed& text, const QString& type) {
+    AddWrap(text.first, text.last, m_dialect.IntegerCast(QStringLiteral("\x01"), type));
 }
 
 // A text in arithmetic with an integer takes the integer's type: Ref + 1 adds (245 for a word),
@@ -126,7 +129,7 @@ void TypedExpressions::ConvertTextSide(const Typed& left, const std::vector<Type
 void TypedExpressions::TakeIntegerType(Typed& text, const Typed& integer, bool record) {
     const QString type = IntegerTypeOf(integer.type);
     if (!IsTextType(text.type) || type.isEmpty()) return;
-    if (record) AddWrap(text.first, text.last, m_dialect.IntegerCast(QStringLiteral("\x01"), type));
+    if (record) WrapAsInteger(text, type);
     text.type = type;
 }
 
