@@ -166,6 +166,30 @@ std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow, bool* rea
     return columns;
 }
 
+// An expression column whose first value is NULL says nothing of its kind: it takes the kind
+// of its first value that is not, among the next rows of a statement that changes nothing, and
+// the statement runs again from its start. Whether it did.
+bool KindsFromLaterRows(sqlite3_stmt* statement, std::vector<ColumnInfo>& columns) {
+    constexpr int kLookAhead = 1000;
+    std::vector<int> pending;
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i) {
+        if (!sqlite3_column_decltype(statement, i) &&
+            sqlite3_column_type(statement, i) == SQLITE_NULL)
+            pending.push_back(i);
+    }
+    if (pending.empty() || !sqlite3_stmt_readonly(statement)) return false;
+    for (int row = 0; row < kLookAhead && !pending.empty(); ++row) {
+        std::erase_if(pending, [&](int i) {
+            if (sqlite3_column_type(statement, i) == SQLITE_NULL) return false;
+            ApplyValueKind(KindOfValue(statement, i), columns[static_cast<std::size_t>(i)]);
+            return true;
+        });
+        if (sqlite3_step(statement) != SQLITE_ROW) break;
+    }
+    sqlite3_reset(statement);
+    return true;
+}
+
 // A kept statement's columns are described once for each time SQLite prepares it, unless a
 // column's kind depends on the row.
 std::vector<ColumnInfo> KeptColumns(sqlite3_stmt* statement, bool hasRow,
@@ -321,8 +345,12 @@ void SqliteDriver::RunStatement(sqlite3_stmt* statement, ResultSink& sink,
         sink.RowsAffected(changes ? sqlite3_changes64(m_db) : -1);
         return;
     }
-    const auto columns = kept ? KeptColumns(statement, code == SQLITE_ROW, *kept)
-                              : Describe(statement, code == SQLITE_ROW);
+    auto columns = kept ? KeptColumns(statement, code == SQLITE_ROW, *kept)
+                        : Describe(statement, code == SQLITE_ROW);
+    if (code == SQLITE_ROW && KindsFromLaterRows(statement, columns)) {
+        code = sqlite3_step(statement);
+        if (code != SQLITE_ROW && code != SQLITE_DONE) ThrowEngineError(code);
+    }
     sink.BeginRowset(columns);
     std::vector<Variant> values(columns.size());
     while (code == SQLITE_ROW) {

@@ -112,6 +112,22 @@ TEST_P(EngineTest, BatchDeliversEveryStatementResultInOrder) {
     EXPECT_EQ(affected, -1);
 }
 
+// SQLite has no type for an expression but its values': a first value of NULL does not make
+// the column a text, and the numbers of later rows stay numbers.
+TEST_P(EngineTest, AnExpressionColumnStartingWithNullTakesItsValuesKind) {
+    Run("CREATE TABLE t (n INTEGER)");
+    Run("INSERT INTO t VALUES (1); INSERT INTO t VALUES (2); INSERT INTO t VALUES (3)");
+    const RecordingSink sink =
+        Run("SELECT CASE WHEN n > 1 THEN n * 2 END AS doble, NULL AS nada FROM t ORDER BY n");
+    const auto& rowset = sink.rowsets.at(0);
+    EXPECT_EQ(rowset.columns.at(0).type, adInteger);
+    ASSERT_EQ(rowset.rows.size(), 3u);
+    EXPECT_TRUE(rowset.rows[0][0].IsNull());
+    EXPECT_EQ(rowset.rows[1][0].VarType(), vbLong);
+    EXPECT_EQ(rowset.rows[2][0].ToLong(), 6);
+    EXPECT_TRUE(rowset.rows[2][1].IsNull());
+}
+
 TEST_P(EngineTest, ExecuteAnswersTheFirstRowsetAsARecordset) {
     Run("CREATE TABLE t (n INTEGER)");
     long affected = 0;
