@@ -45,6 +45,7 @@ constexpr std::int32_t kNativeCannotOpenDatabase = 4060; // unknown database in 
 constexpr std::int32_t kNativeNotNullColumnAdded = 4901;
 constexpr std::int32_t kNativeRollbackUnknownName = 6401;
 constexpr std::int32_t kNativeIdentityUpdate = 8102;
+constexpr std::int32_t kNativeNullableKeyColumn = 8111; // PRIMARY KEY over a nullable column
 constexpr std::int32_t kNativeNumericConversion = 8114;
 constexpr std::int32_t kNativeArithmeticOverflow = 8115;
 constexpr std::int32_t kNativeInvalidArgumentType = 8116; // FORMAT of a text

@@ -155,6 +155,25 @@ QStringList InsertColumns(const Tokens& statement) {
     return columns;
 }
 
+// The columns of ALTER TABLE t ADD [CONSTRAINT c] PRIMARY KEY [NON]CLUSTERED (a, b); none for
+// any other statement.
+QStringList AddedPrimaryKeyColumns(const Tokens& statement) {
+    QStringList columns;
+    if (statement.size() < 4 || !statement[0].IsWord(u"ALTER") || !statement[1].IsWord(u"TABLE"))
+        return columns;
+    std::size_t i = 2;
+    while (i + 1 < statement.size() &&
+           !(statement[i].IsWord(u"PRIMARY") && statement[i + 1].IsWord(u"KEY")))
+        ++i;
+    for (i += 2; i < statement.size() && !statement[i].IsSymbol(u"("); ++i)
+        if (!statement[i].IsWord(u"CLUSTERED") && !statement[i].IsWord(u"NONCLUSTERED"))
+            return columns;
+    for (++i; i < statement.size() && !statement[i].IsSymbol(u")"); ++i)
+        if (IsName(statement[i]) && !statement[i].IsWord(u"ASC") && !statement[i].IsWord(u"DESC"))
+            columns << statement[i].text;
+    return columns;
+}
+
 // The columns an UPDATE sets: the names before each "=" of its SET list.
 QStringList UpdatedColumns(const Tokens& statement) {
     QStringList columns;
@@ -221,6 +240,18 @@ void CheckIdentityWrites(const Tokens& statement, const QString& table, const QS
         UpdatedColumns(statement).contains(identity, Qt::CaseInsensitive))
         ThrowStatementError(QStringLiteral("Cannot update identity column '%1'.").arg(identity),
                             ado::kNativeIdentityUpdate);
+}
+
+void CheckKeyColumnsNotNull(const Tokens& statement, const QString& table,
+                            const TableColumns& columns) {
+    for (const QString& name : AddedPrimaryKeyColumns(statement)) {
+        const TableColumn* column = FindColumn(columns, name);
+        if (column && !column->notNull)
+            ThrowStatementError(QStringLiteral("Cannot define PRIMARY KEY constraint on nullable "
+                                               "column in table '%1'.")
+                                    .arg(table),
+                                ado::kNativeNullableKeyColumn);
+    }
 }
 
 } // namespace zlx::tsql

@@ -4,6 +4,7 @@
 
 #include "platform/engines/AdoError.h"
 #include "platform/engines/SqlServerErrors.h"
+#include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlToken.h"
 
 namespace zlx::tsql {
@@ -23,5 +24,10 @@ ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& sta
 // `identity` of its table while IDENTITY_INSERT is OFF for it (544), an UPDATE setting it (8102).
 void CheckIdentityWrites(const Tokens& statement, const QString& table, const QString& identity,
                          bool identityInsertOn);
+
+// ALTER TABLE ADD PRIMARY KEY over a column of `columns` that accepts NULL: SQL Server's 8111,
+// where SQLite would take the key and PostgreSQL make the column NOT NULL.
+void CheckKeyColumnsNotNull(const Tokens& statement, const QString& table,
+                            const TableColumns& columns);
 
 } // namespace zlx::tsql

@@ -790,6 +790,7 @@ bool TsqlSession::RunDatabaseStatement(const Tokens& statement) {
 
 // The definitions that need more than a translation.
 bool TsqlSession::RunDefinition(const Tokens& statement) {
+    CheckKeyColumns(statement);
     if (const QString constraint = DroppedConstraint(statement); !constraint.isEmpty()) {
         const QString table = EngineObjectName(QualifiedNameAt(statement, 2));
         if (m_dialect->DropNamedDefault(table, constraint)) return true;
@@ -842,6 +843,15 @@ void TsqlSession::CheckIdentityWrite(const Tokens& statement) {
     const QString written = QualifiedNameAt(statement, name).trimmed();
     const QString table = EngineObjectName(written);
     CheckIdentityWrites(statement, written, IdentityColumn(table), table == m_identityInsertTable);
+}
+
+void TsqlSession::CheckKeyColumns(const Tokens& statement) {
+    if (!StartsWith(statement, {u"ALTER", u"TABLE"}) ||
+        std::none_of(statement.begin(), statement.end(),
+                     [](const Token& t) { return t.IsWord(u"PRIMARY"); }))
+        return;
+    const QString written = QualifiedNameAt(statement, 2).trimmed();
+    CheckKeyColumnsNotNull(statement, written, ColumnsOf(written));
 }
 
 // A statement kept prepared runs with its literals bound; an INSERT, which may be rewritten to

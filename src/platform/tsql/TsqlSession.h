@@ -125,6 +125,7 @@ private:
     bool RunSetOption(const Tokens& statement);
     void SetIdentityInsert(const Tokens& statement);
     void CheckIdentityWrite(const Tokens& statement);
+    void CheckKeyColumns(const Tokens& statement);
     bool RunTransactionStatement(const Tokens& statement);
     void RunIf(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     void RunDbcc(const Tokens& statement);
