@@ -1,6 +1,7 @@
 #include "platform/tsql/TranslationCache.h"
 
 #include "platform/engines/AdoError.h"
+#include "platform/engines/ErrorKinds.h"
 
 #include <algorithm>
 
@@ -66,7 +67,12 @@ void TranslationCache::Check(const StatementShape& shape, const Tokens& statemen
     Translation translation;
     try {
         translation = TsqlTranslator(checking).Translate(statement);
-    } catch (const ado::AdoError&) {
+    } catch (const ado::AdoError& error) {
+        // A lost link, a time-out or a cancel met while reading columns is the statement's own
+        // failure, not a refusal of its text.
+        if (ado::IsLinkLost(error.Records()) || ado::IsTimeout(error.Records()) ||
+            ado::IsCanceled(error.Records()))
+            throw;
         checking.tableColumns = [&consulted](const QString&) {
             consulted = true;
             return TableColumns();

@@ -111,7 +111,16 @@ FormatWriter::Kind FormatWriter::KindOf(const CallArgument& value) const {
     if (m_context.isTextColumn && m_context.isTextColumn(name)) return Kind::Text;
     if (IsIntegerArgument(m_context, value)) return Kind::Integer;
     const QString type = m_context.columnType ? m_context.columnType(name) : QString();
-    return type.isEmpty() ? Kind::Unknown : Kind::OtherNumber;
+    switch (type.isEmpty() ? ColumnKind::Other : KindOfTsqlType(type)) {
+    case ColumnKind::Date:
+        return Kind::Date;
+    case ColumnKind::Text:
+        return Kind::Text;
+    case ColumnKind::Other:
+        return Kind::Unknown;
+    default:
+        return Kind::OtherNumber;
+    }
 }
 
 QString FormatWriter::Number(const CallArgument& value, Kind kind, const QString& format,
