@@ -464,48 +464,57 @@ QString TsqlTypeOf(const QString& type) {
     return tsql;
 }
 
-} // namespace
-
-// A TINYINT is a smallint with its range check (see ColumnCheck).
-QString PostgresDialect::ColumnTypeNamed(const QString& column) {
+// The T-SQL type of a column of engine type `type` (format_type's): a TINYINT is a smallint
+// with its range check (see ColumnCheck), a national text one compressed with pglz (see
+// NationalTextMark).
+QString TsqlColumnType(const QString& type, bool national, bool tinyint) {
     static const TypeName texts[] = {
         {"character varying", "VARCHAR"}, {"character", "CHAR"}, {"text", "TEXT"}};
-    const auto rows = Access().Query(
-        QStringLiteral("SELECT DISTINCT format_type(a.atttypid, a.atttypmod), "
-                       "CAST(a.attcompression = 'p' AS integer), CAST(EXISTS (SELECT 1 FROM "
-                       "pg_constraint k WHERE k.conrelid = c.oid AND k.conname = 'zlx_220_' || "
-                       "a.attname) AS integer) FROM pg_attribute a JOIN pg_class "
-                       "c ON c.oid = a.attrelid WHERE c.relnamespace = CAST(current_schema() AS "
-                       "regnamespace) AND c.relkind IN ('r', 'v') AND a.attname = lower(%1) AND "
-                       "a.attnum > 0 AND NOT a.attisdropped")
-            .arg(SqlString(column)));
-    if (rows.size() != 1) return {};
-    const QString type = rows[0].at(0).ToString().section(u'.', -1);
-    if (rows[0].at(2).ToLong() == 1) return QStringLiteral("TINYINT");
+    if (tinyint) return QStringLiteral("TINYINT");
     if (const QString tsql = TsqlTypeOf(type); !tsql.isEmpty()) return tsql;
     const QString base = type.section(u'(', 0, 0);
     const QString text = LookUpType(texts, base);
     if (text.isEmpty()) return type.toUpper();
-    return (rows[0].at(1).ToLong() == 1 ? QStringLiteral("N") : QString()) + text +
-           type.mid(base.size());
+    return (national ? QStringLiteral("N") : QString()) + text + type.mid(base.size());
+}
+
+} // namespace
+
+QString PostgresDialect::ColumnTypeNamed(const QString& column) {
+    const auto rows = Access().Query(
+        QStringLiteral(
+            "SELECT DISTINCT format_type(a.atttypid, a.atttypmod), "
+            "CAST(a.attcompression = 'p' AS integer), CAST(EXISTS (SELECT 1 FROM "
+            "pg_constraint k WHERE k.conrelid = c.oid AND lower(k.conname) = lower('zlx_220_' || "
+            "a.attname)) AS integer) FROM pg_attribute a JOIN pg_class "
+            "c ON c.oid = a.attrelid WHERE c.relnamespace = CAST(current_schema() AS "
+            "regnamespace) AND c.relkind IN ('r', 'v') AND a.attname = lower(%1) AND "
+            "a.attnum > 0 AND NOT a.attisdropped")
+            .arg(SqlString(column)));
+    if (rows.size() != 1) return {};
+    return TsqlColumnType(rows[0].at(0).ToString().section(u'.', -1), rows[0].at(1).ToLong() == 1,
+                          rows[0].at(2).ToLong() == 1);
 }
 
 TableColumns PostgresDialect::ColumnsOf(const QString& table) {
     TableColumns columns;
     // An identity's sequence holds its seed and step.
     for (const auto& row : Access().Query(
-             QStringLiteral("SELECT CAST(attname AS text), format_type(atttypid, atttypmod), "
-                            "CAST(attidentity <> '' AS integer), CAST(attnotnull AS integer), "
-                            "s.seqstart, s.seqincrement FROM pg_attribute LEFT JOIN pg_sequence s "
-                            "ON attidentity <> '' AND s.seqrelid = CAST(pg_get_serial_sequence(%1, "
-                            "attname) AS regclass) WHERE attrelid = to_regclass(%1) AND attnum > "
-                            "0 AND NOT attisdropped ORDER BY attnum")
+             QStringLiteral(
+                 "SELECT CAST(attname AS text), format_type(atttypid, atttypmod), "
+                 "CAST(attidentity <> '' AS integer), CAST(attnotnull AS integer), "
+                 "s.seqstart, s.seqincrement, CAST(attcompression = 'p' AS integer), "
+                 "CAST(EXISTS (SELECT 1 FROM pg_constraint k WHERE k.conrelid = "
+                 "attrelid AND lower(k.conname) = lower('zlx_220_' || attname)) AS integer) FROM "
+                 "pg_attribute LEFT JOIN pg_sequence s ON attidentity <> '' AND "
+                 "s.seqrelid = CAST(pg_get_serial_sequence(%1, attname) AS regclass) "
+                 "WHERE attrelid = to_regclass(%1) AND attnum > 0 AND NOT attisdropped "
+                 "ORDER BY attnum")
                  .arg(SqlString(table)))) {
         // A domain's type is named with its schema when that is another database's.
-        const QString type = row.at(1).ToString().section(u'.', -1);
-        const QString tsql = TsqlTypeOf(type);
-        TableColumn column = ColumnOfType(row.at(0).ToString(), tsql.isEmpty() ? type : tsql,
-                                          row.at(2).ToLong() != 0);
+        const QString type = TsqlColumnType(row.at(1).ToString().section(u'.', -1),
+                                            row.at(6).ToLong() == 1, row.at(7).ToLong() == 1);
+        TableColumn column = ColumnOfType(row.at(0).ToString(), type, row.at(2).ToLong() != 0);
         column.notNull = row.at(3).ToLong() != 0;
         if (column.identity) {
             column.seed = row.at(4).ToInt64();
