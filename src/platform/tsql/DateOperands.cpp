@@ -16,8 +16,8 @@ bool IsNotDateFunction(const Token& name) {
 } // namespace
 
 DateOperands::DateOperands(const StatementTokens& tokens, const TranslationContext& context,
-                           StoredValues& stored)
-    : m_t(tokens), m_context(context), m_stored(stored) {}
+                           StoredValues& stored, const StatementColumns& columns)
+    : m_t(tokens), m_context(context), m_stored(stored), m_columns(columns) {}
 
 bool DateOperands::ReadsAsDate(size_t i) const {
     if (const auto stored = m_stored.StoredColumnOf(i)) {
@@ -33,7 +33,7 @@ DateOperands::Kind DateOperands::KindOf(size_t first, size_t end) const {
     const Token& token = m_t[first];
     if (end == first + 1 && (token.kind == TokenKind::String || token.kind == TokenKind::Number))
         return Kind::NotDate;
-    if (const Token* column = m_t.NamedColumn(first, end)) return ColumnKindOf(column->text);
+    if (m_t.NamedColumn(first, end)) return ColumnKindAt(end - 1);
     if (token.IsSymbol(u"(") && m_t.Close(first) + 1 == end)
         return m_t.WordAt(first + 1, u"SELECT") ? Kind::Unknown : KindOf(first + 1, end - 1);
     if (token.kind == TokenKind::Word && m_t.SymbolAt(first + 1, u"(") &&
@@ -64,6 +64,13 @@ DateOperands::Kind DateOperands::CallKind(size_t name, size_t close) const {
             if (KindOf(first, end) == Kind::Date) return Kind::Date;
     }
     return KindOf(arguments.front().first, arguments.front().second);
+}
+
+DateOperands::Kind DateOperands::ColumnKindAt(size_t i) const {
+    const TableColumn* column = m_columns.Find(i);
+    if (!column) return ColumnKindOf(m_t[i].text);
+    if (column->kind == ColumnKind::Date) return Kind::Date;
+    return column->kind == ColumnKind::Other ? Kind::Unknown : Kind::NotDate;
 }
 
 // A name that no table of the current database holds as a date, a text or an integer (one of

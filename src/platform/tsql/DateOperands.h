@@ -5,6 +5,7 @@
 // such a literal is a text and is written as it stands ('15/03/2024' stored in a VARCHAR column
 // stays '15/03/2024').
 
+#include "platform/tsql/StatementColumns.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/StoredValues.h"
 #include "platform/tsql/TranslationContext.h"
@@ -17,7 +18,7 @@ namespace zlx::tsql {
 class DateOperands {
 public:
     DateOperands(const StatementTokens& tokens, const TranslationContext& context,
-                 StoredValues& stored);
+                 StoredValues& stored, const StatementColumns& columns);
 
     // Whether the operand [first, end) is a date: a date column, GETDATE(), DATEADD(...),
     // EOMONTH(...), a CAST or CONVERT to a date type, or MIN, MAX, ISNULL or COALESCE of one.
@@ -33,6 +34,9 @@ private:
 
     Kind KindOf(size_t first, size_t end) const;
     Kind CallKind(size_t name, size_t close) const;
+    // The kind of the column named at `i`, from the statement's tables.
+    Kind ColumnKindAt(size_t i) const;
+    // The kind of a column known by its name alone (one of a table whose columns are not known).
     Kind ColumnKindOf(const QString& column) const;
 
     // The kind of what the literal at `i` meets: the other operand of its comparison, BETWEEN
@@ -52,6 +56,7 @@ private:
     const StatementTokens& m_t;
     const TranslationContext& m_context;
     StoredValues& m_stored;
+    const StatementColumns& m_columns;
 };
 
 } // namespace zlx::tsql

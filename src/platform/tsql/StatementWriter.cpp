@@ -20,7 +20,7 @@ constexpr std::int32_t kTiesWithoutOrder = 1062; // SQL Server's number for TOP 
 StatementWriter::StatementWriter(StatementTokens& tokens, const TranslationContext& context,
                                  StoredValues& stored)
     : m_context(context), m_dialect(DialectOf(context)), m_t(tokens), m_stored(stored),
-      m_names(tokens, context) {}
+      m_names(tokens, context), m_columns(tokens, context) {}
 
 QString StatementWriter::Write() {
     const size_t index = IndexKeyword();
@@ -93,7 +93,8 @@ size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
             return i + 1;
         }
         QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
-        if (!iso.isEmpty() && !DateOperands(m_t, m_context, m_stored).ReadsAsDate(i)) iso.clear();
+        if (!iso.isEmpty() && !DateOperands(m_t, m_context, m_stored, m_columns).ReadsAsDate(i))
+            iso.clear();
         out += t.leading + QuoteString(!iso.isEmpty() ? iso
                                        : m_stored.DropsTrailingBlanks(i)
                                            ? WithoutTrailingBlanks(t.text)
@@ -248,10 +249,10 @@ size_t StatementWriter::EmitLike(size_t like, bool negated, QString& out) {
 
 bool StatementWriter::IsTextColumnName(size_t i) const {
     const Token* name = m_t.At(i);
-    if (!name || !m_context.isTextColumn || m_t.SymbolAt(i + 1, u"(") ||
+    if (!name || m_t.SymbolAt(i + 1, u"(") ||
         (name->kind != TokenKind::Word && name->kind != TokenKind::QuotedName))
         return false;
-    return m_context.isTextColumn(name->text);
+    return m_columns.IsText(i);
 }
 
 bool StatementWriter::IsTextCast(size_t i) const {
@@ -369,14 +370,13 @@ QString StatementWriter::NullsOrder(size_t first, size_t last) const {
     if (last - first >= 2 && m_t[last - 2].IsWord(u"NULLS")) return {};
     const bool descending = m_t[last - 1].IsWord(u"DESC");
     const size_t expressionEnd = descending || m_t[last - 1].IsWord(u"ASC") ? last - 1 : last;
-    const Token* column = m_t.NamedColumn(first, expressionEnd);
-    if (column && m_context.mayBeNull && !m_context.mayBeNull(column->text)) return {};
+    // A named column ends with its name.
+    if (m_t.NamedColumn(first, expressionEnd) && !m_columns.MayBeNull(expressionEnd - 1)) return {};
     return m_dialect.NullsOrder(descending);
 }
 
 bool StatementWriter::IsIntegerColumn(size_t first, size_t end) const {
-    const Token* column = m_t.NamedColumn(first, end);
-    return column && m_context.isIntegerColumn && m_context.isIntegerColumn(column->text);
+    return m_t.NamedColumn(first, end) && m_columns.IsInteger(end - 1);
 }
 
 size_t StatementWriter::EmitTop(size_t select, size_t end, QString& out,

@@ -5,6 +5,7 @@
 // function calls and CASTs that the engine spells otherwise (StatementWriter_calls.cpp).
 
 #include "platform/tsql/QualifiedNameWriter.h"
+#include "platform/tsql/StatementColumns.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/StoredValues.h"
 #include "platform/tsql/TranslationContext.h"
@@ -156,6 +157,7 @@ private:
     StatementTokens& m_t;
     StoredValues& m_stored;
     QualifiedNameWriter m_names;
+    StatementColumns m_columns;
     QStringList m_exclusive;
     static constexpr size_t kNone = static_cast<size_t>(-1);
     size_t m_plainOperand = kNone; // the operand EmitDateArithmetic is writing

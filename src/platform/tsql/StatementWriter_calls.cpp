@@ -146,7 +146,7 @@ size_t StatementWriter::DaysOperandEnd(size_t at, QString& days) const {
 }
 
 bool StatementWriter::IsDateOperand(size_t i, size_t end) const {
-    return DateOperands(m_t, m_context, m_stored).IsDate(i, end);
+    return DateOperands(m_t, m_context, m_stored, m_columns).IsDate(i, end);
 }
 
 size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {

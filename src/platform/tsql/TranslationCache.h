@@ -2,10 +2,11 @@
 // The engine texts of statements already translated, so that a statement checked before its
 // batch runs is not translated a second time to run, and a statement sent again is not
 // translated again at all. Only a translation that depends on nothing but the statement, the
-// session's settings and the columns of the table it stores in is kept: one that consulted no
-// other catalog question (column kinds, defaults, another database, the locks tables) and
-// wrote no @@ or @ value into the text. A kept translation is found again only under the same
-// DATEFORMAT, DATEFIRST and LANGUAGE, and only until a definition or the database changes.
+// session's settings and the columns of the tables it names is kept: one that consulted no
+// other catalog question (columns known by name alone, defaults, another database, the locks
+// tables) and wrote no @@ or @ value into the text. A kept translation is found again only
+// under the same DATEFORMAT, DATEFIRST and LANGUAGE, and only until a definition or the
+// database changes.
 // Statements that differ only in the literals StatementShape takes out share one translation,
 // kept as the text around those literals. For an engine that keeps statements prepared, the
 // same text is kept with numbered parameters (?1, ?2...) where the literals go.
@@ -38,10 +39,10 @@ public:
     std::optional<PreparedTranslation> FindPrepared(const StatementShape& shape) const;
     bool Knows(const StatementShape& shape) const { return m_kept.contains(shape.Key()); }
     // Translates `statement` as the check before a batch runs does: with the session's
-    // `context`, except that the kinds of columns and their defaults are not read from the
+    // `context`, except that columns known by name alone and defaults are not read from the
     // catalog and other databases are not attached (each such question answers as if it had
-    // not been asked). The columns of the table an INSERT or UPDATE stores in are read when
-    // the table exists. Keeps the translation when no other question came up, as the
+    // not been asked). The columns of the tables the statement names are read when the table
+    // exists. Keeps the translation when no other question came up, as the
     // session's own. Throws what the translator throws without the table's columns: a value
     // that does not convert to its column fails when its statement runs, not before the
     // statements ahead of it.

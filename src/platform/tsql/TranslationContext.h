@@ -30,6 +30,8 @@ struct TranslationContext {
     // SQLite keeps each database's `locks` table in a file of its own: the schema that holds
     // it for `database` ("" for the current one). Unset: `locks` is an ordinary table.
     std::function<QString(const QString& database)> locksSchema;
+    // A column is known first by the tables its statement names (tableColumns, see
+    // StatementColumns); the questions by name below answer for a name none of them holds.
     // Whether a column of that name in the current database holds text, so that "+" next to
     // it joins texts. Unset: no column does.
     std::function<bool(const QString& column)> isTextColumn;
@@ -40,13 +42,14 @@ struct TranslationContext {
     std::function<bool(const QString& column)> isIntegerColumn;
     // The T-SQL type (upper case) of the columns of that name in the current database when they
     // all have one, so that arithmetic over them is typed as SQL Server types it; empty
-    // otherwise. Unset: no column's type is known.
+    // otherwise. Unset: no column's type is known, not even by its table (no typing at all).
     std::function<QString(const QString& column)> columnType;
     // Whether some column of that name in the current database accepts NULL, so that ordering
     // by it must place the NULLs. Unset: every column may.
     std::function<bool(const QString& column)> mayBeNull;
     // The columns of a table named as written, so that a text stored in a number or date column
-    // is converted as SQL Server converts it. Unset: texts are stored as written.
+    // is converted as SQL Server converts it and the statement's columns are typed by their
+    // tables. Unset: texts are stored as written and columns are known by name alone.
     std::function<TableColumns(const QString& table)> tableColumns;
 };
 

@@ -62,7 +62,7 @@ QString NumberLiteralType(const QString& text) {
 } // namespace
 
 TypedExpressions::TypedExpressions(StatementTokens& tokens, const TranslationContext& context)
-    : m_t(tokens), m_context(context), m_dialect(DialectOf(context)) {}
+    : m_t(tokens), m_context(context), m_dialect(DialectOf(context)), m_columns(tokens, context) {}
 
 void TypedExpressions::Prepare() {
     const auto typed = [](const Token& token) {
@@ -211,7 +211,7 @@ QString TypedExpressions::TypeOf(size_t first, size_t last) {
     }
     if (!IsName(token) || token.IsWord(u"NULL")) return {};
     if (m_t.SymbolAt(first + 1, u"(")) return CallType(first, last);
-    return IsName(m_t[last - 1]) ? ColumnType(m_t[last - 1].text) : QString();
+    return IsName(m_t[last - 1]) ? m_columns.Type(last - 1) : QString();
 }
 
 QString TypedExpressions::CallType(size_t name, size_t last) {
@@ -238,13 +238,6 @@ QString TypedExpressions::CallType(size_t name, size_t last) {
         NumberRank(argument->type) <= 3)
         return QStringLiteral("INT");
     return argument->type;
-}
-
-QString TypedExpressions::ColumnType(const QString& column) {
-    const QString key = column.toLower();
-    const auto found = m_columnTypes.constFind(key);
-    if (found != m_columnTypes.constEnd()) return *found;
-    return *m_columnTypes.insert(key, m_context.columnType(column));
 }
 
 void TypedExpressions::WrapCalls() {

@@ -9,10 +9,10 @@
 // literals, CAST and CONVERT, a few functions and the types of the columns named; an operand of no
 // known type leaves its operation as written.
 
+#include "platform/tsql/StatementColumns.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TranslationContext.h"
 
-#include <QHash>
 #include <optional>
 #include <vector>
 
@@ -60,7 +60,6 @@ private:
                                          bool record);
     QString TypeOf(size_t first, size_t last);
     QString CallType(size_t name, size_t last);
-    QString ColumnType(const QString& column);
 
     // Comparisons, IN lists and BETWEEN of a text with integers (TypedExpressions_comparisons).
     bool HasComparison() const;
@@ -85,8 +84,8 @@ private:
     const TranslationContext& m_context;
     const EngineDialect& m_dialect;
     std::vector<Wrap> m_wraps;
-    std::vector<size_t> m_dropped;         // operators that a wrap's call replaces
-    QHash<QString, QString> m_columnTypes; // asked once per statement
+    std::vector<size_t> m_dropped; // operators that a wrap's call replaces
+    StatementColumns m_columns;    // of the tokens as they stand until Apply
 };
 
 } // namespace zlx::tsql
