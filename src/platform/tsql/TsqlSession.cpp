@@ -6,6 +6,7 @@
 #include "platform/tsql/ColumnAdditions.h"
 #include "platform/tsql/NamedDefaults.h"
 #include "platform/tsql/PrintStatement.h"
+#include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlBatchInterpreter.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -143,9 +144,15 @@ bool TsqlSession::PollExecute(ado::ResultSink& sink) {
 void TsqlSession::UseDatabase(const QString& database) {
     m_worker.Abandon();
     SettleSentRun();
-    m_translations.DefinitionsChanged();
+    ForgetDefinitions();
     m_inner->UseDatabase(database);
     m_dialect->DatabaseChanged();
+    Prepare();
+}
+
+// What the session remembers of tables and columns, and the translations made with it.
+void TsqlSession::ForgetDefinitions() {
+    m_translations.DefinitionsChanged();
     m_identityColumns.clear();
     m_engineNames.clear();
     m_textColumns.clear();
@@ -153,7 +160,6 @@ void TsqlSession::UseDatabase(const QString& database) {
     m_columnTypes.clear();
     m_nullableColumns.clear();
     m_tableColumns.clear();
-    Prepare();
 }
 
 // The per-connection objects the catalog queries read.
@@ -473,19 +479,11 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
             RunStatement(addition, sink, timeoutSeconds);
         return;
     }
-    // Statements that may change a table's columns forget the identity columns known so far.
-    for (QStringView word : {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"}) {
-        if (statement.front().IsWord(word)) {
-            m_translations.DefinitionsChanged();
-            m_identityColumns.clear();
-            m_engineNames.clear();
-            m_textColumns.clear();
-            m_typedColumns.clear();
-            m_columnTypes.clear();
-            m_nullableColumns.clear();
-            m_tableColumns.clear();
-        }
-    }
+    // Statements that may change a table or its columns (sp_rename called without EXEC too).
+    const Token& first = statement.front();
+    if (IsAnyWord(first, {u"CREATE", u"ALTER", u"DROP", u"EXEC", u"EXECUTE", u"USE"}) ||
+        (first.kind == TokenKind::Word && first.text.startsWith(u"sp_", Qt::CaseInsensitive)))
+        ForgetDefinitions();
     if (statement.front().IsWord(u"IF")) {
         RunIf(statement, sink, timeoutSeconds);
         return;
@@ -705,10 +703,9 @@ TableColumns TsqlSession::ColumnsOf(const QString& tsqlTable) {
     const QString table = EngineObjectName(tsqlTable);
     const auto known = m_tableColumns.constFind(table);
     if (known != m_tableColumns.constEnd()) return *known;
-    TableColumns columns = m_dialect->ColumnsOf(table);
-    // A table not made yet (the check before a batch asks) may be made by the batch.
-    if (!columns.empty()) m_tableColumns.insert(table, columns);
-    return columns;
+    // None for a table not made yet (the check before a batch asks) or a view the engine does
+    // not describe: the statement that makes a table forgets them (ForgetDefinitions).
+    return *m_tableColumns.insert(table, m_dialect->ColumnsOf(table));
 }
 
 // The stored procedures the library calls; anything else is named as unsupported.

@@ -86,6 +86,7 @@ private:
     TranslationContext Context();
     QString GlobalValue(const QString& name) const;
     void Prepare();
+    void ForgetDefinitions();
     bool SpanishNames() const; // SET LANGUAGE names months and days in Spanish
     bool IsTextColumn(const QString& column);
     bool MayBeNull(const QString& column);

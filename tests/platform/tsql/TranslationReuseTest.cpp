@@ -185,3 +185,25 @@ TEST_P(TranslationReuseTest, StoredTextsFollowTheColumnsTheBatchMakes) {
                                     "INSERT INTO j VALUES ('') SELECT v FROM j")),
               QStringList{"0"});
 }
+
+// A statement's columns are typed by its own table, read again once that table is renamed
+// (sp_rename with or without EXEC) or made again by SELECT ... INTO.
+TEST_P(TranslationReuseTest, ColumnTypesFollowTheTableTheStatementNames) {
+    Exec(QStringLiteral("CREATE TABLE facturas (codigo INT) CREATE TABLE clientes (codigo "
+                        "VARCHAR(10)) INSERT INTO facturas VALUES (5) "
+                        "INSERT INTO clientes VALUES ('5')"));
+    const QString plus = QStringLiteral("SELECT codigo + 1 FROM facturas");
+    EXPECT_EQ(Value(plus), QStringLiteral("6"));
+    EXPECT_EQ(Value(plus), QStringLiteral("6"));
+    Exec(QStringLiteral("sp_rename 'facturas', 'viejas'"));
+    Exec(QStringLiteral("sp_rename 'clientes', 'facturas'"));
+    EXPECT_EQ(Value(plus), QStringLiteral("51"));
+    EXPECT_EQ(Value(QStringLiteral("EXEC sp_rename 'facturas', 'textos' "
+                                   "EXEC sp_rename 'viejas', 'facturas' ") +
+                    plus),
+              QStringLiteral("6"));
+    EXPECT_EQ(Value(QStringLiteral("DROP TABLE facturas SELECT codigo INTO facturas FROM textos ") +
+                    plus),
+              QStringLiteral("51"));
+    EXPECT_EQ(Value(plus), QStringLiteral("51"));
+}
