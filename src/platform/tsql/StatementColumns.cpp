@@ -2,6 +2,8 @@
 
 #include "platform/tsql/TsqlTokenizer.h"
 
+#include <algorithm>
+
 namespace zlx::tsql {
 namespace {
 
@@ -18,6 +20,13 @@ bool IsAlias(const Token* token) {
 // LEFT, RIGHT and FULL name outer joins unless they call the text functions LEFT and RIGHT.
 bool IsOuterJoin(const StatementTokens& tokens, size_t i) {
     return IsAnyWord(tokens[i], {u"LEFT", u"RIGHT", u"FULL"}) && !tokens.SymbolAt(i + 1, u"(");
+}
+
+// db..t and db.dbo.t: the name [name, end) has two dots.
+bool NamesAnotherDatabase(const StatementTokens& tokens, size_t name, size_t end) {
+    const auto dot = [](const Token& token) { return token.IsSymbol(u"."); };
+    return std::count_if(tokens.begin() + static_cast<std::ptrdiff_t>(name),
+                         tokens.begin() + static_cast<std::ptrdiff_t>(end), dot) > 1;
 }
 
 } // namespace
@@ -115,8 +124,9 @@ void StatementColumns::ReadTables() const {
 
 void StatementColumns::ReadTable(size_t name, size_t query) const {
     const size_t end = m_t.QualifiedNameEnd(name);
-    // A derived table's columns are not known.
-    if (end == name) {
+    // A derived table's columns are not known; another database's (db..t, db.dbo.t) are not
+    // read before the statement runs.
+    if (end == name || NamesAnotherDatabase(m_t, name, end)) {
         m_queries[query].unreadable = true;
         return;
     }

@@ -121,6 +121,10 @@ TEST_F(StatementColumnsTest, NamesNoReadableTableHoldsAreAnsweredByName) {
         QString());
     EXPECT_EQ(TypeOf(u"SELECT x.Codigo FROM (SELECT Codigo FROM Facturas) x"_qs, u"Codigo"_qs),
               QString());
+    // Another database's tables are not read.
+    EXPECT_EQ(TypeOf(u"SELECT Codigo FROM otra..Facturas"_qs, u"Codigo"_qs), QString());
+    EXPECT_EQ(TypeOf(u"SELECT f.Codigo FROM otra.dbo.Facturas f"_qs, u"Codigo"_qs), QString());
+    EXPECT_FALSE(m_read.contains(u"otra..Facturas"_qs));
     const StatementTokens tokens(Tokenize(u"SELECT Codigo + 1 FROM Vista"_qs));
     const StatementColumns columns(tokens, m_context);
     EXPECT_EQ(columns.Find(1), nullptr);
