@@ -72,12 +72,29 @@ void StoredValues::WrapItems(const std::vector<StoredItem>& items, bool converti
                         (!converting && value.kind == TokenKind::String &&
                          value.text.trimmed().isEmpty() && column->kind != ColumnKind::Text))))
             continue;
-        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->last),
-                   Raw(call.section(u'\x01', 1)));
-        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(item->first),
-                   Raw(call.section(u'\x01', 0, 0), m_t[item->first].leading));
-        m_t[item->first + 1].leading.clear();
+        Wrap(item->first, item->last, call);
     }
+}
+
+// The call's own parentheses around the value are tokens of their own, so that the values after
+// it in a VALUES row keep their places.
+void StoredValues::Wrap(size_t first, size_t last, const QString& call) {
+    const QString before = call.section(u'\x01', 0, 0);
+    const QString after = call.section(u'\x01', 1);
+    const bool parenthesised = before.endsWith(u'(') && after.endsWith(u')');
+    Tokens opening{Raw(parenthesised ? before.chopped(1) : before, m_t[first].leading)};
+    Tokens closing{Raw(parenthesised ? after.chopped(1) : after)};
+    if (parenthesised) {
+        opening.push_back(Token{TokenKind::Symbol, QStringLiteral("("), QString()});
+        closing.push_back(Token{TokenKind::Symbol, QStringLiteral(")"), QString()});
+    }
+    std::erase_if(opening, [](const Token& t) { return t.text.isEmpty(); });
+    std::erase_if(closing, [](const Token& t) { return t.text.isEmpty(); });
+    m_t[first].leading.clear();
+    for (auto t = closing.rbegin(); t != closing.rend(); ++t)
+        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(last), *t);
+    for (auto t = opening.rbegin(); t != opening.rend(); ++t)
+        m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(first), *t);
 }
 
 QString StoredValues::ConvertingCall(const TableColumn& column) const {

@@ -77,6 +77,7 @@ private:
     size_t ValueEnd(size_t first, size_t last) const;
     // Each item wrapped in its column's call (`converting`: ConvertingCall, else StoringCall).
     void WrapItems(const std::vector<StoredItem>& items, bool converting);
+    void Wrap(size_t first, size_t last, const QString& call);
     // The engine's CAST of a value into a number column, as SQL Server converts it; for other
     // columns StoringCall.
     QString ConvertingCall(const TableColumn& column) const;
