@@ -1,6 +1,7 @@
 #include "platform/engines/SqliteBuiltins.h"
 
 #include "platform/engines/SqliteArithmetic.h"
+#include "platform/engines/SqliteFunctionTable.h"
 #include "platform/engines/SqliteValues.h"
 
 #include <QDate>
@@ -248,11 +249,7 @@ template <bool sample, bool root> void SpreadFinal(sqlite3_context* context) {
 
 void Install(sqlite3* db) {
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    const struct {
-        const char* name;
-        int arguments;
-        void (*function)(sqlite3_context*, int, sqlite3_value**);
-    } functions[] = {
+    static constexpr SqliteScalarFunction functions[] = {
         {"zlx_log", 1, &Log},
         {"zlx_log", 2, &Log},
         {"zlx_str", 3, &Str},
@@ -269,9 +266,7 @@ void Install(sqlite3* db) {
         {"zlx_datefromparts", 3, &DateFromParts},
         {"zlx_zeropad", 2, &ZeroPad},
     };
-    for (const auto& f : functions)
-        sqlite3_create_function(db, f.name, f.arguments, flags, nullptr, f.function, nullptr,
-                                nullptr);
+    InstallDeterministic(db, functions);
     // Not deterministic: each call draws anew.
     sqlite3_create_function(db, "zlx_rand", 0, SQLITE_UTF8, nullptr, &Rand, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_rand", 1, SQLITE_UTF8, nullptr, &Rand, nullptr, nullptr);

@@ -1,6 +1,7 @@
 #include "platform/engines/SqliteDates.h"
 
 #include "platform/engines/SqlServerDates.h"
+#include "platform/engines/SqliteFunctionTable.h"
 
 #include <cmath>
 #include <sqlite3.h>
@@ -130,20 +131,14 @@ void DatePlusFunction(sqlite3_context* context, int, sqlite3_value** values) {
 } // namespace
 
 void Install(sqlite3* db) {
-    const struct {
-        const char* name;
-        int arguments;
-        void (*function)(sqlite3_context*, int, sqlite3_value**);
-    } functions[] = {
+    static constexpr SqliteScalarFunction functions[] = {
         {"zlx_dateadd", 3, &DateAddFunction},     {"zlx_datediff", 3, &DateDiffFunction},
         {"zlx_datepart", 3, &DatePartFunction},   {"zlx_datename", 4, &DateNameFunction},
         {"zlx_datestyle", 2, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
         {"zlx_isdate", 2, &IsDateFunction},       {"zlx_eomonth", 2, &EndOfMonthFunction},
         {"zlx_dateplus", 2, &DatePlusFunction},
     };
-    for (const auto& f : functions)
-        sqlite3_create_function(db, f.name, f.arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
-                                nullptr, f.function, nullptr, nullptr);
+    InstallDeterministic(db, functions);
 }
 
 } // namespace zlx::ado::SqliteDates

@@ -3,6 +3,7 @@
 #include "platform/engines/SqliteArithmetic.h"
 #include "platform/engines/SqliteBuiltins.h"
 #include "platform/engines/SqliteDates.h"
+#include "platform/engines/SqliteFunctionTable.h"
 #include "platform/engines/SqliteIntegers.h"
 #include "platform/engines/SqliteSingleValue.h"
 #include "platform/engines/TextOrder.h"
@@ -245,20 +246,19 @@ void Install(sqlite3* db) {
     constexpr int kBloomFilter = 0x00080000;
     constexpr int kBloomPulldown = 0x00100000;
     sqlite3_test_control(SQLITE_TESTCTRL_OPTIMIZATIONS, db, kBloomFilter | kBloomPulldown);
-    const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
-    const struct {
-        const char* name;
-        int arguments;
-        void (*function)(sqlite3_context*, int, sqlite3_value**);
-    } functions[] = {
-        {"like", 2, &Like},           {"like", 3, &Like},       {"upper", 1, &Upper},
-        {"lower", 1, &Lower},         {"replace", 3, &Replace}, {"charindex", 2, &CharIndex},
-        {"charindex", 3, &CharIndex}, {"zlx_pad", 2, &Pad},     {"zlx_datalength", 1, &DataLength},
+    static constexpr SqliteScalarFunction functions[] = {
+        {"like", 2, &Like},
+        {"like", 3, &Like},
+        {"upper", 1, &Upper},
+        {"lower", 1, &Lower},
+        {"replace", 3, &Replace},
+        {"charindex", 2, &CharIndex},
+        {"charindex", 3, &CharIndex},
+        {"zlx_pad", 2, &Pad},
+        {"zlx_datalength", 1, &DataLength},
+        {"zlx_patindex", 2, &PatIndex},
     };
-    for (const auto& f : functions)
-        sqlite3_create_function(db, f.name, f.arguments, flags, nullptr, f.function, nullptr,
-                                nullptr);
-    sqlite3_create_function(db, "zlx_patindex", 2, flags, nullptr, &PatIndex, nullptr, nullptr);
+    InstallDeterministic(db, functions);
     SqliteDates::Install(db);
     SqliteArithmetic::Install(db);
     SqliteIntegers::Install(db);

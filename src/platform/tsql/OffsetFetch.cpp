@@ -86,17 +86,7 @@ void OffsetFetch::CheckCount(size_t first, size_t end, bool fetch) const {
 
 bool OffsetFetch::QueryHas(size_t offset, QStringView word) const {
     const size_t open = m_t.Open(offset);
-    const size_t from = open == offset ? 0 : open + 1;
-    int depth = 0;
-    for (size_t k = from; k < offset; ++k) {
-        if (m_t[k].IsSymbol(u"("))
-            ++depth;
-        else if (m_t[k].IsSymbol(u")"))
-            --depth;
-        else if (depth == 0 && m_t[k].IsWord(word))
-            return true;
-    }
-    return false;
+    return m_t.DepthZeroWord(open == offset ? 0 : open + 1, word) < offset;
 }
 
 Tokens OffsetFetch::Copy(size_t first, size_t end) const {
