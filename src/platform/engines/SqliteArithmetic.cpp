@@ -116,32 +116,48 @@ void Real(sqlite3_context* context, int, sqlite3_value** values) {
     sqlite3_result_double(context, text.trimmed().toDouble());
 }
 
-// ROUND(x, places) as SQL Server rounds: half away from zero, a negative count of places
-// rounding to tens, hundreds...; an integer stays an integer.
-void Round(sqlite3_context* context, int, sqlite3_value** values) {
-    if (sqlite3_value_type(values[0]) == SQLITE_NULL ||
-        sqlite3_value_type(values[1]) == SQLITE_NULL)
-        return sqlite3_result_null(context);
+// A plain decimal text ("-12.345") cut after `places` fraction digits.
+QString TruncatedDecimal(const QString& text, int places) {
+    const qsizetype point = text.indexOf(u'.');
+    if (point < 0) return text;
+    return places == 0 ? text.left(point) : text.left(point + 1 + places);
+}
+
+// An integer rounded (or cut, `truncate`) to a multiple of 10^-places.
+sqlite3_int64 RoundedInteger(sqlite3_int64 value, int places, bool truncate) {
+    if (places >= 0) return value;
+    if (places < -18) return 0;
+    sqlite3_int64 unit = 1;
+    for (int i = 0; i < -places; ++i)
+        unit *= 10;
+    const sqlite3_int64 rest = value % unit;
+    const bool away = !truncate && 2 * (rest < 0 ? -rest : rest) >= unit;
+    return value - rest + (away ? (rest < 0 ? -unit : unit) : 0);
+}
+
+// ROUND(x, places [, function]) as SQL Server rounds: half away from zero, a negative count of
+// places rounding to tens, hundreds...; a function other than 0 cuts instead of rounding; an
+// integer stays an integer.
+void Round(sqlite3_context* context, int count, sqlite3_value** values) {
+    for (int i = 0; i < count; ++i)
+        if (sqlite3_value_type(values[i]) == SQLITE_NULL) return sqlite3_result_null(context);
     const int places = sqlite3_value_int(values[1]);
-    if (sqlite3_value_numeric_type(values[0]) == SQLITE_INTEGER) {
-        const sqlite3_int64 value = sqlite3_value_int64(values[0]);
-        if (places >= 0) return sqlite3_result_int64(context, value);
-        if (places < -18) return sqlite3_result_int64(context, 0);
-        sqlite3_int64 unit = 1;
-        for (int i = 0; i < -places; ++i)
-            unit *= 10;
-        const sqlite3_int64 rest = value % unit;
-        const sqlite3_int64 away =
-            2 * (rest < 0 ? -rest : rest) >= unit ? (rest < 0 ? -unit : unit) : 0;
-        return sqlite3_result_int64(context, value - rest + away);
-    }
+    const bool truncate = count == 3 && sqlite3_value_int(values[2]) != 0;
+    if (sqlite3_value_numeric_type(values[0]) == SQLITE_INTEGER)
+        return sqlite3_result_int64(
+            context, RoundedInteger(sqlite3_value_int64(values[0]), places, truncate));
     const double value = sqlite3_value_double(values[0]);
-    if (places >= 0)
-        return sqlite3_result_double(context,
-                                     RoundedDecimal(NumberText(values[0]), places).toDouble());
+    if (places >= 0) {
+        const QString text = NumberText(values[0]);
+        return sqlite3_result_double(
+            context,
+            (truncate ? TruncatedDecimal(text, places) : RoundedDecimal(text, places)).toDouble());
+    }
     const double unit = std::pow(10.0, -places);
-    sqlite3_result_double(
-        context, RoundedDecimal(QString::number(value / unit, 'f', 15), 0).toDouble() * unit);
+    const double units = truncate
+                             ? std::trunc(value / unit)
+                             : RoundedDecimal(QString::number(value / unit, 'f', 15), 0).toDouble();
+    sqlite3_result_double(context, units * unit);
 }
 
 } // namespace
@@ -155,8 +171,9 @@ void Install(sqlite3* db) {
                             nullptr, &MoneyQuotient, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_float", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Real,
                             nullptr, nullptr);
-    sqlite3_create_function(db, "round", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Round,
-                            nullptr, nullptr);
+    for (const int arguments : {2, 3})
+        sqlite3_create_function(db, "round", arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                                &Round, nullptr, nullptr);
 }
 
 } // namespace zlx::ado::SqliteArithmetic

@@ -103,6 +103,8 @@ Variant ValueOf(sqlite3_stmt* statement, int i, DataTypeEnum type) {
     case adDBDate:
     case adDBTime:
         return DateValue(statement, i);
+    case adGUID: // SQL Server spells a uniqueidentifier in capitals
+        return Variant(TextOf(statement, i).toUpper());
     default:
         return Variant(TextOf(statement, i));
     }

@@ -52,6 +52,8 @@ Variant ValueFromText(const QString& text, DataTypeEnum type) {
         const auto date = ParseIsoDate(text);
         return date ? Variant(*date) : Variant(text);
     }
+    case adGUID: // SQL Server spells a uniqueidentifier in capitals, PostgreSQL in small letters
+        return Variant(text.toUpper());
     default:
         return Variant(text);
     }

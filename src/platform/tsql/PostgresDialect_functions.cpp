@@ -15,6 +15,8 @@ constexpr FunctionSpelling kBuiltins[] = {
     {"RAND", 0, true, "(SELECT random())"},
     {"RAND", 1, true, "(SELECT zlx_rand(%1))"},
     {"NEWID", 0, true, "gen_random_uuid()"},
+    {"ROUND", 2, true, "zlx_round(%1, %2, 0)"},
+    {"ROUND", 3, true, "zlx_round(%1, %2, %3)"},
     {"STDEV", 1, true, "CAST(stddev_samp(%1) AS double precision)"},
     {"STDEVP", 1, true, "CAST(stddev_pop(%1) AS double precision)"},
     {"VAR", 1, true, "CAST(var_samp(%1) AS double precision)"},

@@ -8,7 +8,9 @@ namespace zlx::tsql {
 // holds it), a real as its exact decimal. zlx_int_result(n, type) holds the integer result of
 // TINYINT or SMALLINT arithmetic to its type (error 8115), made apart so that databases made
 // before it get it. zlx_float(v) reads a text as CAST(v AS FLOAT) does (a blank text 0, a word
-// error 8114, where PostgreSQL fails on the first and reads 'NaN').
+// error 8114, where PostgreSQL fails on the first and reads 'NaN'). zlx_round(v, n, f) is
+// ROUND(v, n, f) in SQL Server's result types: an integer type's, a float's, a decimal with the
+// value's own scale (ROUND(2.567, 1) is 2.600); PostgreSQL has no round of a float to places.
 QString NumberFunctions() {
     return QStringLiteral(R"sql(IF to_regprocedure('zlx_trunc(text,text)') IS NULL THEN
 CREATE FUNCTION zlx_int_range(n numeric, type text, v text) RETURNS numeric LANGUAGE plpgsql
@@ -61,6 +63,20 @@ IF v COLLATE "C" ~ '^[[:space:]]*[+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)([eE][+-]?[0-9
 THEN RETURN CAST(v AS double precision); END IF;
 RAISE EXCEPTION USING ERRCODE = '22018', MESSAGE = 'Error converting data type varchar to float.';
 END $f$;
+END IF;
+IF to_regprocedure('zlx_round(numeric,integer,integer)') IS NULL THEN
+CREATE FUNCTION zlx_round(v numeric, n integer, f integer) RETURNS numeric LANGUAGE sql
+IMMUTABLE STRICT AS $f$ SELECT round(CASE WHEN f = 0 THEN round(v, n) ELSE trunc(v, n) END,
+greatest(scale(v), 0)) $f$;
+CREATE FUNCTION zlx_round(v double precision, n integer, f integer) RETURNS double precision
+LANGUAGE sql IMMUTABLE STRICT AS $f$ SELECT CAST(CASE WHEN f = 0 THEN round(CAST(v AS numeric), n)
+ELSE trunc(CAST(v AS numeric), n) END AS double precision) $f$;
+CREATE FUNCTION zlx_round(v bigint, n integer, f integer) RETURNS bigint LANGUAGE sql IMMUTABLE
+STRICT AS $f$ SELECT CAST(zlx_round(CAST(v AS numeric), n, f) AS bigint) $f$;
+CREATE FUNCTION zlx_round(v integer, n integer, f integer) RETURNS integer LANGUAGE sql IMMUTABLE
+STRICT AS $f$ SELECT CAST(zlx_round(CAST(v AS numeric), n, f) AS integer) $f$;
+CREATE FUNCTION zlx_round(v smallint, n integer, f integer) RETURNS integer LANGUAGE sql
+IMMUTABLE STRICT AS $f$ SELECT CAST(zlx_round(CAST(v AS numeric), n, f) AS integer) $f$;
 END IF;)sql");
 }
 

@@ -106,6 +106,13 @@ QString SqliteDialect::SizedTextColumnType(const QString& type) const {
     return match.hasMatch() ? match.captured(1) + QStringLiteral(" MAX") : QString();
 }
 
+// A uniqueidentifier is a text here: it compares without regard to the case of its letters.
+QString SqliteDialect::ColumnType(const QString& type) const {
+    if (type.compare(u"UNIQUEIDENTIFIER", Qt::CaseInsensitive) == 0)
+        return QStringLiteral("UNIQUEIDENTIFIER COLLATE NOCASE");
+    return {};
+}
+
 // SQLite stores any text in any column: a text's length and an integer's range are checked.
 QString SqliteDialect::ColumnCheck(const QString& column, const QString& type) const {
     if (const auto text = SizedTextType(type))

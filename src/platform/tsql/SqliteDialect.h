@@ -45,6 +45,7 @@ public:
     QString CastType(const QString& type) const override;
     QString TextCast(const QString& value, const QString& type) const override;
     QString SizedTextColumnType(const QString& type) const override;
+    QString ColumnType(const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString RowLocator() const override { return QStringLiteral("rowid"); }

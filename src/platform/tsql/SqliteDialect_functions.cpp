@@ -15,6 +15,8 @@ constexpr FunctionSpelling kBuiltins[] = {
     {"RAND", 0, true, "(SELECT zlx_rand())"},
     {"RAND", 1, true, "(SELECT zlx_rand(%1))"},
     {"NEWID", 0, true, "zlx_newid()"},
+    {"ROUND", 2, true, "round(%1, %2)"},
+    {"ROUND", 3, true, "round(%1, %2, %3)"},
     {"STDEV", 1, true, "zlx_stdev(%1)"},
     {"STDEVP", 1, true, "zlx_stdevp(%1)"},
     {"VAR", 1, true, "zlx_var(%1)"},
