@@ -9,6 +9,7 @@
 #include <QUuid>
 #include <cmath>
 #include <random>
+#include <string>
 
 namespace zlx::ado::SqliteBuiltins {
 namespace {
@@ -245,11 +246,24 @@ template <bool sample, bool root> void SpreadFinal(sqlite3_context* context) {
     sqlite3_result_double(context, root ? std::sqrt(variance) : variance);
 }
 
+// zlx_recursion(level, limit): the level of a row a common table expression adds to itself,
+// which must not lie past the statement's MAXRECURSION.
+void Recursion(sqlite3_context* context, int, sqlite3_value** values) {
+    const sqlite3_int64 level = sqlite3_value_int64(values[0]);
+    const sqlite3_int64 limit = sqlite3_value_int64(values[1]);
+    if (level <= limit) return sqlite3_result_int64(context, level);
+    const std::string message = "The statement terminated. The maximum recursion " +
+                                std::to_string(limit) +
+                                " has been exhausted before statement completion.";
+    sqlite3_result_error(context, message.c_str(), -1);
+}
+
 } // namespace
 
 void Install(sqlite3* db) {
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     static constexpr SqliteScalarFunction functions[] = {
+        {"zlx_recursion", 2, &Recursion},
         {"zlx_log", 1, &Log},
         {"zlx_log", 2, &Log},
         {"zlx_str", 3, &Str},

@@ -69,6 +69,9 @@ public:
     // --- Spelling: what the translator asks. ---
     // A quoted name as the engine keeps it.
     virtual QString QuoteName(const QString& name) const;
+    // A word the engine reserves that SQL Server takes as a name (limit, offset...): written
+    // quoted where it names something.
+    virtual bool ReservesWord(const QString&) const { return false; }
     // The engine's spelling of a function call, nullptr when it stays as written.
     const FunctionSpelling* FindFunction(const QString& name) const;
     // How the engine writes SQL Server's built-in functions that BuiltinFunctionWriter takes,

@@ -94,6 +94,21 @@ QString PostgresDialect::QuoteName(const QString& name) const {
     return EngineDialect::QuoteName(name.toLower());
 }
 
+// PostgreSQL's reserved words and those it keeps from column names that SQL Server does not
+// reserve (words with a meaning in T-SQL, such as CAST or BINARY, are left out).
+bool PostgresDialect::ReservesWord(const QString& word) const {
+    static const QSet<QString> words = {
+        u"ANALYSE"_qs,      u"ANALYZE"_qs,        u"ARRAY"_qs,        u"ASYMMETRIC"_qs,
+        u"BOTH"_qs,         u"COLLATION"_qs,      u"CONCURRENTLY"_qs, u"CURRENT_CATALOG"_qs,
+        u"CURRENT_ROLE"_qs, u"CURRENT_SCHEMA"_qs, u"DEFERRABLE"_qs,   u"DO"_qs,
+        u"FREEZE"_qs,       u"ILIKE"_qs,          u"INITIALLY"_qs,    u"LATERAL"_qs,
+        u"LEADING"_qs,      u"LIMIT"_qs,          u"LOCALTIME"_qs,    u"LOCALTIMESTAMP"_qs,
+        u"NATURAL"_qs,      u"NOTNULL"_qs,        u"OFFSET"_qs,       u"OVERLAPS"_qs,
+        u"PLACING"_qs,      u"RETURNING"_qs,      u"SIMILAR"_qs,      u"SYMMETRIC"_qs,
+        u"TRAILING"_qs,     u"VARIADIC"_qs,       u"VERBOSE"_qs,      u"WINDOW"_qs};
+    return words.contains(word.toUpper());
+}
+
 QString PostgresDialect::DateOnly(const QString& value) const {
     return QStringLiteral("date_trunc('day', %1)").arg(value);
 }

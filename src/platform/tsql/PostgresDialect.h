@@ -12,6 +12,7 @@ public:
     explicit PostgresDialect(EngineAccess* access = nullptr) : EngineDialect(access) {}
 
     QString QuoteName(const QString& name) const override;
+    bool ReservesWord(const QString& word) const override;
     QString DatePart(DateUnit unit, const QString& value, int dateFirst) const override;
     QString DateName(DateUnit unit, const QString& value, int dateFirst,
                      bool spanish) const override;

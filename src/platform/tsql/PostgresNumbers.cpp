@@ -64,6 +64,14 @@ THEN RETURN CAST(v AS double precision); END IF;
 RAISE EXCEPTION USING ERRCODE = '22018', MESSAGE = 'Error converting data type varchar to float.';
 END $f$;
 END IF;
+IF to_regprocedure('zlx_recursion(integer,integer)') IS NULL THEN
+CREATE FUNCTION zlx_recursion(level integer, maximum integer) RETURNS integer LANGUAGE plpgsql
+IMMUTABLE STRICT AS $f$ BEGIN
+IF level <= maximum THEN RETURN level; END IF;
+RAISE EXCEPTION USING MESSAGE = format('The statement terminated. The maximum recursion %s has '
+'been exhausted before statement completion.', maximum);
+END $f$;
+END IF;
 IF to_regprocedure('zlx_round(numeric,integer,integer)') IS NULL THEN
 CREATE FUNCTION zlx_round(v numeric, n integer, f integer) RETURNS numeric LANGUAGE sql
 IMMUTABLE STRICT AS $f$ SELECT round(CASE WHEN f = 0 THEN round(v, n) ELSE trunc(v, n) END,

@@ -16,14 +16,14 @@ size_t QualifiedNameWriter::Write(size_t i, QString& out) {
     if (!qualified && !IsCatalogTable(first.text) &&
         !(m_context.locksSchema && first.text.compare(u"locks", Qt::CaseInsensitive) == 0)) {
         out += first.leading;
-        out += first.kind == TokenKind::QuotedName ? m_dialect.QuoteName(first.text) : first.text;
+        out += NeedsQuotes(i) ? m_dialect.QuoteName(first.text) : first.text;
         return i + 1;
     }
     struct Part {
         QString name;
         bool quoted;
     };
-    std::vector<Part> parts{{m_t[i].text, m_t[i].kind == TokenKind::QuotedName}};
+    std::vector<Part> parts{{m_t[i].text, NeedsQuotes(i)}};
     size_t j = i + 1;
     while (m_t.SymbolAt(j, u".") && m_t.At(j + 1) && m_t[j].leading.isEmpty() &&
            m_t[j + 1].leading.isEmpty()) {
@@ -33,7 +33,7 @@ size_t QualifiedNameWriter::Write(size_t i, QString& out) {
             continue;
         }
         if (m_t[j + 1].kind != TokenKind::Word && m_t[j + 1].kind != TokenKind::QuotedName) break;
-        parts.push_back({m_t[j + 1].text, m_t[j + 1].kind == TokenKind::QuotedName});
+        parts.push_back({m_t[j + 1].text, NeedsQuotes(j + 1)});
         j += 2;
     }
     auto isOwner = [](const Part& part) {
@@ -68,6 +68,14 @@ size_t QualifiedNameWriter::Write(size_t i, QString& out) {
         written << (part.quoted ? m_dialect.QuoteName(part.name) : part.name);
     out += m_t[i].leading + written.join(u'.');
     return j;
+}
+
+// A [name], or a word the engine reserves used as a name (a call such as LIMIT ( keeps it).
+bool QualifiedNameWriter::NeedsQuotes(size_t i) const {
+    const Token& token = m_t[i];
+    if (token.kind == TokenKind::QuotedName) return true;
+    return token.kind == TokenKind::Word && m_dialect.ReservesWord(token.text) &&
+           !m_t.SymbolAt(i + 1, u"(");
 }
 
 bool QualifiedNameWriter::IsCatalogTable(const QString& table) {

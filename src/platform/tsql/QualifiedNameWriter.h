@@ -23,6 +23,7 @@ public:
 private:
     // The SQL Server catalog tables are views of the session (master..sysdatabases included).
     static bool IsCatalogTable(const QString& table);
+    bool NeedsQuotes(size_t i) const;
 
     static QString CatalogTable(const QString& table);
     static QString InformationSchemaView(const QString& schema, const QString& view);

@@ -14,7 +14,7 @@ void QueryHints::Remove() {
 }
 
 void QueryHints::CheckHint(size_t first, size_t end) const {
-    // The engines have no recursion limit: MAXRECURSION is taken as a plan hint (DECISIONS).
+    // MAXRECURSION is held by RecursionLimit before the hints leave.
     static const std::initializer_list<QStringView> planHints = {
         u"RECOMPILE",
         u"MAXDOP",

@@ -113,6 +113,13 @@ QString SqliteDialect::ColumnType(const QString& type) const {
     return {};
 }
 
+// The words SQLite keeps from column names that SQL Server does not reserve.
+bool SqliteDialect::ReservesWord(const QString& word) const {
+    static const QSet<QString> words = {u"DEFERRABLE"_qs, u"LIMIT"_qs,     u"NOTHING"_qs,
+                                        u"NOTNULL"_qs,    u"RETURNING"_qs, u"RAISE"_qs};
+    return words.contains(word.toUpper());
+}
+
 // SQLite stores any text in any column: a text's length and an integer's range are checked.
 QString SqliteDialect::ColumnCheck(const QString& column, const QString& type) const {
     if (const auto text = SizedTextType(type))
@@ -518,23 +525,16 @@ QString SqliteDialect::IndexesQuery(const QString& schema) const {
                           "NOCASE)");
 }
 
-// SQLite cannot add a primary key to a table (a unique index of that name stands for it),
-// nor change or drop a column's type or constraint in place.
+// SQLite cannot add or drop a key constraint, nor change or drop a column's type or
+// constraint in place: the table is made again. A primary key over an identity (the row id
+// already) is a unique index of its name.
 bool SqliteDialect::RunDefinition(const Tokens& statement) {
     if (!StartsWith(statement, {u"ALTER", u"TABLE"})) return false;
     EngineAccess& access = Access();
     if (statement.size() >= 8 && statement[3].IsWord(u"ADD") &&
-        statement[4].IsWord(u"CONSTRAINT") && statement[6].IsWord(u"PRIMARY")) {
-        size_t open = 7;
-        while (open < statement.size() && !statement[open].IsSymbol(u"("))
-            ++open;
-        size_t close = open;
-        while (close < statement.size() && !statement[close].IsSymbol(u")"))
-            ++close;
-        access.Run(QStringLiteral("CREATE UNIQUE INDEX %1%2 ON %3 (%4)")
-                       .arg(IndexSchemaOf(statement[2].text), statement[5].text,
-                            access.EngineObjectName(statement[2].text).section(u'.', -1),
-                            ArgumentList(statement, open + 1, close).join(QStringLiteral(", "))));
+        statement[4].IsWord(u"CONSTRAINT") &&
+        (statement[6].IsWord(u"PRIMARY") || statement[6].IsWord(u"UNIQUE"))) {
+        AddKeyConstraint(statement);
         return true;
     }
     if (statement.size() > 6 && statement[3].IsWord(u"ALTER") && statement[4].IsWord(u"COLUMN")) {
@@ -556,11 +556,37 @@ bool SqliteDialect::RunDefinition(const Tokens& statement) {
     }
     if (statement.size() == 6 && statement[3].IsWord(u"DROP") &&
         statement[4].IsWord(u"CONSTRAINT")) {
-        access.Run(QStringLiteral("DROP INDEX ") + IndexSchemaOf(statement[2].text) +
-                   statement[5].text);
+        const QString table = access.EngineObjectName(statement[2].text);
+        if (!Rebuilder(table).DropConstraint(statement[5].text))
+            access.Run(QStringLiteral("DROP INDEX ") + IndexSchemaOf(statement[2].text) +
+                       statement[5].text);
         return true;
     }
     return false;
+}
+
+// ALTER TABLE t ADD CONSTRAINT name PRIMARY KEY | UNIQUE [CLUSTERED] (columns).
+void SqliteDialect::AddKeyConstraint(const Tokens& statement) {
+    EngineAccess& access = Access();
+    size_t open = 7;
+    while (open < statement.size() && !statement[open].IsSymbol(u"("))
+        ++open;
+    size_t close = open;
+    while (close < statement.size() && !statement[close].IsSymbol(u")"))
+        ++close;
+    const QString columns = ArgumentList(statement, open + 1, close).join(QStringLiteral(", "));
+    const QString table = access.EngineObjectName(statement[2].text);
+    const bool primary = statement[6].IsWord(u"PRIMARY");
+    if (primary && !FindIdentityColumn(table).isEmpty()) {
+        access.Run(QStringLiteral("CREATE UNIQUE INDEX %1%2 ON %3 (%4)")
+                       .arg(IndexSchemaOf(statement[2].text), statement[5].text,
+                            table.section(u'.', -1), columns));
+        return;
+    }
+    Rebuilder(table).AddConstraint(
+        QStringLiteral("CONSTRAINT %1 %2 (%3)")
+            .arg(statement[5].text,
+                 primary ? QStringLiteral("PRIMARY KEY") : QStringLiteral("UNIQUE"), columns));
 }
 
 QString SqliteDialect::TruncateSql(const QString& table) const {

@@ -46,6 +46,7 @@ public:
     QString TextCast(const QString& value, const QString& type) const override;
     QString SizedTextColumnType(const QString& type) const override;
     QString ColumnType(const QString& type) const override;
+    bool ReservesWord(const QString& word) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;
     QString RowLocator() const override { return QStringLiteral("rowid"); }
@@ -106,6 +107,7 @@ private:
     QStringList ObjectViews(const QString& locksSchema) const;
     QStringList InformationSchemaViews() const;
     SqliteTableRebuild Rebuilder(const QString& table);
+    void AddKeyConstraint(const Tokens& statement);
 
     void NoteKeyConstraints(const QString& schema, const QString& table);
     // Notes whether `column`, the table's identity, holds a value once only because it is the

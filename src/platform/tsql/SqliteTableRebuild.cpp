@@ -111,6 +111,36 @@ void RemoveNullability(Tokens& definition) {
     }
 }
 
+// Where a column's constraint that begins at `start` (CONSTRAINT name ...) ends: at the next
+// constraint of the column or at its end.
+size_t ConstraintEnd(const Tokens& definition, size_t start) {
+    int depth = 0;
+    for (size_t i = start + 3; i < definition.size(); ++i) {
+        if (definition[i].IsSymbol(u"("))
+            ++depth;
+        else if (definition[i].IsSymbol(u")"))
+            --depth;
+        else if (depth == 0 && IsConstraintStart(definition[i]))
+            return i;
+    }
+    return definition.size();
+}
+
+// Takes the constraint `name` out of a column's or the table's definition; false when it has
+// none of that name. A table constraint leaves the whole piece empty.
+bool RemoveNamedConstraint(Tokens& definition, const QString& name) {
+    for (size_t i = 0; i + 2 < definition.size(); ++i) {
+        if (!definition[i].IsWord(u"CONSTRAINT") ||
+            definition[i + 1].text.compare(name, Qt::CaseInsensitive) != 0)
+            continue;
+        definition.erase(definition.begin() + i,
+                         definition.begin() +
+                             (i == 0 ? definition.size() : ConstraintEnd(definition, i)));
+        return true;
+    }
+    return false;
+}
+
 Tokens WithLeadingBlank(Tokens tokens) {
     if (!tokens.empty()) tokens.front().leading = QStringLiteral(" ");
     return tokens;
@@ -123,7 +153,7 @@ SqliteTableRebuild::SqliteTableRebuild(Runner run, QString schema, QString table
 
 void SqliteTableRebuild::ChangeType(const QString& column, const QString& type,
                                     const QString& check) {
-    Rebuild(column, [&](Tokens& definition) {
+    RebuildColumn(column, [&](Tokens& definition) {
         size_t end = 1;
         while (end < definition.size() && !IsConstraintStart(definition[end]))
             ++end;
@@ -147,7 +177,7 @@ void SqliteTableRebuild::ChangeType(const QString& column, const QString& type,
 }
 
 void SqliteTableRebuild::ChangeDefault(const QString& column, const QString& value) {
-    Rebuild(column, [&](Tokens& definition) {
+    RebuildColumn(column, [&](Tokens& definition) {
         RemoveDefault(definition);
         if (!value.isEmpty()) {
             const Tokens clause = WithLeadingBlank(Tokenize(QStringLiteral("DEFAULT ") + value));
@@ -158,7 +188,7 @@ void SqliteTableRebuild::ChangeDefault(const QString& column, const QString& val
 
 void SqliteTableRebuild::NameDefault(const QString& column, const QString& name) {
     if (ColumnOfDefault(name).compare(column, Qt::CaseInsensitive) == 0) return;
-    Rebuild(column, [&](Tokens& definition) {
+    RebuildColumn(column, [&](Tokens& definition) {
         const size_t start = DefaultStart(definition);
         if (start == definition.size() || definition[start].IsWord(u"CONSTRAINT")) return;
         const Tokens named = WithLeadingBlank(Tokenize(QStringLiteral("CONSTRAINT ") + name));
@@ -189,8 +219,46 @@ QString SqliteTableRebuild::CreatedSql() {
     return created.front();
 }
 
-void SqliteTableRebuild::Rebuild(const QString& column,
-                                 const std::function<void(Tokens& definition)>& change) {
+void SqliteTableRebuild::AddConstraint(const QString& constraint) {
+    Rebuild([&](std::vector<Tokens>& pieces) { pieces.push_back(Tokenize(constraint)); });
+}
+
+bool SqliteTableRebuild::DropConstraint(const QString& name) {
+    bool found = false;
+    for (Tokens piece : ColumnPieces(CreatedSql()))
+        found = found || RemoveNamedConstraint(piece, name);
+    if (!found) return false;
+    Rebuild([&](std::vector<Tokens>& pieces) {
+        for (Tokens& piece : pieces)
+            RemoveNamedConstraint(piece, name);
+        std::erase_if(pieces, [](const Tokens& piece) { return piece.empty(); });
+    });
+    return true;
+}
+
+void SqliteTableRebuild::RebuildColumn(const QString& column,
+                                       const std::function<void(Tokens& definition)>& change) {
+    // The column may come as the engine writes it, "quoted".
+    const QString bare = column.size() > 1 && column.startsWith(u'"') && column.endsWith(u'"')
+                             ? column.mid(1, column.size() - 2).replace(u"\"\""_qs, u"\""_qs)
+                             : column;
+    Rebuild([&](std::vector<Tokens>& pieces) {
+        bool found = false;
+        for (Tokens& piece : pieces) {
+            if (!piece.empty() && piece.front().text.compare(bare, Qt::CaseInsensitive) == 0 &&
+                (piece.front().kind == TokenKind::Word ||
+                 piece.front().kind == TokenKind::QuotedName)) {
+                change(piece);
+                found = true;
+            }
+        }
+        if (!found)
+            ThrowStatementError(QStringLiteral("Invalid column name '%1'.").arg(column),
+                                ado::kNativeInvalidColumn, QStringLiteral("42S22"));
+    });
+}
+
+void SqliteTableRebuild::Rebuild(const std::function<void(std::vector<Tokens>& pieces)>& change) {
     const QString master = m_schema + QStringLiteral(".sqlite_master");
     const QString created = CreatedSql();
     const QStringList indexes =
@@ -204,22 +272,7 @@ void SqliteTableRebuild::Rebuild(const QString& column,
                             .arg(m_schema, SqlString(m_table)))
                 : QStringList();
     std::vector<Tokens> pieces = ColumnPieces(created);
-    // The column may come as the engine writes it, "quoted".
-    const QString bare = column.size() > 1 && column.startsWith(u'"') && column.endsWith(u'"')
-                             ? column.mid(1, column.size() - 2).replace(u"\"\""_qs, u"\""_qs)
-                             : column;
-    bool found = false;
-    for (Tokens& piece : pieces) {
-        if (!piece.empty() && piece.front().text.compare(bare, Qt::CaseInsensitive) == 0 &&
-            (piece.front().kind == TokenKind::Word ||
-             piece.front().kind == TokenKind::QuotedName)) {
-            change(piece);
-            found = true;
-        }
-    }
-    if (!found)
-        ThrowStatementError(QStringLiteral("Invalid column name '%1'.").arg(column),
-                            ado::kNativeInvalidColumn, QStringLiteral("42S22"));
+    change(pieces);
     QStringList definitions;
     for (const Tokens& piece : pieces)
         definitions << TokensToSql(piece).trimmed();

@@ -23,11 +23,19 @@ public:
     void NameDefault(const QString& column, const QString& name);
     // The column whose default is named `name`; empty when there is none.
     QString ColumnOfDefault(const QString& name);
+    // A table constraint ("CONSTRAINT pk PRIMARY KEY (a, b)") joins the definition.
+    void AddConstraint(const QString& constraint);
+    // The constraint named `name`, of the table or of a column, leaves the definition; false
+    // when the definition names none so.
+    bool DropConstraint(const QString& name);
 
 private:
     // The table's definition as made; error 208 when there is no such table.
     QString CreatedSql();
-    void Rebuild(const QString& column, const std::function<void(Tokens& definition)>& change);
+    void RebuildColumn(const QString& column,
+                       const std::function<void(Tokens& definition)>& change);
+    // The table made again from its column and constraint definitions as `change` leaves them.
+    void Rebuild(const std::function<void(std::vector<Tokens>& pieces)>& change);
 
     Runner m_run;
     QString m_schema;

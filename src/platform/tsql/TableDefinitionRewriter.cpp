@@ -164,9 +164,9 @@ void TableDefinitionRewriter::AddColumnCheck(size_t type) {
         if (m_t[j].IsWord(u"IDENTITY")) return;
     const QString typeText =
         TokensToSql(Tokens(m_t.begin() + type, m_t.begin() + end)).simplified().toUpper();
-    const QString check = m_dialect.ColumnCheck(
-        column.kind == TokenKind::QuotedName ? m_dialect.QuoteName(column.text) : column.text,
-        typeText);
+    const bool quoted = column.kind == TokenKind::QuotedName || m_dialect.ReservesWord(column.text);
+    const QString check =
+        m_dialect.ColumnCheck(quoted ? m_dialect.QuoteName(column.text) : column.text, typeText);
     if (!check.isEmpty())
         m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(end), Raw(check, QStringLiteral(" ")));
 }

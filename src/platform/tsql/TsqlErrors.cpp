@@ -48,6 +48,7 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"FOREIGN KEY constraint failed", ado::kNativeConstraintConflict},
     {"no such index", ado::kNativeCannotDrop},
     {"integer overflow", ado::kNativeArithmeticOverflow},
+    {"The maximum recursion", ado::kNativeMaxRecursion},
     {"Arithmetic overflow error for data type", ado::kNativeTypeOverflow},
     {"Arithmetic overflow error", ado::kNativeArithmeticOverflow},
     {"Conversion failed when converting the", ado::kNativeValueConversion},

@@ -3,6 +3,7 @@
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/OffsetFetch.h"
 #include "platform/tsql/QueryHints.h"
+#include "platform/tsql/RecursionLimit.h"
 #include "platform/tsql/SelectAliases.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/StatementWriter.h"
@@ -78,6 +79,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
                                            u')'};
     DataStatementRewriter(tokens, DialectOf(m_context)).Rewrite();
     MarkCtesRecursive(tokens);
+    RecursionLimit(tokens).Apply();
     OffsetFetch(tokens).Rewrite();
     QueryHints(tokens).Remove();
     SelectAliases(tokens).Rewrite();
