@@ -35,7 +35,7 @@ bool BeginsStatement(const Token& token) {
 class BatchReader {
 public:
     BatchReader(const Tokens& tokens, TsqlVariables& variables)
-        : m_t(tokens), m_variables(variables) {}
+        : m_t(tokens), m_variables(variables), m_lines(LinesOf(tokens)) {}
 
     std::vector<BatchNode> ReadAll() {
         std::vector<BatchNode> nodes;
@@ -45,6 +45,20 @@ public:
     }
 
 private:
+    // The line each token starts on (ERROR_LINE()), counting the line breaks before it.
+    static std::vector<int> LinesOf(const Tokens& tokens) {
+        std::vector<int> lines;
+        lines.reserve(tokens.size());
+        int line = 1;
+        for (const Token& token : tokens) {
+            line += static_cast<int>(token.leading.count(u'\n'));
+            lines.push_back(line);
+            line += static_cast<int>(token.text.count(u'\n'));
+        }
+        return lines;
+    }
+    int LineAt(size_t i) const { return i < m_lines.size() ? m_lines[i] : 1; }
+
     const Token* At(size_t i) const { return i < m_t.size() ? &m_t[i] : nullptr; }
     bool WordAt(size_t i, QStringView word) const { return At(i) && At(i)->IsWord(word); }
 
@@ -55,11 +69,9 @@ private:
         return m_pos < m_t.size();
     }
 
-    // BEGIN that opens a block, not BEGIN TRAN[SACTION].
+    // BEGIN that opens a block (BEGIN TRY and BEGIN CATCH too), not BEGIN TRAN[SACTION].
     bool OpensBlock(size_t i) const {
         if (!WordAt(i, u"BEGIN")) return false;
-        if (WordAt(i + 1, u"TRY") || WordAt(i + 1, u"CATCH"))
-            ThrowUnsupported(QStringLiteral("BEGIN ") + m_t[i + 1].text.toUpper());
         return !(WordAt(i + 1, u"TRAN") || WordAt(i + 1, u"TRANSACTION") ||
                  WordAt(i + 1, u"DISTRIBUTED"));
     }
@@ -69,7 +81,11 @@ private:
     void Read(std::vector<BatchNode>& nodes, bool one) {
         const Token& token = m_t[m_pos];
         if (token.IsWord(u"ELSE") || token.IsWord(u"END")) ThrowNearKeyword(token.text);
-        if (OpensBlock(m_pos))
+        if (WordAt(m_pos, u"BEGIN") && WordAt(m_pos + 1, u"TRY"))
+            nodes.push_back(ReadTry());
+        else if (WordAt(m_pos, u"BEGIN") && WordAt(m_pos + 1, u"CATCH"))
+            ThrowSyntaxNear(QStringLiteral("CATCH"));
+        else if (OpensBlock(m_pos))
             nodes.push_back(ReadBlock());
         else if (token.IsWord(u"IF"))
             nodes.push_back(ReadIf());
@@ -94,8 +110,35 @@ private:
         return block;
     }
 
+    // BEGIN TRY ... END TRY followed by BEGIN CATCH ... END CATCH.
+    BatchNode ReadTry() {
+        BatchNode node{BatchNode::Kind::Try, {}, {}, LineAt(m_pos)};
+        m_pos += 2;
+        node.children.push_back(ReadSection(u"TRY"));
+        if (!SkipSeparators() || !WordAt(m_pos, u"BEGIN") || !WordAt(m_pos + 1, u"CATCH"))
+            ThrowSyntaxNear(QStringLiteral("TRY"));
+        m_pos += 2;
+        ++m_catches;
+        node.children.push_back(ReadSection(u"CATCH"));
+        --m_catches;
+        return node;
+    }
+
+    // The statements up to END `word`, past which it leaves the current place.
+    BatchNode ReadSection(QStringView word) {
+        BatchNode block{BatchNode::Kind::Block, {}, {}, LineAt(m_pos)};
+        for (;;) {
+            if (!SkipSeparators()) ThrowSyntaxNear(word.toString());
+            if (WordAt(m_pos, u"END") && WordAt(m_pos + 1, word)) break;
+            Read(block.children, false);
+        }
+        m_pos += 2;
+        return block;
+    }
+
     BatchNode ReadIf() {
-        BatchNode node{BatchNode::Kind::If, ReadCondition(), {}};
+        const int line = LineAt(m_pos);
+        BatchNode node{BatchNode::Kind::If, ReadCondition(), {}, line};
         node.children.push_back(ReadBody(u"IF"));
         const size_t after = m_pos;
         if (SkipSeparators() && m_t[m_pos].IsWord(u"ELSE")) {
@@ -108,7 +151,8 @@ private:
     }
 
     BatchNode ReadWhile() {
-        BatchNode node{BatchNode::Kind::While, ReadCondition(), {}};
+        const int line = LineAt(m_pos);
+        BatchNode node{BatchNode::Kind::While, ReadCondition(), {}, line};
         ++m_loops;
         node.children.push_back(ReadBody(u"WHILE"));
         --m_loops;
@@ -168,8 +212,10 @@ private:
             SplitBatch(Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(m_pos),
                               m_t.begin() + static_cast<std::ptrdiff_t>(stop)));
         for (const Tokens& statement : statements) {
+            const int line = LineAt(m_pos);
             m_pos += statement.size();
             nodes.push_back(StatementNode(statement));
+            nodes.back().line = line;
             if (one) return;
         }
     }
@@ -207,6 +253,10 @@ private:
 
     BatchNode StatementNode(const Tokens& statement) {
         if (statement.front().IsWord(u"DECLARE")) return Declaration(statement);
+        if (statement.size() == 1 && statement.front().IsWord(u"THROW") && m_catches == 0)
+            ThrowStatementError(QStringLiteral("To rethrow an error, a THROW statement must be "
+                                               "used inside a CATCH block."),
+                                10704);
         CheckDeclared(statement);
         return BatchNode{BatchNode::Kind::Statement, statement, {}};
     }
@@ -252,21 +302,32 @@ private:
         return block;
     }
 
+    // In a procedure call (EXEC sp_executesql ..., @id = 5) "@name =" names a parameter.
     void CheckDeclared(const Tokens& tokens) const {
-        for (const Token& token : tokens)
-            if (token.kind == TokenKind::Variable) m_variables.TypeOf(token.text);
+        const bool call =
+            !tokens.empty() && (tokens[0].IsWord(u"EXEC") || tokens[0].IsWord(u"EXECUTE") ||
+                                tokens[0].IsWord(u"sp_executesql"));
+        for (size_t i = 0; i < tokens.size(); ++i) {
+            if (tokens[i].kind != TokenKind::Variable) continue;
+            const bool parameter = call && i + 1 < tokens.size() && tokens[i + 1].IsSymbol(u"=") &&
+                                   i > 0 && tokens[i - 1].IsSymbol(u",");
+            if (!parameter) m_variables.TypeOf(tokens[i].text);
+        }
     }
 
     const Tokens& m_t;
     TsqlVariables& m_variables;
+    std::vector<int> m_lines;
     size_t m_pos = 0;
     int m_loops = 0;
+    int m_catches = 0; // CATCH blocks the current place is in
 };
 
 } // namespace
 
-ParsedBatch ParseBatch(const Tokens& tokens) {
+ParsedBatch ParseBatch(const Tokens& tokens, TsqlVariables declared) {
     ParsedBatch batch;
+    batch.variables = std::move(declared);
     batch.statements = BatchReader(tokens, batch.variables).ReadAll();
     return batch;
 }

@@ -10,10 +10,11 @@
 namespace zlx::tsql {
 
 bool IsStarterWord(const Token& token) {
-    static constexpr std::array<QStringView, 20> kStarters = {
-        u"SELECT", u"INSERT",   u"UPDATE",  u"DELETE", u"SET",     u"IF",     u"BEGIN",
-        u"COMMIT", u"ROLLBACK", u"DBCC",    u"EXEC",   u"EXECUTE", u"CREATE", u"ALTER",
-        u"DROP",   u"TRUNCATE", u"DECLARE", u"PRINT",  u"USE",     u"SAVE"};
+    static constexpr std::array<QStringView, 22> kStarters = {
+        u"SELECT", u"INSERT", u"UPDATE",    u"DELETE",   u"SET",     u"IF",
+        u"BEGIN",  u"COMMIT", u"ROLLBACK",  u"DBCC",     u"EXEC",    u"EXECUTE",
+        u"CREATE", u"ALTER",  u"DROP",      u"TRUNCATE", u"DECLARE", u"PRINT",
+        u"USE",    u"SAVE",   u"RAISERROR", u"THROW"};
     if (token.kind != TokenKind::Word) return false;
     return std::any_of(kStarters.begin(), kStarters.end(),
                        [&](QStringView word) { return SameTextIgnoringCase(token.text, word); });

@@ -7,6 +7,7 @@
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlSession.h"
 #include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/UncommittableTransaction.h"
 #include "platform/tsql/VariableAssignment.h"
 
 #include <algorithm>
@@ -68,6 +69,18 @@ bool IsPrintOfExpression(const Tokens& statement) {
     return statement.front().IsWord(u"PRINT") && statement.size() > 1 && !PrintsLiterals(statement);
 }
 
+// Words that only the interpreter runs: TRY ... CATCH, RAISERROR, THROW, the error functions,
+// XACT_STATE(), EXEC of a text and sp_executesql.
+bool IsErrorOrDynamicWord(const Tokens& batch, size_t i) {
+    const Token& token = batch[i];
+    const bool call = i + 1 < batch.size() && batch[i + 1].IsSymbol(u"(");
+    return token.IsWord(u"TRY") || token.IsWord(u"THROW") || token.IsWord(u"RAISERROR") ||
+           token.IsWord(u"sp_executesql") ||
+           (call &&
+            (token.IsWord(u"EXEC") || token.IsWord(u"EXECUTE") || token.IsWord(u"XACT_STATE") ||
+             token.text.startsWith(u"ERROR_", Qt::CaseInsensitive)));
+}
+
 Tokens SelectOf(const Tokens& expression, size_t from) {
     Tokens query{Token{TokenKind::Word, QStringLiteral("SELECT"), {}}};
     query.insert(query.end(), expression.begin() + static_cast<std::ptrdiff_t>(from),
@@ -79,7 +92,11 @@ Tokens SelectOf(const Tokens& expression, size_t from) {
 
 TsqlBatchInterpreter::TsqlBatchInterpreter(TsqlSession& session, ado::ResultSink& sink,
                                            int timeoutSeconds)
-    : m_session(session), m_sink(sink), m_timeoutSeconds(timeoutSeconds) {}
+    : m_session(session), m_sink(sink), m_timeoutSeconds(timeoutSeconds), m_errors(m_ownErrors) {}
+
+TsqlBatchInterpreter::TsqlBatchInterpreter(TsqlBatchInterpreter& caller)
+    : m_session(caller.m_session), m_sink(caller.m_sink), m_timeoutSeconds(caller.SecondsLeft()),
+      m_caller(&caller), m_errors(caller.m_errors) {}
 
 bool TsqlBatchInterpreter::Needed(const Tokens& batch) {
     for (size_t i = 0; i < batch.size(); ++i) {
@@ -107,24 +124,48 @@ bool TsqlBatchInterpreter::Needed(const Tokens& batch) {
         default:
             break;
         }
-        if (token.text.startsWith(u'#')) return true;
+        if (token.text.startsWith(u'#') || IsErrorOrDynamicWord(batch, i)) return true;
     }
     return false;
 }
 
 void TsqlBatchInterpreter::Run(const QString& text, const Tokens& batch) {
-    ParsedBatch parsed = ParseBatch(WithTemporaryNames(batch));
+    RunWith(text, batch, {}, {});
+}
+
+void TsqlBatchInterpreter::RunWith(const QString& text, const Tokens& batch, TsqlVariables declared,
+                                   std::vector<BatchNode> prologue) {
+    ParsedBatch parsed = ParseBatch(WithTemporaryNames(batch), std::move(declared));
+    parsed.statements.insert(parsed.statements.begin(), prologue.begin(), prologue.end());
     m_variables = std::move(parsed.variables);
     for (const BatchNode& node : parsed.statements)
         Check(node);
     m_session.m_dialect->RefreshCatalog(text);
     m_clock.start();
+    if (m_caller) {
+        ExecuteAll(parsed.statements);
+        return;
+    }
     try {
         ExecuteAll(parsed.statements);
+        // The transaction an error made uncommittable is rolled back with the batch's end.
+        if (m_session.m_uncommittable) {
+            m_session.Rollback();
+            ThrowUncommittableAtBatchEnd();
+        }
     } catch (const ado::AdoError& error) {
         m_session.AbortTransactionAfter(error);
-        throw WithSqlServerNumbers(error, m_current);
+        throw WithDeferred(&error);
     }
+    if (!m_errors.Deferred().empty()) throw WithDeferred(nullptr);
+}
+
+ado::AdoError TsqlBatchInterpreter::WithDeferred(const ado::AdoError* error) const {
+    std::vector<ado::ErrorRecord> records = m_errors.Deferred();
+    if (!error) return ado::AdoError(ado::adHrCommandFailed, records.front().description, records);
+    if (records.empty()) return *error;
+    records.insert(records.end(), error->Records().begin(), error->Records().end());
+    return ado::AdoError(error->Number(), records.front().description, std::move(records));
 }
 
 // The check SQL Server makes when it compiles the batch, with a value of its type for each
@@ -132,19 +173,19 @@ void TsqlBatchInterpreter::Run(const QString& text, const Tokens& batch) {
 void TsqlBatchInterpreter::Check(const BatchNode& node) {
     if (node.kind == BatchNode::Kind::Statement) CheckStatement(node.tokens);
     if (node.kind == BatchNode::Kind::If || node.kind == BatchNode::Kind::While)
-        TsqlTranslator(m_session.CheckingContext())
-            .Translate(m_variables.Substitute(node.tokens, true));
+        TsqlTranslator(m_session.CheckingContext()).Translate(Bound(node.tokens, true));
     for (const BatchNode& child : node.children)
         Check(child);
 }
 
 void TsqlBatchInterpreter::CheckStatement(const Tokens& statement) {
+    if (ChecksOwnStatement(statement)) return;
     if (const auto assignment = VariableAssignment::Read(statement)) {
         TsqlTranslator(m_session.CheckingContext())
-            .Translate(m_variables.Substitute(assignment->Query(m_variables), true));
+            .Translate(Bound(assignment->Query(m_variables), true));
         return;
     }
-    const Tokens bound = m_variables.Substitute(statement, true);
+    const Tokens bound = Bound(statement, true);
     if (const auto into = SelectInto::Read(bound)) {
         into->CheckColumnNames();
         m_session.Check(into->source);
@@ -166,16 +207,24 @@ TsqlBatchInterpreter::Flow TsqlBatchInterpreter::ExecuteAll(const std::vector<Ba
 TsqlBatchInterpreter::Flow TsqlBatchInterpreter::Execute(const BatchNode& node) {
     switch (node.kind) {
     case BatchNode::Kind::Statement:
-        ExecuteStatement(node.tokens);
+        m_line = node.line;
+        try {
+            ExecuteStatement(node.tokens);
+        } catch (const ado::AdoError& error) {
+            throw Noted(error);
+        }
         return Flow::Next;
     case BatchNode::Kind::Block:
         return ExecuteAll(node.children);
+    case BatchNode::Kind::Try:
+        return ExecuteTry(node);
     case BatchNode::Kind::If:
+        m_line = node.line;
         if (Holds(node.tokens)) return Execute(node.children.front());
         return node.children.size() > 1 ? Execute(node.children.back()) : Flow::Next;
     case BatchNode::Kind::While:
         // No limit on the turns, as on SQL Server: the command time-out ends a runaway loop.
-        while (Holds(node.tokens)) {
+        while ((m_line = node.line, Holds(node.tokens))) {
             SecondsLeft();
             const Flow flow = Execute(node.children.front());
             if (flow == Flow::Break) break;
@@ -194,11 +243,12 @@ TsqlBatchInterpreter::Flow TsqlBatchInterpreter::Execute(const BatchNode& node) 
 
 void TsqlBatchInterpreter::ExecuteStatement(const Tokens& statement) {
     m_current = statement;
+    if (RunsOwnStatement(statement)) return;
     if (const auto assignment = VariableAssignment::Read(statement)) {
         Assign(*assignment);
         return;
     }
-    const Tokens bound = m_variables.Substitute(statement);
+    const Tokens bound = Bound(statement);
     m_current = bound;
     if (const auto into = SelectInto::Read(bound))
         CreateFromQuery(*into);
@@ -211,7 +261,7 @@ void TsqlBatchInterpreter::ExecuteStatement(const Tokens& statement) {
 // The values come from one query: a SET's from a SELECT without FROM, a SELECT's from its own
 // rows, the last row winning; without rows the variables keep their values.
 void TsqlBatchInterpreter::Assign(const VariableAssignment& assignment) {
-    m_current = m_variables.Substitute(assignment.Query(m_variables));
+    m_current = Bound(assignment.Query(m_variables));
     LastRowSink rows;
     m_session.ExecuteMapped(EngineSql(m_current), rows, SecondsLeft());
     if (rows.rows > 0) {
@@ -275,9 +325,8 @@ void TsqlBatchInterpreter::InsertCopiedIdentities(const Tokens& table) {
 }
 
 void TsqlBatchInterpreter::PrintValue(const Tokens& statement) {
-    LastRowSink value;
-    m_session.ExecuteMapped(EngineSql(SelectOf(statement, 1)), value, SecondsLeft());
-    const Variant& text = value.last.empty() ? Variant::Null() : value.last.front();
+    const std::vector<Variant> value = RowOf(SelectOf(statement, 1));
+    const Variant& text = value.empty() ? Variant::Null() : value.front();
     Tokens literal{statement.front(),
                    Token{TokenKind::String, text.IsNull() ? QString() : text.ToInvariantString(),
                          QStringLiteral(" ")}};
@@ -287,11 +336,31 @@ void TsqlBatchInterpreter::PrintValue(const Tokens& statement) {
 
 // A condition that is not true (false or unknown) does not hold.
 bool TsqlBatchInterpreter::Holds(const Tokens& condition) {
-    m_current = m_variables.Substitute(condition);
-    const QString sql = TsqlTranslator(m_session.Context()).Expression(m_current).trimmed();
-    const auto rows =
-        m_session.Query(QStringLiteral("SELECT CASE WHEN %1 THEN 1 ELSE 0 END").arg(sql));
-    return !rows.empty() && rows.front().at(0).ToLong() == 1;
+    m_current = Bound(condition);
+    try {
+        const QString sql = TsqlTranslator(m_session.Context()).Expression(m_current).trimmed();
+        const auto rows =
+            m_session.Query(QStringLiteral("SELECT CASE WHEN %1 THEN 1 ELSE 0 END").arg(sql));
+        return !rows.empty() && rows.front().at(0).ToLong() == 1;
+    } catch (const ado::AdoError& error) {
+        throw Noted(error);
+    }
+}
+
+std::vector<Variant> TsqlBatchInterpreter::RowOf(const Tokens& query) {
+    LastRowSink row;
+    m_session.ExecuteMapped(EngineSql(query), row, SecondsLeft());
+    return row.last;
+}
+
+Tokens TsqlBatchInterpreter::Bound(const Tokens& statement, bool placeholders) const {
+    return m_errors.Substitute(m_variables.Substitute(statement, placeholders), TransactionState(),
+                               placeholders);
+}
+
+int TsqlBatchInterpreter::TransactionState() const {
+    if (m_session.m_tranCount == 0) return 0;
+    return m_session.m_uncommittable ? -1 : 1;
 }
 
 QString TsqlBatchInterpreter::EngineSql(const Tokens& statement) {

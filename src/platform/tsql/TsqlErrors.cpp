@@ -201,19 +201,30 @@ QStringList UpdatedColumns(const Tokens& statement) {
 
 } // namespace
 
-void ThrowStatementError(const QString& description, std::int32_t native, const QString& sqlState) {
+ado::AdoError StatementError(const QString& description, std::int32_t native,
+                             const QString& sqlState) {
     ado::ErrorRecord record;
     record.number = ado::adHrCommandFailed;
     record.description = description;
     record.source = kLayerSource;
     record.nativeError = native;
     record.sqlState = sqlState;
-    throw ado::AdoError(ado::adHrCommandFailed, description, {record});
+    return ado::AdoError(ado::adHrCommandFailed, description, {record});
 }
 
+void ThrowStatementError(const QString& description, std::int32_t native, const QString& sqlState) {
+    throw StatementError(description, native, sqlState);
+}
+
+const QString kRefusal = QStringLiteral("Construcción T-SQL no soportada: ");
+
 void ThrowUnsupported(const QString& construct) {
-    ThrowStatementError(QStringLiteral("Construcción T-SQL no soportada: ") + construct,
-                        ado::kNativeSyntax);
+    ThrowStatementError(kRefusal + construct, ado::kNativeSyntax);
+}
+
+bool IsRefusal(const ado::AdoError& error) {
+    return !error.Records().empty() && error.Records().front().source == kLayerSource &&
+           error.Records().front().description.startsWith(kRefusal);
 }
 
 ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement) {

@@ -10,10 +10,14 @@
 namespace zlx::tsql {
 
 // A statement failed: 0x80040E14 with one record carrying `native` and `sqlState`.
+ado::AdoError StatementError(const QString& description, std::int32_t native,
+                             const QString& sqlState = QStringLiteral("42000"));
 [[noreturn]] void ThrowStatementError(const QString& description, std::int32_t native,
                                       const QString& sqlState = QStringLiteral("42000"));
 // A construct this layer does not translate; the message names it.
 [[noreturn]] void ThrowUnsupported(const QString& construct);
+// Whether `error` is this layer's refusal of a construct (ThrowUnsupported).
+bool IsRefusal(const ado::AdoError& error);
 
 // `error`, raised by the engine for `statement`, with the native number SQL Server gives the
 // same fault (NULL into NOT NULL 515, division by zero 8134, an object that exists 2714...);

@@ -10,6 +10,7 @@
 #include "platform/tsql/TsqlBatchInterpreter.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/UncommittableTransaction.h"
 #include "platform/variant/ZlxAssert.h"
 
 #include <QCoreApplication>
@@ -367,12 +368,15 @@ void TsqlSession::RunWaitFor(const Tokens& statement, int timeoutSeconds) {
 // As SQL Server with XACT_ABORT ON (the library's setting), and as a deadlock victim always:
 // a statement that fails on the engine ends the whole transaction. PostgreSQL could not go
 // on with it anyway; on SQLite a statement refused before reaching the engine leaves it open.
+// Inside TRY the transaction only becomes uncommittable: the engine's ends, the count stays
+// for CATCH to see and roll back.
 void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
     SettleSentRun(); // a failure of the run sent before comes first
     const bool refused =
         !error.Records().empty() && error.Records().front().nativeError == ado::kNativeSyntax;
     if (m_tranCount == 0 || (refused && m_dialect->RefusalKeepsTransaction())) return;
-    m_tranCount = 0;
+    if (m_tryDepth == 0) m_tranCount = 0;
+    if (std::exchange(m_uncommittable, m_tryDepth > 0)) return; // the engine's ended already
     try {
         m_inner->Rollback();
     } catch (const ado::AdoError&) {
@@ -494,6 +498,7 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
         return;
     }
     RefuseUnsupported(statement);
+    if (m_uncommittable) RefuseInUncommittableTransaction(statement, m_transactionName);
     if (statement.front().IsWord(u"PRINT")) {
         sink.Info(PrintMessage(statement));
         m_rowCount = 0;
@@ -619,6 +624,7 @@ void TsqlSession::Rollback() {
     m_worker.Abandon();
     SettleSentRun();
     m_tranCount = 0;
+    if (std::exchange(m_uncommittable, false)) return; // the engine's ended with the error
     try {
         m_inner->Rollback();
     } catch (const ado::AdoError& error) {

@@ -187,6 +187,10 @@ private:
     QString m_identityInsertTable; // the engine table with IDENTITY_INSERT ON
     QString m_transactionName;     // the outermost BEGIN TRAN's name
     Savepoints m_savepoints;       // SAVE TRANSACTION's, in the open transaction
+    int m_tryDepth = 0;            // TRY blocks running: an error there is caught
+    // An error inside TRY ended the engine's transaction; @@TRANCOUNT keeps counting it until
+    // ROLLBACK (XACT_STATE() -1).
+    bool m_uncommittable = false;
 };
 
 // The driver that runs T-SQL on `native`'s engine: a session over it, or the driver itself

@@ -313,6 +313,10 @@ const VariableType& TsqlVariables::TypeOf(const QString& name) const {
     return Find(name).type;
 }
 
+std::optional<QString> TsqlVariables::ValueText(const QString& name) const {
+    return Find(name).value;
+}
+
 void TsqlVariables::Assign(const QString& name, const Variant& value) {
     Find(name);
     Variable& variable = m_variables[name.toLower()];

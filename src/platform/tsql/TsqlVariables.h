@@ -38,6 +38,8 @@ public:
     bool IsDeclared(const QString& name) const { return m_variables.contains(name.toLower()); }
     // Error 137 when the variable was not declared.
     const VariableType& TypeOf(const QString& name) const;
+    // A text variable's value as it holds it (CHAR's filled up), nullopt while NULL.
+    std::optional<QString> ValueText(const QString& name) const;
 
     // Gives the variable `value` (as the engine answered it), converted to its type; a value
     // out of the type's range is SQL Server's overflow error.
