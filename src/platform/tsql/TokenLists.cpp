@@ -26,7 +26,9 @@ Tokens SelectList(const std::vector<Tokens>& expressions) {
     Tokens query{Token{TokenKind::Word, QStringLiteral("SELECT"), {}}};
     for (const Tokens& expression : expressions) {
         if (query.size() > 1) query.push_back(Token{TokenKind::Symbol, QStringLiteral(","), {}});
+        const size_t first = query.size();
         query.insert(query.end(), expression.begin(), expression.end());
+        if (query.size() > first) query[first].leading = QStringLiteral(" ");
     }
     return query;
 }
