@@ -71,3 +71,25 @@ error 8162
 EXEC sp_executesql N'SELECT @otra', N'@a INT', @a = 1
 -- expect
 error 137
+-- run
+DECLARE @queda INT = 1
+EXEC sp_executesql N'SET @a = @a + 1 SELECT @a', N'@a INT OUTPUT', @a = @queda
+SELECT @queda
+-- expect
+rowset
+row 2
+end
+rowset
+row 1
+end
+-- run
+EXEC sp_executesql N'SELECT @s, @n + 1, @d + 1', N'@s VARCHAR(40), @n INT, @d DATETIME',
+  'O''Neill''; DROP TABLE cliente --', '12', '15/03/2024'
+SELECT COUNT(*) FROM cliente
+-- expect
+rowset
+row O'Neill'; DROP TABLE cliente --|13|2024-03-16 00:00:00
+end
+rowset
+row 3
+end

@@ -1,7 +1,8 @@
 -- RAISERROR of severity 11 to 18 outside TRY is error 50000 with its text formatted; the batch
 -- goes on after it and ends with the error, and the transaction stays open whatever XACT_ABORT
 -- says. A message number not in sys.messages is 18054, one below 13000 or 50000 itself 2732,
--- a severity past 18 without WITH LOG 2754; severity 10 or less is only a message.
+-- a severity past 18 without WITH LOG 2754, an argument of another kind than its conversion
+-- 2786; severity 10 or less is only a message.
 -- run
 CREATE TABLE t (n INT)
 -- run
@@ -62,3 +63,7 @@ error 2754
 RAISERROR('sin cerrar', 16, 1
 -- expect
 error 102
+-- run
+RAISERROR('%d', 16, 1, 'texto')
+-- expect
+error 2786
