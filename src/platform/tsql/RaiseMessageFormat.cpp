@@ -2,6 +2,8 @@
 
 #include "platform/tsql/TsqlErrors.h"
 
+#include <algorithm>
+
 namespace zlx::tsql {
 namespace {
 
@@ -13,6 +15,17 @@ struct Conversion {
     int precision = -1;
     QChar type;
 };
+
+struct Flag {
+    char16_t sign;
+    bool Conversion::*set;
+};
+
+constexpr Flag kFlags[] = {{u'-', &Conversion::left},
+                           {u'+', &Conversion::plus},
+                           {u' ', &Conversion::space},
+                           {u'0', &Conversion::zero},
+                           {u'#', &Conversion::alternate}};
 
 class MessageWriter {
 public:
@@ -44,19 +57,11 @@ private:
     std::optional<Conversion> ReadConversion() {
         Conversion conversion;
         for (; m_pos < m_format.size(); ++m_pos) {
-            const QChar flag = m_format[m_pos];
-            if (flag == u'-')
-                conversion.left = true;
-            else if (flag == u'+')
-                conversion.plus = true;
-            else if (flag == u' ')
-                conversion.space = true;
-            else if (flag == u'0')
-                conversion.zero = true;
-            else if (flag == u'#')
-                conversion.alternate = true;
-            else
-                break;
+            const auto flag =
+                std::find_if(std::begin(kFlags), std::end(kFlags),
+                             [&](const Flag& f) { return f.sign == m_format[m_pos]; });
+            if (flag == std::end(kFlags)) break;
+            conversion.*(flag->set) = true;
         }
         conversion.width = ReadCount(0);
         if (m_pos < m_format.size() && m_format[m_pos] == u'.') {

@@ -65,21 +65,22 @@ END CATCH
 -- expect
 error 3931
 -- run
+DECLARE @cero INT = 0
 BEGIN TRAN
 BEGIN TRY
   INSERT INTO k VALUES (6)
-  INSERT INTO k VALUES (6)
+  UPDATE k SET id = id / @cero
 END TRY
 BEGIN CATCH
-  SELECT XACT_STATE()
+  PRINT 'sin deshacer'
 END CATCH
 -- expect
 error 3998
 -- run
-SELECT @@TRANCOUNT, COUNT(*) FROM k
+SELECT @@TRANCOUNT, XACT_STATE(), COUNT(*) FROM k
 -- expect
 rowset
-row 0|0
+row 0|0|0
 end
 -- run
 BEGIN TRAN
