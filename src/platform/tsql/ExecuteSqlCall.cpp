@@ -4,6 +4,8 @@
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 
+#include <algorithm>
+
 namespace zlx::tsql {
 namespace {
 

@@ -4,6 +4,8 @@
 #include "platform/tsql/TokenLists.h"
 #include "platform/tsql/TsqlErrors.h"
 
+#include <algorithm>
+
 namespace zlx::tsql {
 namespace {
 

@@ -1,8 +1,9 @@
 #include "platform/tsql/ThrowStatement.h"
 
-#include "platform/engines/AdoConstants.h"
 #include "platform/tsql/TokenLists.h"
 #include "platform/tsql/TsqlErrors.h"
+
+#include <algorithm>
 
 namespace zlx::tsql {
 std::optional<ThrowStatement> ThrowStatement::Read(const Tokens& statement) {

@@ -165,7 +165,8 @@ ado::AdoError TsqlBatchInterpreter::WithDeferred(const ado::AdoError* error) con
     if (!error) return ado::AdoError(ado::adHrCommandFailed, records.front().description, records);
     if (records.empty()) return *error;
     records.insert(records.end(), error->Records().begin(), error->Records().end());
-    return ado::AdoError(error->Number(), records.front().description, std::move(records));
+    const QString description = records.front().description;
+    return ado::AdoError(error->Number(), description, std::move(records));
 }
 
 // The check SQL Server makes when it compiles the batch, with a value of its type for each
