@@ -126,3 +126,19 @@ BEGIN TRY
 END TRY
 -- expect
 error 102
+-- run
+BEGIN TRY
+  EXEC('SELECT 1 AS uno
+    DECLARE @x INT
+    SET @x = 1 / 0')
+END TRY
+BEGIN CATCH
+  SELECT ERROR_NUMBER(), ERROR_LINE()
+END CATCH
+-- expect
+rowset
+row 1
+end
+rowset
+row 8134|3
+end
