@@ -220,12 +220,11 @@ TsqlBatchInterpreter::Flow TsqlBatchInterpreter::Execute(const BatchNode& node) 
     case BatchNode::Kind::Try:
         return ExecuteTry(node);
     case BatchNode::Kind::If:
-        m_line = node.line;
-        if (Holds(node.tokens)) return Execute(node.children.front());
+        if (Holds(node.tokens, node.line)) return Execute(node.children.front());
         return node.children.size() > 1 ? Execute(node.children.back()) : Flow::Next;
     case BatchNode::Kind::While:
         // No limit on the turns, as on SQL Server: the command time-out ends a runaway loop.
-        while ((m_line = node.line, Holds(node.tokens))) {
+        while (Holds(node.tokens, node.line)) {
             SecondsLeft();
             const Flow flow = Execute(node.children.front());
             if (flow == Flow::Break) break;
@@ -336,7 +335,8 @@ void TsqlBatchInterpreter::PrintValue(const Tokens& statement) {
 }
 
 // A condition that is not true (false or unknown) does not hold.
-bool TsqlBatchInterpreter::Holds(const Tokens& condition) {
+bool TsqlBatchInterpreter::Holds(const Tokens& condition, int line) {
+    m_line = line;
     m_current = Bound(condition);
     try {
         const QString sql = TsqlTranslator(m_session.Context()).Expression(m_current).trimmed();

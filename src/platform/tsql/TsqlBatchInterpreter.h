@@ -72,7 +72,8 @@ private:
     void CreateFromQuery(const SelectInto& into);
     void InsertCopiedIdentities(const Tokens& table);
     void PrintValue(const Tokens& statement);
-    bool Holds(const Tokens& condition);
+    // `line`: where the condition starts in the batch.
+    bool Holds(const Tokens& condition, int line);
     QString EngineSql(const Tokens& statement);
     // Throws the time-out or cancel error once the batch has run out of time or was cancelled;
     // answers the seconds left for the next statement (0: no limit).
