@@ -215,7 +215,10 @@ private:
             const int line = LineAt(m_pos);
             m_pos += statement.size();
             nodes.push_back(StatementNode(statement));
+            // A DECLARE's assignments are on its line too.
             nodes.back().line = line;
+            for (BatchNode& assignment : nodes.back().children)
+                assignment.line = line;
             if (one) return;
         }
     }

@@ -128,6 +128,17 @@ END TRY
 error 102
 -- run
 BEGIN TRY
+  DECLARE @uno INT = 1, @otro INT = 1 / 0
+END TRY
+BEGIN CATCH
+  SELECT ERROR_LINE()
+END CATCH
+-- expect
+rowset
+row 2
+end
+-- run
+BEGIN TRY
   EXEC('SELECT 1 AS uno
     DECLARE @x INT
     SET @x = 1 / 0')
