@@ -4,6 +4,7 @@
 #include "SessionFixture.h"
 #include "platform/engines/AdoConstants.h"
 
+#include <QThread>
 #include <gtest/gtest.h>
 
 using namespace zlx;
@@ -97,4 +98,17 @@ TEST_P(BatchErrorsTest, ATextRunByExecGoesOnAfterItsOwnRaiserror) {
     EXPECT_EQ(ending.records, QStringList{"50000 en el texto"});
     EXPECT_EQ(ending.events, (QStringList{"rowset", "row 1", "end", "rowset", "row 2", "end",
                                           "rowset", "row 1", "end"}));
+}
+
+TEST_P(BatchErrorsTest, ABatchRunAsynchronouslyCatchesAsOneRunAtOnce) {
+    m_session->StartExecute(
+        QStringLiteral("BEGIN TRY EXEC sp_executesql N'SELECT 1 / @cero', N'@cero INT', 0 END TRY "
+                       "BEGIN CATCH SELECT ERROR_NUMBER(), XACT_STATE() END CATCH"));
+    MessageSink sink;
+    while (!m_session->PollExecute(sink))
+        QThread::msleep(5);
+    // The failing SELECT may have begun a rowset before its error; CATCH's answer comes last.
+    ASSERT_GE(sink.events.size(), 3);
+    EXPECT_EQ(sink.events.mid(sink.events.size() - 3),
+              (QStringList{"rowset", "row 8134|0", "end"}));
 }
