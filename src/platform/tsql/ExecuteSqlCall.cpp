@@ -94,12 +94,14 @@ std::vector<ExecuteSqlCall::Binding> ExecuteSqlCall::Bind(const std::vector<SqlP
                 return b.parameter->name.compare(argument.parameter, Qt::CaseInsensitive) == 0;
             });
         }
+        if (bound == bindings.end() && argument.parameter.isEmpty())
+            ThrowStatementError(QStringLiteral("Procedure or function sp_executesql has too many "
+                                               "arguments specified."),
+                                8144);
         if (bound == bindings.end())
-            ThrowStatementError(
-                QStringLiteral("%1 is not a parameter for procedure "
-                               "sp_executesql.")
-                    .arg(argument.parameter.isEmpty() ? u"Parameter"_qs : argument.parameter),
-                8145);
+            ThrowStatementError(QStringLiteral("%1 is not a parameter for procedure sp_executesql.")
+                                    .arg(argument.parameter),
+                                8145);
         if (argument.output && !bound->parameter->output)
             ThrowStatementError(QStringLiteral("The formal parameter \"%1\" was not declared as an "
                                                "OUTPUT parameter, but the actual parameter passed "

@@ -37,8 +37,9 @@ struct ExecuteSqlCall {
     // The parameters declared by `definition` ("@a INT, @b VARCHAR(10) OUTPUT").
     static std::vector<SqlParameter> ReadParameters(const QString& definition);
     // Matches the arguments with `declared`: by position first, then by name. A parameter
-    // without a value is SQL Server's 8178, a name not declared 8145, OUTPUT asked of a
-    // parameter that is not 8162 and of a value that is no variable 179.
+    // without a value is SQL Server's 8178, a name not declared 8145, a value past the last
+    // parameter 8144, OUTPUT asked of a parameter that is not 8162 and of a value that is no
+    // variable 179.
     std::vector<Binding> Bind(const std::vector<SqlParameter>& declared, const QString& definition,
                               const QString& text) const;
 };

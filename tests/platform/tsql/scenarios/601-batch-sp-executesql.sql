@@ -72,6 +72,14 @@ EXEC sp_executesql N'SELECT @otra', N'@a INT', @a = 1
 -- expect
 error 137
 -- run
+EXEC sp_executesql N'SELECT @a', N'@a INT', 1, 2
+-- expect
+error 8144
+-- run
+EXEC sp_executesql N'SELECT @a', N'@a INT', @b = 1
+-- expect
+error 8145
+-- run
 DECLARE @queda INT = 1
 EXEC sp_executesql N'SET @a = @a + 1 SELECT @a', N'@a INT OUTPUT', @a = @queda
 SELECT @queda
