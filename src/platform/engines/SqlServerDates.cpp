@@ -5,6 +5,7 @@
 #include <QRegularExpression>
 #include <QStringList>
 #include <map>
+#include <variant>
 
 namespace zlx::ado {
 namespace {
@@ -16,6 +17,7 @@ constexpr qint64 kMsecsPerDay = 86400000;
 struct Fields {
     int year = 1900, month = 1, day = 1;
     int hour = 0, minute = 0, second = 0, msec = 0;
+    int fractionDigits = 0;
 };
 
 // Two-digit years below 50 are of this century, as SQL Server's default cut-off (2049) reads.
@@ -65,26 +67,38 @@ std::optional<Fields> DateFields(const QString& text, DateOrder order) {
 // hh:mi[:ss[.fff]] [AM|PM] into `fields`; false when it is not a time.
 bool ReadTime(const QString& text, Fields& fields) {
     static const QRegularExpression time(
-        QStringLiteral(R"(^(\d{1,2}):(\d{1,2})(?::(\d{1,2})(?:[.:](\d{1,3}))?)?\s*(AM|PM)?$)"),
+        QStringLiteral(R"(^(\d{1,2}):(\d{1,2})(?::(\d{1,2})(?:[.:](\d{1,7}))?)?\s*(AM|PM)?$)"),
         QRegularExpression::CaseInsensitiveOption);
     const auto match = time.match(text);
     if (!match.hasMatch()) return false;
     fields.hour = match.captured(1).toInt();
     fields.minute = match.captured(2).toInt();
     fields.second = match.captured(3).toInt();
-    fields.msec = match.captured(4).leftJustified(3, u'0').toInt();
+    // Milliseconds, rounded from a longer fraction (1000 carries into the second).
+    fields.msec = qRound(match.captured(4).leftJustified(4, u'0').left(4).toInt() / 10.0);
+    fields.fractionDigits = static_cast<int>(match.capturedLength(4));
     const QString half = match.captured(5).toUpper();
     if (!half.isEmpty() && fields.hour <= 12)
         fields.hour = fields.hour % 12 + (half == u"PM" ? 12 : 0);
     return true;
 }
 
+// A DATETIME takes three digits of a second's fraction at most and starts in 1753.
 DateReading Reading(const Fields& fields) {
     const QDate date(fields.year, fields.month, fields.day);
     const QTime time(fields.hour, fields.minute, fields.second, fields.msec);
-    if (!time.isValid()) return {{}, kNativeDateConversion};
+    if (!time.isValid() || fields.fractionDigits > 3) return {{}, kNativeDateConversion};
     if (!date.isValid() || fields.year < kFirstYear) return {{}, kNativeDateOutOfRange};
     return {RoundedToDatetime(QDateTime(date, time, Qt::UTC)), 0};
+}
+
+// The other date types take seven digits (milliseconds are kept) and start in year 1.
+DateReading WideReading(const Fields& fields) {
+    const QDate date(fields.year, fields.month, fields.day);
+    const QTime time(fields.hour, fields.minute, fields.second);
+    if (!time.isValid()) return {{}, kNativeDateConversion};
+    if (!date.isValid() || fields.year < 1) return {{}, kNativeDateOutOfRange};
+    return {QDateTime(date, time, Qt::UTC).addMSecs(fields.msec), 0};
 }
 
 // The weekday of `date` counted from SET DATEFIRST's day (1) on.
@@ -175,10 +189,13 @@ DateOrder DateOrderNamed(const QString& name) {
     return DateOrder::MonthDayYear;
 }
 
-DateReading ReadDate(const QString& input, DateOrder order) {
+namespace {
+
+// The fields of a text date read in `order`, or the error that reading it raises.
+std::variant<Fields, int> ReadFields(const QString& input, DateOrder order) {
     const QString text = input.trimmed();
     static const QRegularExpression iso(QStringLiteral(
-        R"(^(\d{4})-(\d{1,2})-(\d{1,2})T(\d{1,2}:\d{1,2}(?::\d{1,2}(?:\.\d{1,3})?)?)$)"));
+        R"(^(\d{4})-(\d{1,2})-(\d{1,2})T(\d{1,2}:\d{1,2}(?::\d{1,2}(?:\.\d{1,7})?)?)$)"));
     Fields fields;
     if (const auto match = iso.match(text); match.hasMatch()) {
         // ISO 8601 with its T reads year, month, day whatever DATEFORMAT says.
@@ -186,17 +203,34 @@ DateReading ReadDate(const QString& input, DateOrder order) {
         fields.month = match.captured(2).toInt();
         fields.day = match.captured(3).toInt();
         ReadTime(match.captured(4), fields);
-        return Reading(fields);
+        return fields;
     }
     const qsizetype blank = text.indexOf(u' ');
     const QString datePart = blank < 0 ? text : text.left(blank);
     const QString timePart = blank < 0 ? QString() : text.mid(blank + 1).trimmed();
-    if (blank < 0 && ReadTime(text, fields)) return Reading(fields); // a time alone: 1900-01-01
+    if (blank < 0 && ReadTime(text, fields)) return fields; // a time alone: 1900-01-01
     const auto date = DateFields(datePart, order);
-    if (!date) return {{}, kNativeDateConversion};
+    if (!date) return kNativeDateConversion;
     fields = *date;
-    if (!timePart.isEmpty() && !ReadTime(timePart, fields)) return {{}, kNativeDateConversion};
-    return Reading(fields);
+    if (!timePart.isEmpty() && !ReadTime(timePart, fields)) return kNativeDateConversion;
+    return fields;
+}
+
+} // namespace
+
+DateReading ReadDate(const QString& input, DateOrder order) {
+    const auto fields = ReadFields(input, order);
+    if (const int* error = std::get_if<int>(&fields)) return {{}, *error};
+    return Reading(std::get<Fields>(fields));
+}
+
+DateReading ReadWideDate(const QString& input, DateOrder order) {
+    // A year written first is followed by the month: these types know no ydm order.
+    static const QRegularExpression yearFirst(QStringLiteral(R"(^\s*\d{3,4}[/.-])"));
+    const auto fields =
+        ReadFields(input, yearFirst.match(input).hasMatch() ? DateOrder::YearMonthDay : order);
+    if (const int* error = std::get_if<int>(&fields)) return {{}, *error};
+    return WideReading(std::get<Fields>(fields));
 }
 
 std::optional<DateOrder> StyleOrder(int style) {

@@ -43,6 +43,10 @@ struct DateReading {
 };
 
 DateReading ReadDate(const QString& text, DateOrder order);
+// A text read as DATE, TIME, DATETIME2 and SMALLDATETIME read it: from year 1, up to seven
+// digits of a second (the value keeps milliseconds), a text that starts with its year read
+// year, month, day whatever `order` says; the value is not rounded.
+DateReading ReadWideDate(const QString& text, DateOrder order);
 // The order a CONVERT style reads; nullopt for a style that has no date order.
 std::optional<DateOrder> StyleOrder(int style);
 // The message of a failed reading, as SQL Server words it.

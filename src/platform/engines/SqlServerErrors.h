@@ -13,6 +13,7 @@ constexpr std::int32_t kNativeMoreValuesThanColumns = 110;
 constexpr std::int32_t kNativeArgumentCount = 174;   // a function given too few or too many
 constexpr std::int32_t kNativeConcatArguments = 189; // CONCAT with fewer than two
 constexpr std::int32_t kNativeUnknownFunction = 195;
+constexpr std::int32_t kNativeOperandClash = 206; // date + 1: no arithmetic for the type
 constexpr std::int32_t kNativeInvalidColumn = 207;
 constexpr std::int32_t kNativeInvalidObject = 208;
 constexpr std::int32_t kNativeAmbiguousColumn = 209;

@@ -1,6 +1,7 @@
 #include "platform/engines/SqliteDates.h"
 
-#include "platform/engines/SqlServerDates.h"
+#include "platform/engines/SqlServerDateTypes.h"
+#include "platform/engines/SqlServerErrors.h"
 #include "platform/engines/SqliteFunctionTable.h"
 
 #include <cmath>
@@ -22,7 +23,8 @@ void ResultText(sqlite3_context* context, const QString& text) {
                         SQLITE_TRANSIENT);
 }
 
-// A date argument: an ISO text as stored, or a number of days since 1899-12-30 (an OLE date).
+// A date argument: an ISO text as stored (from year 1: DATE and DATETIME2 values), or a number
+// of days since 1899-12-30 (an OLE date).
 // Answers nothing, with the context's result set, when the argument is NULL or no date.
 std::optional<QDateTime> DateArgument(sqlite3_context* context, sqlite3_value* value) {
     const int type = sqlite3_value_type(value);
@@ -34,7 +36,7 @@ std::optional<QDateTime> DateArgument(sqlite3_context* context, sqlite3_value* v
         const QDateTime base(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC);
         return base.addMSecs(std::llround(sqlite3_value_double(value) * kMsecsPerDay));
     }
-    const DateReading reading = ReadDate(Text(value), DateOrder::YearMonthDay);
+    const DateReading reading = ReadWideDate(Text(value), DateOrder::YearMonthDay);
     if (reading.error) {
         sqlite3_result_error(context, DateErrorText(reading.error).toUtf8().constData(), -1);
         return std::nullopt;
@@ -128,6 +130,22 @@ void DatePlusFunction(sqlite3_context* context, int, sqlite3_value** values) {
                                 std::llround(sqlite3_value_double(values[1]) * kMsecsPerDay))));
 }
 
+// zlx_astype(d, type): d as a column of the date type named `type` keeps it, in its stored text.
+void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const auto type = DateType::Named(Text(values[1]));
+    if (!type) return sqlite3_result_error(context, "Unknown date type.", -1);
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL) return sqlite3_result_null(context);
+    const auto date = DateArgument(context, values[0]);
+    if (!date) return;
+    const DateReading reading = FitToType(*date, *type);
+    if (reading.error == kNativeDateOutOfRange)
+        return sqlite3_result_error(
+            context, OutOfRangeText(QStringLiteral("datetime"), *type).toUtf8().constData(), -1);
+    if (reading.error)
+        return sqlite3_result_error(context, DateErrorText(reading.error).toUtf8().constData(), -1);
+    ResultText(context, StoredDateText(reading.value, *type));
+}
+
 } // namespace
 
 void Install(sqlite3* db) {
@@ -136,7 +154,7 @@ void Install(sqlite3* db) {
         {"zlx_datepart", 3, &DatePartFunction},   {"zlx_datename", 4, &DateNameFunction},
         {"zlx_datestyle", 2, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
         {"zlx_isdate", 2, &IsDateFunction},       {"zlx_eomonth", 2, &EndOfMonthFunction},
-        {"zlx_dateplus", 2, &DatePlusFunction},
+        {"zlx_dateplus", 2, &DatePlusFunction},   {"zlx_astype", 2, &AsTypeFunction},
     };
     InstallDeterministic(db, functions);
 }
