@@ -1,6 +1,7 @@
 #include "platform/tsql/DateOperands.h"
 
 #include "platform/tsql/TsqlDateFunctions.h"
+#include "platform/tsql/TsqlTokenizer.h"
 
 namespace zlx::tsql {
 namespace {
@@ -26,6 +27,27 @@ bool DateOperands::ReadsAsDate(size_t i) const {
     }
     const std::optional<Kind> met = MetKind(i);
     return met && *met != Kind::NotDate;
+}
+
+std::optional<ado::DateType> DateOperands::DeclaredType(size_t first, size_t end) const {
+    if (end <= first) return std::nullopt;
+    if (m_t.NamedColumn(first, end)) {
+        const TableColumn* column = m_columns.Find(end - 1);
+        return column ? ado::DateType::Named(column->type) : std::nullopt;
+    }
+    const size_t close = end - 1;
+    if (!m_t.SymbolAt(first + 1, u"(") || m_t.Close(first + 1) != close) return std::nullopt;
+    size_t typeFirst = close, typeEnd = close;
+    if (m_t.WordAt(first, u"CAST")) {
+        typeFirst = m_t.DepthZeroWord(first + 2, u"AS") + 1;
+    } else if (m_t.WordAt(first, u"CONVERT")) {
+        const std::vector<size_t> commas = m_t.Commas(first + 1, close);
+        typeFirst = first + 2;
+        typeEnd = commas.empty() ? close : commas.front();
+    }
+    if (typeFirst >= typeEnd) return std::nullopt;
+    return ado::DateType::Named(
+        TokensToSql(Tokens(m_t.begin() + typeFirst, m_t.begin() + typeEnd)));
 }
 
 DateOperands::Kind DateOperands::KindOf(size_t first, size_t end) const {

@@ -5,6 +5,7 @@
 // such a literal is a text and is written as it stands ('15/03/2024' stored in a VARCHAR column
 // stays '15/03/2024').
 
+#include "platform/engines/SqlServerDateTypes.h"
 #include "platform/tsql/StatementColumns.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/StoredValues.h"
@@ -23,6 +24,10 @@ public:
     // Whether the operand [first, end) is a date: a date column, GETDATE(), DATEADD(...),
     // EOMONTH(...), a CAST or CONVERT to a date type, or MIN, MAX, ISNULL or COALESCE of one.
     bool IsDate(size_t first, size_t end) const { return KindOf(first, end) == Kind::Date; }
+
+    // The date type of the operand [first, end) when the statement tells it: a column of one of
+    // its tables, or a CAST or CONVERT to a date type; nullopt otherwise.
+    std::optional<ado::DateType> DeclaredType(size_t first, size_t end) const;
 
     // Whether the text literal at `i` is read as a date. Where what meets it cannot be told (a
     // column no table names, a subquery, a function of no known type), it is, as it always was.

@@ -6,7 +6,7 @@
 // TsqlSession ask their dialect and hold no engine branches; a new engine is a new subclass.
 
 #include "platform/engines/AdoError.h"
-#include "platform/engines/SqlServerDates.h"
+#include "platform/engines/SqlServerDateTypes.h"
 #include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/variant/Variant.h"
@@ -96,6 +96,16 @@ public:
     virtual QString IsDate(const QString& text, DateOrder order) const = 0;
     // A date literal written 'yyyy-mm-dd hh:mm:ss[.mmm]' as a date value.
     virtual QString DateLiteral(const QString& isoLiteral) const = 0;
+    // `value`, a date expression, as a column of `type` keeps it (a DATE without its time,
+    // SMALLDATETIME to the minute...); its range is held with SQL Server's error 242.
+    virtual QString AsDateType(const QString& value, const ado::DateType& type) const = 0;
+    // A value of `type` written as its StoredDateText, as the engine's literal of that type.
+    virtual QString DateTypeLiteral(const QString& storedText, const ado::DateType& type) const = 0;
+    // The engine's column type for a column of date type `type`; empty: as written.
+    virtual QString DateColumnType(const ado::DateType& type) const {
+        (void)type;
+        return {};
+    }
     // CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME): x's date at midnight.
     virtual QString DateOnly(const QString& value) const = 0;
     // The engine's type for CAST(x AS type), type in upper case; empty: not supported.

@@ -4,6 +4,7 @@
 #include "platform/tsql/PostgresBitValues.h"
 #include "platform/tsql/PostgresBuiltins.h"
 #include "platform/tsql/PostgresDateReading.h"
+#include "platform/tsql/PostgresDateTypes.h"
 #include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresNumbers.h"
 #include "platform/tsql/PostgresTextDomains.h"
@@ -12,6 +13,7 @@
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TypeNames.h"
 
+#include <QRegularExpression>
 #include <map>
 
 namespace zlx::tsql {
@@ -72,6 +74,7 @@ constexpr TypeName kCastTypes[] = {
 constexpr TypeRule kTypeRules[] = {
     {"integer", 56, "4"}, {"smallint", 52, "2"}, {"bigint", 127, "8"}, {"%zlx_bit", 104, "1"},
     {"double precision", 62, "8"}, {"real", 59, "4"}, {"timestamp(0)%", 58, "4"}, {"timestamp%", 61, "8"},
+    {"date", 40, "3"}, {"time(%", 41, "5"}, {"time %", 41, "5"}, {"%zlx_datetime2_%", 42, "8"},
     {"numeric(19,4)", 60, "8"}, {"numeric%", 108, "p"}, {"character varying%", 167, "n"},
     {"character(%", 175, "n"}, {"%zlx_nvarchar_%", 231, "2n"}, {"%zlx_varchar_%", 167, "n"},
     {"%zlx_nchar_%", 239, "2n"}, {"%zlx_ntext", 99, "16"}, {"%zlx_text", 35, "16"},
@@ -291,7 +294,7 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
             TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
             FixedTextFunctions() + BitFunctions() + NumberFunctions() + DateReadingFunctions() +
-            BuiltinFunctionsSql() +
+            DateTypeFunctions() + BuiltinFunctionsSql() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),
@@ -463,6 +466,18 @@ QString PostgresDialect::FindIdentityColumn(const QString& table) {
 
 namespace {
 
+// The engine's date types back to SQL Server's: timestamp(0) a SMALLDATETIME, another timestamp a
+// DATETIME, a DATETIME2(n) the domain zlx_datetime2_n; empty for other types.
+QString TsqlDateTypeOf(const QString& type) {
+    static const QRegularExpression dateTime2(QStringLiteral("^(?:.*\\.)?zlx_datetime2_(\\d)$"));
+    if (const auto match = dateTime2.match(type); match.hasMatch())
+        return QStringLiteral("DATETIME2(%1)").arg(match.captured(1));
+    if (type.startsWith(u"timestamp(0)")) return QStringLiteral("SMALLDATETIME");
+    if (type.startsWith(u"timestamp")) return QStringLiteral("DATETIME");
+    if (type.startsWith(u"time")) return QStringLiteral("TIME");
+    return {};
+}
+
 // The engine's number and date types back to what SQL Server's were (MONEY is numeric(19,4)
 // here, TINYINT is smallint, BIT the domain zlx_bit); empty for the others.
 QString TsqlTypeOf(const QString& type) {
@@ -475,7 +490,7 @@ QString TsqlTypeOf(const QString& type) {
     if (tsql.isEmpty()) tsql = TsqlTypeOfTextDomain(type);
     if (tsql.isEmpty() && type.startsWith(u"numeric"))
         tsql = QStringLiteral("DECIMAL") + type.mid(7);
-    if (tsql.isEmpty() && type.startsWith(u"timestamp")) tsql = QStringLiteral("DATETIME");
+    if (tsql.isEmpty()) tsql = TsqlDateTypeOf(type);
     return tsql;
 }
 

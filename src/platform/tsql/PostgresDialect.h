@@ -23,6 +23,9 @@ public:
     QString DateText(const QString& value, int style) const override;
     QString TextToDate(const QString& text, DateOrder order) const override;
     QString IsDate(const QString& text, DateOrder order) const override;
+    QString AsDateType(const QString& value, const ado::DateType& type) const override;
+    QString DateTypeLiteral(const QString& storedText, const ado::DateType& type) const override;
+    QString DateColumnType(const ado::DateType& type) const override;
     QString DateLiteral(const QString& isoLiteral) const override;
     QString CurrentDatabaseName() const override;
     QString TruncatingCast(const QString& value, const QString& engineType) const override;

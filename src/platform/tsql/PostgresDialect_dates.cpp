@@ -3,12 +3,14 @@
 #include "platform/tsql/PostgresDialect.h"
 
 #include <QStringList>
+#include <algorithm>
 
 namespace zlx::tsql {
 namespace {
 
+// date_part, not EXTRACT, which takes no hour of a date (a DATE's hour is 0).
 QString Extract(const char* field, const QString& value) {
-    return QStringLiteral("CAST(FLOOR(EXTRACT(%1 FROM %2)) AS INTEGER)")
+    return QStringLiteral("CAST(FLOOR(date_part('%1', %2)) AS INTEGER)")
         .arg(QLatin1StringView(field), value);
 }
 
@@ -194,6 +196,52 @@ QString PostgresDialect::TextToDate(const QString& text, DateOrder order) const 
 
 QString PostgresDialect::IsDate(const QString& text, DateOrder order) const {
     return QStringLiteral("zlx_isdate(%1, %2)").arg(text, SqlString(ado::DateOrderName(order)));
+}
+
+namespace {
+
+// PostgreSQL keeps six digits of a second at most.
+int EngineDigits(const ado::DateType& type) {
+    return std::min(type.digits, 6);
+}
+
+QString EngineDateType(const ado::DateType& type) {
+    switch (type.kind) {
+    case ado::DateTypeKind::Date:
+        return QStringLiteral("date");
+    case ado::DateTypeKind::Time:
+        return QStringLiteral("time(%1)").arg(EngineDigits(type));
+    case ado::DateTypeKind::DateTime2:
+        return QStringLiteral("timestamp(%1)").arg(EngineDigits(type));
+    case ado::DateTypeKind::SmallDateTime:
+        return QStringLiteral("timestamp(0)");
+    default:
+        return QStringLiteral("timestamp(3)");
+    }
+}
+
+} // namespace
+
+// SMALLDATETIME rounds to the minute and holds its range in zlx_smalldatetime (see
+// PostgresDateTypes.h); the others are PostgreSQL's own casts.
+QString PostgresDialect::AsDateType(const QString& value, const ado::DateType& type) const {
+    if (type.kind == ado::DateTypeKind::SmallDateTime)
+        return QStringLiteral("zlx_smalldatetime(CAST(%1 AS timestamp(3)))").arg(value);
+    return QStringLiteral("CAST(%1 AS %2)").arg(value, EngineDateType(type));
+}
+
+QString PostgresDialect::DateTypeLiteral(const QString& storedText,
+                                         const ado::DateType& type) const {
+    return QStringLiteral("CAST(%1 AS %2)").arg(SqlString(storedText), EngineDateType(type));
+}
+
+// A DATETIME2(n) column is a domain of its own, so that it is told from DATETIME and
+// SMALLDATETIME (timestamp(3) and timestamp(0)).
+QString PostgresDialect::DateColumnType(const ado::DateType& type) const {
+    if (type.kind == ado::DateTypeKind::DateTime2)
+        return QStringLiteral("zlx_datetime2_%1").arg(type.digits);
+    if (type.kind == ado::DateTypeKind::Time) return EngineDateType(type);
+    return {};
 }
 
 QString PostgresDialect::DateLiteral(const QString& isoLiteral) const {

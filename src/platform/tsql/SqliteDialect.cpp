@@ -38,6 +38,7 @@ constexpr TypeRule kTypeRules[] = {
     {"INT", 56, "4"}, {"INTEGER", 56, "4"}, {"SMALLINT", 52, "2"}, {"TINYINT", 48, "1"},
     {"BIGINT", 127, "8"}, {"BIT", 104, "1"}, {"FLOAT", 62, "8"}, {"REAL", 59, "4"},
     {"DATETIME", 61, "8"}, {"SMALLDATETIME", 58, "4"}, {"MONEY", 60, "8"},
+    {"DATE", 40, "3"}, {"TIME%", 41, "5"}, {"DATETIME2%", 42, "8"},
     {"DECIMAL%", 106, "p"}, {"NUMERIC%", 108, "p"}, {"NVARCHAR%", 231, "2n"}, {"VARCHAR%", 167, "n"},
     {"NCHAR%", 239, "2n"}, {"CHAR%", 175, "n"}, {"NTEXT", 99, "16"}, {"TEXT", 35, "16"}, {"IMAGE", 34, "16"},
 };

@@ -78,6 +78,14 @@ QString SqliteDialect::IsDate(const QString& text, DateOrder order) const {
     return QStringLiteral("zlx_isdate(%1, %2)").arg(text, Order(order));
 }
 
+QString SqliteDialect::AsDateType(const QString& value, const ado::DateType& type) const {
+    return QStringLiteral("zlx_astype(%1, '%2')").arg(value, type.Spelling());
+}
+
+QString SqliteDialect::DateTypeLiteral(const QString& storedText, const ado::DateType&) const {
+    return SqlString(storedText);
+}
+
 QString SqliteDialect::DateLiteral(const QString& isoLiteral) const {
     return isoLiteral;
 }

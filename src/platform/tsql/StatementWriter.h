@@ -144,6 +144,8 @@ private:
 
     // The number of days that begins at `at` after a date's + or -, into `days`: a number, or
     // CAST(n AS SMALLINT) of an integer type. Returns where it ends, `at` when there is none.
+    // Refuses date + days over an operand [first, end) of a type that takes none (error 206).
+    void RefuseDayArithmetic(size_t first, size_t end, const QString& days) const;
     size_t DaysOperandEnd(size_t at, QString& days) const;
 
     // Whether [i, end) is a date (DateOperands).

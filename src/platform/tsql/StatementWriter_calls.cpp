@@ -117,12 +117,25 @@ size_t StatementWriter::EmitDateArithmetic(size_t i, QString& out) {
     if (daysEnd == end + 1 || m_t.SymbolAt(daysEnd, u"*") || m_t.SymbolAt(daysEnd, u"/") ||
         m_t.SymbolAt(daysEnd, u"%") || !IsDateOperand(i, end))
         return i;
+    RefuseDayArithmetic(i, end, days);
     m_plainOperand = i;
     const QString value = Range(i, end).trimmed();
     m_plainOperand = kNone;
     if (!plus) days = days.startsWith(u'-') ? days.mid(1) : u'-' + days;
     out += m_t[i].leading + m_dialect.DatePlusDays(value, days);
     return daysEnd;
+}
+
+// DATE, TIME and DATETIME2 take no days by + or - (DATETIME and SMALLDATETIME do).
+void StatementWriter::RefuseDayArithmetic(size_t first, size_t end, const QString& days) const {
+    const auto type = DateOperands(m_t, m_context, m_stored, m_columns).DeclaredType(first, end);
+    if (!type || type->kind == ado::DateTypeKind::DateTime ||
+        type->kind == ado::DateTypeKind::SmallDateTime)
+        return;
+    ThrowStatementError(QStringLiteral("Operand type clash: %1 is incompatible with %2")
+                            .arg(type->Name(), days.contains(u'.') ? QStringLiteral("numeric")
+                                                                   : QStringLiteral("int")),
+                        ado::kNativeOperandClash);
 }
 
 size_t StatementWriter::DaysOperandEnd(size_t at, QString& days) const {
@@ -184,6 +197,11 @@ size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
             out += lead + date;
             return close + 1;
         }
+    }
+    if (const QString typed = DateWriterFor(m_context).CastValue(ArgumentOf(cast + 2, as), type);
+        !typed.isEmpty()) {
+        out += lead + typed;
+        return close + 1;
     }
     if (IsDateOperand(cast + 2, as))
         if (const QString days = m_dialect.DateCast(Range(cast + 2, as).trimmed(), type);

@@ -64,13 +64,15 @@ void StoredValues::WrapItems(const std::vector<StoredItem>& items, bool converti
         const TableColumn* column = FindColumn(m_target->columns, item->column);
         if (!column) continue;
         const QString call = converting ? ConvertingCall(*column) : StoringCall(*column);
-        // DEFAULT stays as written; a blank text of VALUES or SET is StoredText's.
+        // DEFAULT stays as written; a blank text of VALUES or SET is StoredText's, and so is a
+        // text stored in a date column, read as the column's type.
         const Token& value = m_t[item->first];
         const bool single = item->last == item->first + 1;
-        if (call.isEmpty() ||
-            (single && (value.IsWord(u"DEFAULT") ||
-                        (!converting && value.kind == TokenKind::String &&
-                         value.text.trimmed().isEmpty() && column->kind != ColumnKind::Text))))
+        const bool storedText =
+            !converting && value.kind == TokenKind::String &&
+            (value.text.trimmed().isEmpty() || column->kind == ColumnKind::Date);
+        if (call.isEmpty() || (single && (value.IsWord(u"DEFAULT") ||
+                                          (storedText && column->kind != ColumnKind::Text))))
             continue;
         Wrap(item->first, item->last, call);
     }
@@ -111,6 +113,9 @@ QString StoredValues::ConvertingCall(const TableColumn& column) const {
 QString StoredValues::StoringCall(const TableColumn& column) const {
     const QString marker = QStringLiteral("\x01");
     if (column.kind == ColumnKind::Bit) return m_dialect.StoredBit(marker);
+    if (const auto date = ado::DateType::Named(column.type);
+        date && date->kind != ado::DateTypeKind::DateTime)
+        return m_dialect.AsDateType(marker, *date);
     if (const auto digits = DecimalType(column.type))
         return m_dialect.ScaledDecimal(marker, digits->precision, digits->scale);
     const auto text = SizedTextType(column.type.trimmed().toUpper());
@@ -189,9 +194,14 @@ QString StoredValues::StoredText(size_t i) {
     const QString word = text.trimmed().toUpper();
     const bool truth = word == u"TRUE" || word == u"FALSE";
     if (!m_context.tableColumns) return {};
-    const std::optional<ColumnKind> kind = StoredColumnKind(i);
+    const std::optional<StoredColumn> stored = StoredColumnOf(i);
+    const std::optional<ColumnKind> kind = stored ? stored->kind : std::nullopt;
     if (!kind) return {};
     if (blank) return BlankAs(*kind);
+    // DATE, TIME, DATETIME2 and SMALLDATETIME read the text as they keep it.
+    if (*kind == ColumnKind::Date && stored->type.compare(u"DATETIME", Qt::CaseInsensitive) != 0)
+        return DateWriterFor(m_context).CastValue(CallArgument{QuoteString(text), true, text},
+                                                  stored->type);
     // An integer column takes a text of an integer only ('12.5' is error 245).
     if (*kind == ColumnKind::Integer) {
         RequireIntegerText(text);
@@ -229,11 +239,6 @@ QString StoredValues::BlankAs(ColumnKind kind) const {
     return {};
 }
 
-std::optional<ColumnKind> StoredValues::StoredColumnKind(size_t i) {
-    const std::optional<StoredColumn> stored = StoredColumnOf(i);
-    return stored ? stored->kind : std::nullopt;
-}
-
 std::optional<StoredValues::StoredColumn> StoredValues::StoredColumnOf(size_t i) {
     const bool inserted = IsInsertedValue(i);
     const std::optional<size_t> selected = inserted ? std::nullopt : SelectedPosition(i);
@@ -251,8 +256,10 @@ std::optional<StoredValues::StoredColumn> StoredValues::StoredColumnOf(size_t i)
     } else {
         stored.name = m_t[i - 2].text;
     }
-    if (const TableColumn* found = FindColumn(m_target->columns, stored.name))
+    if (const TableColumn* found = FindColumn(m_target->columns, stored.name)) {
         stored.kind = found->kind;
+        stored.type = found->type;
+    }
     return stored;
 }
 

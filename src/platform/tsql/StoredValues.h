@@ -52,6 +52,7 @@ public:
     struct StoredColumn {
         QString name;
         std::optional<ColumnKind> kind;
+        QString type; // the column's T-SQL type, when its kind is known
     };
     std::optional<StoredColumn> StoredColumnOf(size_t i);
 
@@ -89,10 +90,6 @@ private:
     // does; empty: the value goes in as it is.
     QString StoringCall(const TableColumn& column) const;
 
-    // The kind of the column that the literal at `i` is stored in: a whole value of an
-    // INSERT's VALUES or of an UPDATE's SET list. nullopt for any other literal.
-    std::optional<ColumnKind> StoredColumnKind(size_t i);
-
     // The table an INSERT or UPDATE stores in, with an INSERT's column list when it has one.
     struct StoreTargetColumns {
         TableColumns columns;
@@ -110,7 +107,7 @@ private:
     StatementTokens& m_t;
     const TranslationContext& m_context;
     const EngineDialect& m_dialect;
-    std::optional<StoreTargetColumns> m_target; // what StoredColumnKind looked up
+    std::optional<StoreTargetColumns> m_target; // what StoredColumnOf looked up
 };
 
 } // namespace zlx::tsql

@@ -34,6 +34,12 @@ const char* TypeNameOf(int xtype) {
         return "image";
     case 35:
         return "text";
+    case 40:
+        return "date";
+    case 41:
+        return "time";
+    case 42:
+        return "datetime2";
     case 48:
         return "tinyint";
     case 52:

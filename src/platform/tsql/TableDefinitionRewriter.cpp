@@ -104,6 +104,8 @@ void TableDefinitionRewriter::PrepareDefinitions() {
             UseSizedTextType(i);
             CollateWithoutCase(i);
             MarkNationalText(i);
+        } else if (const auto dateType = DateColumnTypeAt(i)) {
+            UseDateColumnType(i, *dateType);
         } else if (m_t[i].IsWord(u"DEFAULT") && m_t.At(i + 1) &&
                    m_t.At(i + 1)->Is(TokenKind::Number, u"0") && IsDateColumnBefore(i)) {
             // A date column's default 0 is the date numbered 0.
@@ -182,8 +184,7 @@ void TableDefinitionRewriter::ReadDefaultAsDate(size_t value) {
 bool TableDefinitionRewriter::IsDateColumnBefore(size_t i) const {
     for (size_t j = i; j-- > 0;) {
         if (m_t[j].IsSymbol(u",") || m_t[j].IsSymbol(u"(") || m_t[j].IsWord(u"ADD")) break;
-        if (m_t[j].IsWord(u"DATETIME") || m_t[j].IsWord(u"SMALLDATETIME") || m_t[j].IsWord(u"DATE"))
-            return true;
+        if (m_t[j].kind == TokenKind::Word && ado::DateType::Named(m_t[j].text)) return true;
     }
     return false;
 }
@@ -192,12 +193,30 @@ bool TableDefinitionRewriter::IsTextColumnType(size_t i) const {
     static const QStringList types = {QStringLiteral("CHAR"),  QStringLiteral("VARCHAR"),
                                       QStringLiteral("NCHAR"), QStringLiteral("NVARCHAR"),
                                       QStringLiteral("TEXT"),  QStringLiteral("NTEXT")};
-    if (m_t[i].kind != TokenKind::Word || i == 0 ||
-        !types.contains(m_t[i].text, Qt::CaseInsensitive))
-        return false;
+    return m_t[i].kind == TokenKind::Word && types.contains(m_t[i].text, Qt::CaseInsensitive) &&
+           FollowsColumnName(i);
+}
+
+bool TableDefinitionRewriter::FollowsColumnName(size_t i) const {
+    if (i == 0) return false;
     const Token& previous = m_t[i - 1];
     return (previous.kind == TokenKind::Word || previous.kind == TokenKind::QuotedName) &&
            !previous.IsWord(u"AS") && !previous.IsWord(u"TABLE");
+}
+
+std::optional<ado::DateType> TableDefinitionRewriter::DateColumnTypeAt(size_t i) const {
+    if (m_t[i].kind != TokenKind::Word || !FollowsColumnName(i)) return std::nullopt;
+    const size_t end = m_t.SymbolAt(i + 1, u"(") ? m_t.Close(i + 1) + 1 : i + 1;
+    return ado::DateType::Named(TokensToSql(Tokens(m_t.begin() + i, m_t.begin() + end)));
+}
+
+void TableDefinitionRewriter::UseDateColumnType(size_t type, const ado::DateType& dateType) {
+    const QString engineType = m_dialect.DateColumnType(dateType);
+    if (engineType.isEmpty()) return;
+    if (m_t.SymbolAt(type + 1, u"("))
+        m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(type) + 1,
+                  m_t.begin() + static_cast<std::ptrdiff_t>(m_t.Close(type + 1)) + 1);
+    m_t[type] = Raw(engineType, m_t[type].leading);
 }
 
 void TableDefinitionRewriter::UseSizedTextType(size_t type) {

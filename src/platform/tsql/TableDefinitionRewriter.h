@@ -3,6 +3,7 @@
 // AUTOINCREMENT as the engine's identity, the checks that hold a type to SQL Server's limits, text
 // columns compared without regard to case, a date column's default 0 and DEFAULT GETDATE().
 
+#include "platform/engines/SqlServerDateTypes.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TranslationContext.h"
 
@@ -47,6 +48,12 @@ private:
 
     // A text type right after a column's name (not a CAST's type).
     bool IsTextColumnType(size_t i) const;
+    // Whether the word at `i` follows a column's name in its definition (is its type).
+    bool FollowsColumnName(size_t i) const;
+    // A date type (DATE, TIME(n), DATETIME2(n)...) right after a column's name.
+    std::optional<ado::DateType> DateColumnTypeAt(size_t i) const;
+    // The date type at `type` as the engine spells it.
+    void UseDateColumnType(size_t type, const ado::DateType& dateType);
 
     // A national text type (NCHAR, NVARCHAR, NTEXT) followed by the engine's mark for it.
     void MarkNationalText(size_t type);

@@ -1,5 +1,6 @@
 #include "platform/tsql/TsqlDateFunctions.h"
 
+#include "platform/engines/SqlServerErrors.h"
 #include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlLiterals.h"
@@ -52,8 +53,7 @@ bool DateFunctionWriter::Handles(const QString& function) {
 }
 
 bool DateFunctionWriter::IsDateType(const QString& type) {
-    const QString upper = type.trimmed().toUpper();
-    return upper == u"DATETIME" || upper == u"SMALLDATETIME" || upper == u"DATE";
+    return ado::DateType::Named(type).has_value();
 }
 
 QString DateFunctionWriter::Call(const QString& name,
@@ -87,8 +87,30 @@ QString DateFunctionWriter::Call(const QString& name,
 }
 
 QString DateFunctionWriter::CastLiteral(const CallArgument& value, const QString& type) const {
-    if (!value.isText || !IsDateType(type)) return {};
-    return DateValue(value);
+    if (!value.isText) return {};
+    const auto dateType = ado::DateType::Named(type);
+    if (!dateType) return {};
+    if (dateType->kind == ado::DateTypeKind::DateTime) return DateValue(value);
+    return TypedLiteral(value.text, m_settings.order, *dateType);
+}
+
+QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
+                                         const ado::DateType& type) const {
+    const ado::DateReading reading = ado::ReadAsType(text, order, type);
+    if (reading.error == ado::kNativeDateOutOfRange)
+        ThrowStatementError(ado::OutOfRangeText(QStringLiteral("varchar"), type), reading.error,
+                            QStringLiteral("22008"));
+    if (reading.error)
+        ThrowStatementError(ado::DateErrorText(reading.error), reading.error,
+                            QStringLiteral("22007"));
+    return m_dialect.DateTypeLiteral(ado::StoredDateText(reading.value, type), type);
+}
+
+QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& type) const {
+    const auto dateType = ado::DateType::Named(type);
+    if (!dateType || dateType->kind == ado::DateTypeKind::DateTime) return {};
+    if (value.isText) return TypedLiteral(value.text, m_settings.order, *dateType);
+    return m_dialect.AsDateType(value.sql.trimmed(), *dateType);
 }
 
 QString DateFunctionWriter::DateValue(const CallArgument& value) const {
@@ -113,15 +135,22 @@ QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) 
     const CallArgument& value = arguments[1];
     if (arguments.size() == 3) {
         const int style = StyleNumber(arguments[2]);
-        if (IsDateType(type)) {
+        if (const auto dateType = ado::DateType::Named(type)) {
             const auto order = ado::StyleOrder(style);
             if (!order) ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
-            return value.isText ? DateValue(value, *order)
-                                : m_dialect.TextToDate(value.sql.trimmed(), *order);
+            if (dateType->kind == ado::DateTypeKind::DateTime)
+                return value.isText ? DateValue(value, *order)
+                                    : m_dialect.TextToDate(value.sql.trimmed(), *order);
+            if (value.isText) return TypedLiteral(value.text, *order, *dateType);
+            return m_dialect.AsDateType(value.isDate
+                                            ? value.sql.trimmed()
+                                            : m_dialect.TextToDate(value.sql.trimmed(), *order),
+                                        *dateType);
         }
         if (SizedTextType(type)) return ConvertToText(type, value, style);
     }
     if (const QString literal = CastLiteral(value, type); !literal.isEmpty()) return literal;
+    if (const QString typed = CastValue(value, type); !typed.isEmpty()) return typed;
     if (value.isDate)
         if (const QString days = m_dialect.DateCast(value.sql.trimmed(), type); !days.isEmpty())
             return days;

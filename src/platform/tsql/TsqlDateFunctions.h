@@ -33,10 +33,15 @@ public:
     QString Call(const QString& function, const std::vector<CallArgument>& arguments) const;
     // CAST(value AS type) for a date type: a text literal read as a date; empty otherwise.
     QString CastLiteral(const CallArgument& value, const QString& type) const;
+    // CAST(value AS type) for a date type other than DATETIME (DATE, TIME(n), SMALLDATETIME,
+    // DATETIME2(n)): the value as a column of that type keeps it; empty for other types.
+    QString CastValue(const CallArgument& value, const QString& type) const;
     static bool IsDateType(const QString& type);
 
 private:
     QString DateValue(const CallArgument& value) const;
+    // A text literal read as `type` reads it, as the engine's literal of that type.
+    QString TypedLiteral(const QString& text, DateOrder order, const ado::DateType& type) const;
     QString DateValue(const CallArgument& value, DateOrder order) const;
     DateUnit Unit(const QString& function, const CallArgument& unit) const;
     QString Convert(const std::vector<CallArgument>& arguments) const;

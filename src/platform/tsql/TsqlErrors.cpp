@@ -61,7 +61,7 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"Conversion failed when converting date", ado::kNativeDateConversion},
     {"Divide by zero error encountered", ado::kNativeDivideByZero},
     {"Subquery returned more than 1 value", ado::kNativeSubqueryRows},
-    {"datetime data type resulted in an out-of-range", ado::kNativeDateOutOfRange},
+    {"data type resulted in an out-of-range value", ado::kNativeDateOutOfRange},
     {"An invalid floating point operation occurred", ado::kNativeInvalidFloat},
     {"Cannot construct data type date", ado::kNativeDateConstruction},
 };

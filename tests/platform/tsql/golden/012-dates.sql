@@ -4,7 +4,7 @@ SELECT RIGHT('00'+RTRIM(CAST(DATEPART(hh,Fecha) AS CHAR)),2) + ':' + RIGHT('00'+
 -- SQLite
 SELECT substr('00'||RTRIM(CAST(CAST(strftime('%H', Fecha) AS INTEGER) AS TEXT)), -(2)) || ':' || substr('00'||RTRIM(CAST(CAST(strftime('%M', Fecha) AS INTEGER) AS TEXT)), -(2)) || ':' || substr('00'||RTRIM(CAST(CAST(strftime('%S', Fecha) AS INTEGER) AS TEXT)), -(2)) AS hora FROM apuntes
 -- PostgreSQL
-SELECT zlx_right('00'||RTRIM(CAST(CAST(FLOOR(EXTRACT(HOUR FROM Fecha)) AS INTEGER) AS char(30))), 2) || ':' || zlx_right('00'||RTRIM(CAST(CAST(FLOOR(EXTRACT(MINUTE FROM Fecha)) AS INTEGER) AS char(30))), 2) || ':' || zlx_right('00'||RTRIM(CAST(CAST(FLOOR(EXTRACT(SECOND FROM Fecha)) AS INTEGER) AS char(30))), 2) AS hora FROM apuntes
+SELECT zlx_right('00'||RTRIM(CAST(CAST(FLOOR(date_part('HOUR', Fecha)) AS INTEGER) AS char(30))), 2) || ':' || zlx_right('00'||RTRIM(CAST(CAST(FLOOR(date_part('MINUTE', Fecha)) AS INTEGER) AS char(30))), 2) || ':' || zlx_right('00'||RTRIM(CAST(CAST(FLOOR(date_part('SECOND', Fecha)) AS INTEGER) AS char(30))), 2) AS hora FROM apuntes
 -- result
 rowset
 row 07:05:09

@@ -1,0 +1,25 @@
+#include "platform/tsql/PostgresDateTypes.h"
+
+namespace zlx::tsql {
+
+QString DateTypeFunctions() {
+    return QStringLiteral(R"sql(IF to_regprocedure('zlx_smalldatetime(timestamp)') IS NULL THEN
+CREATE FUNCTION zlx_smalldatetime(v timestamp) RETURNS timestamp(0) LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$
+DECLARE r timestamp := date_trunc('minute', v + interval '30.001 seconds');
+BEGIN
+IF r < TIMESTAMP '1900-01-01' OR r >= TIMESTAMP '2079-06-07' THEN RAISE EXCEPTION USING ERRCODE
+= '22008', MESSAGE = 'The conversion of a datetime data type to a smalldatetime data type '
+'resulted in an out-of-range value.'; END IF;
+RETURN r;
+END $f$;
+END IF;
+IF NOT EXISTS (SELECT 1 FROM pg_type WHERE typname = 'zlx_datetime2_7'
+               AND typnamespace = CAST(current_schema() AS regnamespace)) THEN
+FOR n IN 0..7 LOOP
+EXECUTE format('CREATE DOMAIN zlx_datetime2_%s AS timestamp(%s)', n, least(n, 6));
+END LOOP;
+END IF;)sql");
+}
+
+} // namespace zlx::tsql

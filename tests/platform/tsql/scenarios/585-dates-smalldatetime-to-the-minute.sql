@@ -1,0 +1,27 @@
+-- SMALLDATETIME keeps minutes: 29.998 seconds or less round down, more round up, when stored
+-- from a text or a DATETIME and in CAST; + n still adds days.
+-- run
+CREATE TABLE Marcas (id INT, momento SMALLDATETIME)
+-- run
+INSERT INTO Marcas VALUES (1, '15/03/2024 10:20:29.998')
+INSERT INTO Marcas VALUES (2, '15/03/2024 10:20:29.999')
+INSERT INTO Marcas VALUES (3, '15/03/2024 23:59:30')
+INSERT INTO Marcas SELECT 4, CAST('15/03/2024 10:20:45' AS DATETIME)
+INSERT INTO Marcas VALUES (5, NULL)
+UPDATE Marcas SET momento = CAST('15/03/2024 07:00:59' AS DATETIME) WHERE id = 5
+-- run
+SELECT id, momento, momento + 1 FROM Marcas ORDER BY id
+-- expect
+rowset
+row 1|2024-03-15 10:20:00|2024-03-16 10:20:00
+row 2|2024-03-15 10:21:00|2024-03-16 10:21:00
+row 3|2024-03-16 00:00:00|2024-03-17 00:00:00
+row 4|2024-03-15 10:21:00|2024-03-16 10:21:00
+row 5|2024-03-15 07:01:00|2024-03-16 07:01:00
+end
+-- run
+SELECT CAST('15/03/2024 10:20:29.998' AS SMALLDATETIME), CAST(CAST('15/03/2024 10:20:30' AS DATETIME) AS SMALLDATETIME)
+-- expect
+rowset
+row 2024-03-15 10:20:00|2024-03-15 10:21:00
+end
