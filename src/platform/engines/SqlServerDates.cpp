@@ -208,7 +208,7 @@ std::variant<Fields, int> ReadFields(const QString& input, DateOrder order) {
     const qsizetype blank = text.indexOf(u' ');
     const QString datePart = blank < 0 ? text : text.left(blank);
     const QString timePart = blank < 0 ? QString() : text.mid(blank + 1).trimmed();
-    if (blank < 0 && ReadTime(text, fields)) return fields; // a time alone: 1900-01-01
+    if (ReadTime(text, fields)) return fields; // a time alone ('8:05 PM' too): 1900-01-01
     const auto date = DateFields(datePart, order);
     if (!date) return kNativeDateConversion;
     fields = *date;
