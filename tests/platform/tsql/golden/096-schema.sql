@@ -4,6 +4,6 @@ ALTER TABLE clientes ADD Apertura TIME
 -- SQLite
 ALTER TABLE clientes ADD Apertura TIME
 -- PostgreSQL
-ALTER TABLE clientes ADD Apertura TIME
+ALTER TABLE clientes ADD Apertura time(6)
 -- result
 count -1
