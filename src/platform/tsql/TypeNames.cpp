@@ -1,6 +1,7 @@
 #include "platform/tsql/TypeNames.h"
 
 #include <QRegularExpression>
+#include <algorithm>
 
 namespace zlx::tsql {
 
@@ -31,6 +32,32 @@ std::optional<DecimalDigits> DecimalType(const QString& type) {
     if (!match.hasMatch()) return std::nullopt;
     return DecimalDigits{match.captured(1).isEmpty() ? 18 : match.captured(1).toInt(),
                          match.captured(2).isEmpty() ? 0 : match.captured(2).toInt()};
+}
+
+std::optional<DecimalDigits> LiteralDigits(const QString& text) {
+    static const QRegularExpression plain(QStringLiteral(R"(^(\d*)(?:\.(\d*))?$)"));
+    const auto match = plain.match(text);
+    if (!match.hasMatch()) return std::nullopt;
+    QString whole = match.captured(1);
+    while (whole.startsWith(u'0'))
+        whole.remove(0, 1);
+    const int scale = static_cast<int>(match.captured(2).size());
+    return DecimalDigits{std::max(1, static_cast<int>(whole.size()) + scale), scale};
+}
+
+bool IsTextType(const QString& type) {
+    for (QStringView text : {u"CHAR", u"VARCHAR", u"NCHAR", u"NVARCHAR", u"TEXT", u"NTEXT"}) {
+        if (type == text || (type.startsWith(text) && type.mid(text.size()).startsWith(u'(')))
+            return true;
+    }
+    return false;
+}
+
+QString IntegerTypeOf(const QString& type) {
+    for (QStringView integer : {u"TINYINT", u"SMALLINT", u"INT", u"INTEGER", u"BIGINT"}) {
+        if (type == integer) return type == u"BIGINT" ? type : QStringLiteral("INT");
+    }
+    return {};
 }
 
 } // namespace zlx::tsql

@@ -30,4 +30,15 @@ struct DecimalDigits {
 };
 std::optional<DecimalDigits> DecimalType(const QString& type);
 
+// A number literal's own digits: 12.50 is DECIMAL(4,2), 3 is DECIMAL(1,0); none for a text
+// that is no plain number.
+std::optional<DecimalDigits> LiteralDigits(const QString& text);
+
+// CHAR, VARCHAR, NCHAR and NVARCHAR (with a length or not), TEXT and NTEXT.
+bool IsTextType(const QString& type);
+
+// The integer type a comparison converts to: INT for TINYINT, SMALLINT, INT and INTEGER, BIGINT
+// for BIGINT; empty for any other type.
+QString IntegerTypeOf(const QString& type);
+
 } // namespace zlx::tsql

@@ -161,9 +161,9 @@ std::optional<TypedExpressions::Typed> TypedExpressions::Chain(size_t first, boo
 
 TypedExpressions::Typed TypedExpressions::Combine(Typed left, const QString& op, Typed right,
                                                   bool record) {
+    TakeNumberType(left, right, record);
+    TakeNumberType(right, left, record);
     if (const auto decimal = CombineDecimals(left, op, right, record)) return *decimal;
-    TakeIntegerType(left, right, record);
-    TakeIntegerType(right, left, record);
     const int leftRank = NumberRank(left.type);
     const int rightRank = NumberRank(right.type);
     Typed result{left.first, right.last, {}, left.literal && right.literal};

@@ -51,7 +51,7 @@ private:
     // The operands joined by arithmetic operators from `first` on, typed and combined by
     // precedence; `record`: the operations that need the engine's call are wrapped.
     std::optional<Typed> Chain(size_t first, bool record);
-    // `left` and `right` are copies: a text operand takes an integer neighbour's type.
+    // `left` and `right` are copies: a text operand takes a number neighbour's type.
     Typed Combine(Typed left, const QString& op, Typed right, bool record);
     // left / right whose result is MONEY: the engine's truncating quotient.
     void WrapMoneyQuotient(const Typed& left, const Typed& right);
@@ -69,9 +69,13 @@ private:
     void ConvertTextSide(const Typed& left, const std::vector<Typed>& others);
     void ConvertUnionTexts();
     void ConvertIsNullReplacements();
-    void TakeIntegerType(Typed& text, const Typed& integer, bool record);
-    void WrapAsInteger(const Typed& text, const QString& type);
     void ConvertBranchColumns(const std::vector<size_t>& selects);
+
+    // A text met by a number takes the number's type (TypedExpressions_textnumbers).
+    void TakeNumberType(Typed& text, const Typed& number, bool record);
+    QString NumberTypeOf(const Typed& operand) const;
+    static QString CommonNumberType(const std::vector<QString>& types);
+    void WrapAsNumber(const Typed& text, const QString& type);
 
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
     void WrapCalls();

@@ -5,30 +5,12 @@
 
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/SelectList.h"
+#include "platform/tsql/TypeNames.h"
 #include "platform/tsql/TypedExpressions.h"
 
 #include <map>
 
 namespace zlx::tsql {
-namespace {
-
-bool IsTextType(const QString& type) {
-    for (QStringView text : {u"CHAR", u"VARCHAR", u"NCHAR", u"NVARCHAR", u"TEXT", u"NTEXT"}) {
-        if (type == text || (type.startsWith(text) && type.mid(text.size()).startsWith(u'(')))
-            return true;
-    }
-    return false;
-}
-
-QString IntegerTypeOf(const QString& type) {
-    for (QStringView integer : {u"TINYINT", u"SMALLINT", u"INT", u"INTEGER", u"BIGINT"}) {
-        if (type == integer) return type == u"BIGINT" ? type : QStringLiteral("INT");
-    }
-    return {};
-}
-
-} // namespace
-
 // Whether the operand at `i` stands in a condition (WHERE, ON, HAVING, WHEN, IF, WHILE), not in
 // a SET or select-list assignment (SET c = x, SELECT name = x).
 bool TypedExpressions::InCondition(size_t i) const {
@@ -98,39 +80,22 @@ std::vector<TypedExpressions::Typed> TypedExpressions::ComparedList(size_t first
     return list;
 }
 
-// A text compared with integers only becomes their type; an integer compared with a text makes
-// the text an integer.
+// A text compared with numbers only becomes their type; a number compared with a text makes
+// the text a number of its type.
 void TypedExpressions::ConvertTextSide(const Typed& left, const std::vector<Typed>& others) {
     if (others.empty()) return;
     if (IsTextType(left.type)) {
-        QString integer;
-        for (const Typed& other : others) {
-            const QString type = IntegerTypeOf(other.type);
-            if (type.isEmpty()) return;
-            if (integer.isEmpty() || type == u"BIGINT") integer = type;
-        }
-        WrapAsInteger(left, integer);
+        std::vector<QString> types;
+        for (const Typed& other : others)
+            types.push_back(NumberTypeOf(other));
+        if (const QString type = CommonNumberType(types); !type.isEmpty()) WrapAsNumber(left, type);
         return;
     }
-    const QString integer = IntegerTypeOf(left.type);
-    if (integer.isEmpty()) return;
+    const QString type = NumberTypeOf(left);
+    if (type.isEmpty()) return;
     for (const Typed& other : others) {
-        if (IsTextType(other.type)) WrapAsInteger(other, integer);
+        if (IsTextType(other.type)) WrapAsNumber(other, type);
     }
-}
-
-// The text read as CAST(text AS type) reads it: a whole number between blanks, 245 for a word.
-void TypedExpressions::WrapAsInteger(const Typed& text, const QString& type) {
-    AddWrap(text.first, text.last, m_dialect.IntegerCast(QStringLiteral("\x01"), type));
-}
-
-// A text in arithmetic with an integer takes the integer's type: Ref + 1 adds (245 for a word),
-// where the engines would join the texts or refuse the operator.
-void TypedExpressions::TakeIntegerType(Typed& text, const Typed& integer, bool record) {
-    const QString type = IntegerTypeOf(integer.type);
-    if (!IsTextType(text.type) || type.isEmpty()) return;
-    if (record) WrapAsInteger(text, type);
-    text.type = type;
 }
 
 // ISNULL(text, 0): the result has the first argument's type, so a number in second place is

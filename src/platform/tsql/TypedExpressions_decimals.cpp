@@ -4,6 +4,7 @@
 // digits (a literal); MONEY and FLOAT operands are left to the other rules.
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TypeNames.h"
 #include "platform/tsql/TypedExpressions.h"
 
 #include <QRegularExpression>
@@ -14,10 +15,7 @@ namespace {
 
 constexpr int kMaxPrecision = 38;
 
-struct Digits {
-    int precision;
-    int scale;
-};
+using Digits = DecimalDigits;
 
 std::optional<Digits> DeclaredDecimal(const QString& type) {
     static const QRegularExpression declared(
@@ -34,18 +32,6 @@ std::optional<Digits> IntegerDigits(const QString& type) {
     if (type == u"INT" || type == u"INTEGER") return Digits{10, 0};
     if (type == u"BIGINT") return Digits{19, 0};
     return std::nullopt;
-}
-
-// A number literal's own digits: 12.50 is DECIMAL(4,2), 3 is DECIMAL(1,0).
-std::optional<Digits> LiteralDigits(const QString& text) {
-    static const QRegularExpression plain(QStringLiteral(R"(^(\d*)(?:\.(\d*))?$)"));
-    const auto match = plain.match(text);
-    if (!match.hasMatch()) return std::nullopt;
-    QString whole = match.captured(1);
-    while (whole.startsWith(u'0'))
-        whole.remove(0, 1);
-    const int scale = static_cast<int>(match.captured(2).size());
-    return Digits{std::max(1, static_cast<int>(whole.size()) + scale), scale};
 }
 
 // SQL Server keeps the integral digits of a product or quotient past 38 digits and gives up
