@@ -5,6 +5,7 @@
 #include "platform/engines/SqliteDates.h"
 #include "platform/engines/SqliteFunctionTable.h"
 #include "platform/engines/SqliteIntegers.h"
+#include "platform/engines/SqliteNumberText.h"
 #include "platform/engines/SqliteSingleValue.h"
 #include "platform/engines/TextOrder.h"
 
@@ -262,6 +263,7 @@ void Install(sqlite3* db) {
     SqliteDates::Install(db);
     SqliteArithmetic::Install(db);
     SqliteIntegers::Install(db);
+    SqliteNumberText::Install(db);
     SqliteSingleValue::Install(db);
     SqliteBuiltins::Install(db);
 }

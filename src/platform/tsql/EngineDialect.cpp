@@ -56,6 +56,16 @@ QString EngineDialect::Cast(const QString& value, const QString& type, bool text
     return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
 }
 
+// Both engines have the function, made with their other functions.
+QString EngineDialect::NumberText(const QString& value, QChar format, int scale, int length,
+                                  const QString& target) const {
+    return QStringLiteral("zlx_number_text(%1, '%2', %3, %4, '%5')")
+        .arg(value, QString(format))
+        .arg(scale)
+        .arg(length)
+        .arg(target);
+}
+
 QString EngineDialect::DateCast(const QString& value, const QString& type) const {
     if (KindOfTsqlType(type) != ColumnKind::Integer) return {};
     return Cast(DateDays(value), type, false);

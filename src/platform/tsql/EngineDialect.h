@@ -116,6 +116,11 @@ public:
         (void)value, (void)type;
         return {};
     }
+    // `value`, a number, written as SQL Server's CAST to text type `target` (lower case, no
+    // length) writes it: `format` 'i' an integer, 'd' a DECIMAL of `scale` places, 'm' MONEY,
+    // 'f' a FLOAT or REAL; past `length` characters (0: any) "*" or error 8115 as SQL Server.
+    QString NumberText(const QString& value, QChar format, int scale, int length,
+                       const QString& target) const;
     // CAST(value AS type), type in upper case, truncating to an integer type as SQL Server does
     // (`textLiteral`: value is a text literal, which must hold an integer); empty: not supported.
     QString Cast(const QString& value, const QString& type, bool textLiteral) const;

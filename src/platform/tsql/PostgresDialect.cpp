@@ -6,6 +6,7 @@
 #include "platform/tsql/PostgresDateReading.h"
 #include "platform/tsql/PostgresDateTypes.h"
 #include "platform/tsql/PostgresFixedText.h"
+#include "platform/tsql/PostgresNumberText.h"
 #include "platform/tsql/PostgresNumbers.h"
 #include "platform/tsql/PostgresTextDomains.h"
 #include "platform/tsql/PostgresTextFunctions.h"
@@ -293,8 +294,8 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
             TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
-            FixedTextFunctions() + BitFunctions() + NumberFunctions() + DateReadingFunctions() +
-            DateTypeFunctions() + BuiltinFunctionsSql() +
+            FixedTextFunctions() + BitFunctions() + NumberFunctions() + NumberTextFunctions() +
+            DateReadingFunctions() + DateTypeFunctions() + BuiltinFunctionsSql() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),

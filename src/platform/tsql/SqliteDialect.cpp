@@ -92,12 +92,14 @@ QString SqliteDialect::CastType(const QString& type) const {
     return LookUpType(kCastTypes, type);
 }
 
-// SQLite's CAST keeps the whole text; the cut one compares as the columns do.
+// SQLite's CAST keeps the whole text; the cut one compares as the columns do, a CHAR(n) one
+// padded to n as SQL Server's.
 QString SqliteDialect::TextCast(const QString& value, const QString& type) const {
     const auto text = SizedTextType(type);
-    if (!text || !text->variable) return {};
-    return QStringLiteral("(substr(CAST(%1 AS TEXT), 1, %2)%3)")
-        .arg(value, text->length, TextResultCollation());
+    if (!text) return {};
+    const QString cut = QStringLiteral("substr(CAST(%1 AS TEXT), 1, %2)").arg(value, text->length);
+    return u'(' + (text->variable ? cut : PaddedText(cut, text->length.toInt())) +
+           TextResultCollation() + u')';
 }
 
 // SQLite takes no MAX for a length; the type name keeps it, national or not, for DATALENGTH.

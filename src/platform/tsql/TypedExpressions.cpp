@@ -67,7 +67,8 @@ TypedExpressions::TypedExpressions(StatementTokens& tokens, const TranslationCon
 void TypedExpressions::Prepare() {
     const auto typed = [](const Token& token) {
         return IsArithmetic(&token) || token.IsWord(u"SUM") || token.IsWord(u"AVG") ||
-               token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~") || token.IsWord(u"ISNULL");
+               token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~") || token.IsWord(u"ISNULL") ||
+               token.IsWord(u"CAST") || token.IsWord(u"CONVERT");
     };
     if (!m_context.columnType || m_t.IsDdl()) return;
     const bool compares = HasComparison();
@@ -81,6 +82,7 @@ void TypedExpressions::Prepare() {
     }
     WrapCalls();
     WrapBitNegations();
+    WrapNumberTextCasts();
     Apply();
 }
 

@@ -77,6 +77,10 @@ private:
     static QString CommonNumberType(const std::vector<QString>& types);
     void WrapAsNumber(const Typed& text, const QString& type);
 
+    // CAST and CONVERT of numbers to text types (TypedExpressions_casts).
+    void WrapNumberTextCasts();
+    void WrapNumberText(const Typed& value, const QString& target, int length);
+
     // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
     void WrapCalls();
     void WrapBitNegations();

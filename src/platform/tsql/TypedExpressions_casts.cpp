@@ -1,0 +1,69 @@
+// A number cast to a text type: SQL Server writes a DECIMAL with its scale (CAST(12.50 AS
+// VARCHAR(10)) is '12.50', where SQLite writes 12.5), MONEY with two places and a FLOAT with six
+// significant digits (PostgreSQL would write numeric(19,4)'s four places and every digit of a
+// float); a text too short for the number is '*' for an integer to CHAR or VARCHAR and error
+// 8115 otherwise, where the engines would cut it.
+
+#include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TypeNames.h"
+#include "platform/tsql/TypedExpressions.h"
+
+#include <QRegularExpression>
+
+namespace zlx::tsql {
+namespace {
+
+struct TextTarget {
+    QString name; // lower case, without its length
+    int length;   // 0: any
+};
+
+std::optional<TextTarget> TextTargetOf(const QString& type) {
+    static const QRegularExpression unsized(QStringLiteral("^(N?VARCHAR)\\(MAX\\)$"));
+    if (const auto match = unsized.match(type); match.hasMatch())
+        return TextTarget{match.captured(1).toLower(), 0};
+    const auto sized = SizedTextType(type);
+    if (!sized) return std::nullopt;
+    return TextTarget{type.section(u'(', 0, 0).toLower(), sized->length.toInt()};
+}
+
+} // namespace
+
+void TypedExpressions::WrapNumberTextCasts() {
+    for (size_t i = 0; i + 1 < m_t.size(); ++i) {
+        const bool cast = m_t[i].IsWord(u"CAST");
+        if (!(cast || m_t[i].IsWord(u"CONVERT")) || !m_t.SymbolAt(i + 1, u"(")) continue;
+        const auto target = TextTargetOf(m_t.ConversionType(i));
+        if (!target) continue;
+        const size_t close = m_t.Close(i + 1);
+        const std::vector<size_t> commas = m_t.Commas(i + 1, close);
+        // A CONVERT with a style writes the number otherwise.
+        if (!cast && commas.size() != 1) continue;
+        const size_t first = cast ? i + 2 : commas.front() + 1;
+        const size_t end = cast ? m_t.DepthZeroWord(i + 2, u"AS") : close;
+        const auto value = OperandAt(first) ? Chain(first, false) : std::nullopt;
+        if (value && value->last == end) WrapNumberText(*value, target->name, target->length);
+    }
+}
+
+void TypedExpressions::WrapNumberText(const Typed& value, const QString& target, int length) {
+    const QString type = NumberTypeOf(value);
+    QChar format = u'd';
+    if (!IntegerTypeOf(type).isEmpty())
+        format = u'i';
+    else if (type == u"MONEY" || type == u"SMALLMONEY")
+        format = u'm';
+    else if (type == u"FLOAT" || type == u"REAL")
+        format = u'f';
+    const auto digits = DecimalType(type);
+    if (format == u'd' && !digits) return;
+    // The engines write an integer's digits as SQL Server does: only a length that may be too
+    // short for them needs the call.
+    const int widest = type == u"BIGINT" ? 20 : 11;
+    if (format == u'i' && (length == 0 || length >= widest)) return;
+    AddWrap(value.first, value.last,
+            m_dialect.NumberText(QStringLiteral("\x01"), format, digits ? digits->scale : 0, length,
+                                 target));
+}
+
+} // namespace zlx::tsql
