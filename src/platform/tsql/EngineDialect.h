@@ -180,6 +180,9 @@ public:
         (void)descending;
         return {};
     }
+    // `value`, a text with no column's collation (a literal, texts joined), compared, grouped
+    // and told apart as the database's text columns are.
+    virtual QString CollatedText(const QString& value) const = 0;
     // `value` rounded half away from zero to `scale` places, failing as SQL Server's
     // arithmetic overflow (8115) beyond `precision` digits, as a DECIMAL(precision, scale)
     // stores it; empty: the engine's numeric type does so itself.

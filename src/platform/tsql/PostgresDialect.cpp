@@ -233,6 +233,11 @@ QString PostgresDialect::CaseInsensitiveCollation() const {
     return QStringLiteral("COLLATE zlx_ci_ai");
 }
 
+// bpchar compares and hashes without trailing blanks, the collation without case or accents.
+QString PostgresDialect::CollatedText(const QString& value) const {
+    return QStringLiteral("CAST(%1 AS bpchar) COLLATE zlx_ci_ai").arg(value);
+}
+
 // A sequence stops at 1 counting up and at -1 counting down: a seed past that bound moves it.
 IdentitySpelling PostgresDialect::Identity(std::int64_t seed, std::int64_t step) const {
     IdentitySpelling spelling;

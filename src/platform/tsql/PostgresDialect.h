@@ -54,6 +54,7 @@ public:
     bool TrailingBlanksCount() const override { return true; }
     QString NationalTextMark() const override;
     QString CaseInsensitiveCollation() const override;
+    QString CollatedText(const QString& value) const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
     QString Autoincrement() const override;
     QString LikeOperator(bool negated) const override;

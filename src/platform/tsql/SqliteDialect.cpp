@@ -154,6 +154,11 @@ QString SqliteDialect::CaseInsensitiveCollation() const {
     return QStringLiteral("COLLATE NOCASE");
 }
 
+// A CAST gives the value the column collation (NOCASE ignores trailing blanks too).
+QString SqliteDialect::CollatedText(const QString& value) const {
+    return QStringLiteral("CAST(%1 AS TEXT) COLLATE NOCASE").arg(value);
+}
+
 // Only an INTEGER PRIMARY KEY is an alias of the row id. SQLite counts by one: another step is
 // written in the table's definition, where FindIdentityColumn reads it back, and the counter
 // starts a step before the seed.

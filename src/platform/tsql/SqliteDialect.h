@@ -55,6 +55,7 @@ public:
     QString SingleValueAggregate() const override { return QStringLiteral("zlx_single"); }
     QString TextResultCollation() const override;
     QString CaseInsensitiveCollation() const override;
+    QString CollatedText(const QString& value) const override;
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
     QString Autoincrement() const override;
     bool MarksAutoincrementKey() const override { return true; }

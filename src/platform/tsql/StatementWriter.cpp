@@ -100,10 +100,11 @@ size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
                                            ? WithoutTrailingBlanks(t.text)
                                            : t.text);
         // Two literals compared have no column to give them the database collation.
+        const size_t in = m_t.WordAt(i + 1, u"NOT") ? i + 2 : i + 1;
         if ((m_t.IsComparison(i + 1) && m_t.At(i + 2) &&
              m_t.At(i + 2)->kind == TokenKind::String) ||
-            (m_t.WordAt(i + 1, u"IN") && m_t.SymbolAt(i + 2, u"(") && m_t.At(i + 3) &&
-             m_t.At(i + 3)->kind == TokenKind::String))
+            (m_t.WordAt(in, u"IN") && m_t.SymbolAt(in + 1, u"(") && m_t.At(in + 2) &&
+             m_t.At(in + 2)->kind == TokenKind::String))
             out += u' ' + m_dialect.CaseInsensitiveCollation();
         return i + 1;
     }

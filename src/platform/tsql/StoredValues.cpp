@@ -181,7 +181,13 @@ std::vector<StoredValues::StoredItem> StoredValues::SetItems() const {
 
 bool StoredValues::DropsTrailingBlanks(size_t i) const {
     if (!m_dialect.TrailingBlanksCount() || InSetList(i)) return false;
-    return m_t.IsComparison(i - 1) || m_t.IsComparison(i + 1);
+    if (m_t.IsComparison(i - 1) || m_t.IsComparison(i + 1)) return true;
+    if (m_t.WordAt(m_t.WordAt(i + 1, u"NOT") ? i + 2 : i + 1, u"IN")) return true;
+    // A whole value of an IN list is compared too.
+    const size_t open = m_t.Open(i);
+    return open != i && m_t.WordAt(open - 1, u"IN") &&
+           (m_t.SymbolAt(i - 1, u"(") || m_t.SymbolAt(i - 1, u",")) &&
+           (m_t.SymbolAt(i + 1, u")") || m_t.SymbolAt(i + 1, u","));
 }
 
 bool StoredValues::IsInsertedValue(size_t i) const {

@@ -32,9 +32,10 @@ public:
     void PrepareStoredValues();
 
     // On an engine whose text comparisons count trailing blanks, a string literal loses them
-    // where it is compared (an operand of =, <>, <, >, <= or >=) outside an UPDATE's SET list,
-    // so that it compares with another literal or a TEXT value as on SQL Server; a stored one
-    // keeps them (the engine's sized text columns ignore them in comparisons).
+    // where it is compared (an operand of =, <>, <, >, <= or >=, of IN and its list's values)
+    // outside an UPDATE's SET list, so that it compares with another literal or a TEXT value as on
+    // SQL Server; a stored one keeps them (the engine's sized text columns ignore them in
+    // comparisons).
     bool DropsTrailingBlanks(size_t i) const;
 
     // A text stored in a column of another type, converted as SQL Server converts it; empty

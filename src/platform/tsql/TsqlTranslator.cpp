@@ -1,6 +1,7 @@
 #include "platform/tsql/TsqlTranslator.h"
 
 #include "platform/tsql/DataStatementRewriter.h"
+#include "platform/tsql/DistinctTexts.h"
 #include "platform/tsql/OffsetFetch.h"
 #include "platform/tsql/QueryHints.h"
 #include "platform/tsql/RecursionLimit.h"
@@ -87,6 +88,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
     stored.NameInsertedColumns();
     stored.PrepareStoredValues();
     TypedExpressions(tokens, m_context).Prepare();
+    DistinctTexts(tokens, m_context).Collate();
     StatementWriter writer(tokens, m_context, stored);
     translation.sql = writer.Write();
     translation.exclusiveTables = writer.ExclusiveTables();

@@ -1,6 +1,5 @@
 -- Texts joined by "+" that differ only in trailing blanks are one value for DISTINCT and
 -- UNION.
--- gap sqlite: SELECT COUNT(DISTINCT v + ' ') FROM t answers 2, not 1 (a joined text keeps no collation)
 -- run
 CREATE TABLE t (id INT, v VARCHAR(10))
 -- run
