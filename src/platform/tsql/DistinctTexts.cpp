@@ -1,19 +1,28 @@
 #include "platform/tsql/DistinctTexts.h"
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/LargeTextRefusals.h"
 #include "platform/tsql/SelectList.h"
+#include "platform/tsql/TsqlErrors.h"
 
 #include <algorithm>
 
 namespace zlx::tsql {
+namespace {
+
+constexpr std::int32_t kNotComparable = 421;
+
+} // namespace
 
 void DistinctTexts::Collate() {
     std::vector<size_t> done; // the SELECTs of set operations already seen
     for (size_t i = 0; i + 2 < m_t.size(); ++i) {
         const bool distinct = m_t.WordAt(i + 1, u"DISTINCT");
         if (m_t[i].IsWord(u"SELECT") && distinct) {
-            for (const Range& value : Values(i))
+            for (const Range& value : Values(i)) {
+                RefuseLargeText(value);
                 if (IsLooseText(value)) m_values.push_back(value);
+            }
         } else if (m_t[i].IsWord(u"SELECT") &&
                    std::find(done.begin(), done.end(), i) == done.end()) {
             const std::vector<size_t> branches = DistinctBranches(i);
@@ -74,8 +83,11 @@ std::vector<size_t> DistinctTexts::DistinctBranches(size_t select) const {
 void DistinctTexts::CollateBranches(const std::vector<size_t>& selects) {
     if (selects.empty()) return;
     std::vector<std::vector<Range>> rows;
-    for (size_t select : selects)
+    for (size_t select : selects) {
         rows.push_back(Values(select));
+        std::for_each(rows.back().begin(), rows.back().end(),
+                      [this](Range value) { RefuseLargeText(value); });
+    }
     for (size_t column = 0; column < rows.front().size(); ++column) {
         const bool texts = std::all_of(rows.begin(), rows.end(), [&](const auto& row) {
             return column < row.size() && IsText(row[column]);
@@ -97,6 +109,18 @@ bool DistinctTexts::IsText(Range value) const {
         k = end + 1;
     }
     return value.second > value.first;
+}
+
+// TEXT and NTEXT values are not comparable: SQL Server's error 421.
+void DistinctTexts::RefuseLargeText(Range value) const {
+    if (!m_t.NamedColumn(value.first, value.second)) return;
+    const QString type = LargeTextRefusals::LargeTextType(m_t, m_columns, value.second - 1);
+    if (!type.isEmpty())
+        ThrowStatementError(
+            QStringLiteral("The %1 data type cannot be selected as DISTINCT because it is not "
+                           "comparable.")
+                .arg(type),
+            kNotComparable);
 }
 
 bool DistinctTexts::IsLooseText(Range value) const {

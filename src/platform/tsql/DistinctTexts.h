@@ -4,7 +4,8 @@
 // of a column of UNION, EXCEPT or INTERSECT without ALL whose values are all texts. SQLite gives
 // such a value no collation (a literal its binary one) and PostgreSQL counts a literal's
 // trailing blanks, so 'a' and 'A  ' were two rows; each such value is written in the engine's
-// call that compares it as a column of the database does.
+// call that compares it as a column of the database does. A TEXT or NTEXT column there is SQL
+// Server's error 421.
 
 #include "platform/tsql/StatementColumns.h"
 #include "platform/tsql/StatementTokens.h"
@@ -28,6 +29,7 @@ private:
     // `select`, when one of its operators is without ALL; none otherwise.
     std::vector<size_t> DistinctBranches(size_t select) const;
     void CollateBranches(const std::vector<size_t>& selects);
+    void RefuseLargeText(Range value) const;
     bool IsText(Range value) const;
     // A text literal alone or texts joined by "+": values with no column's collation.
     bool IsLooseText(Range value) const;

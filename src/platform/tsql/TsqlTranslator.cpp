@@ -2,6 +2,7 @@
 
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/DistinctTexts.h"
+#include "platform/tsql/LargeTextRefusals.h"
 #include "platform/tsql/OffsetFetch.h"
 #include "platform/tsql/QueryHints.h"
 #include "platform/tsql/RecursionLimit.h"
@@ -87,6 +88,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StoredValues stored(tokens, m_context);
     stored.NameInsertedColumns();
     stored.PrepareStoredValues();
+    LargeTextRefusals(tokens, m_context).Check();
     TypedExpressions(tokens, m_context).Prepare();
     DistinctTexts(tokens, m_context).Collate();
     StatementWriter writer(tokens, m_context, stored);
