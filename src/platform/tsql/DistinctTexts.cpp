@@ -114,7 +114,8 @@ bool DistinctTexts::IsText(Range value) const {
 // TEXT and NTEXT values are not comparable: SQL Server's error 421.
 void DistinctTexts::RefuseLargeText(Range value) const {
     if (!m_t.NamedColumn(value.first, value.second)) return;
-    const QString type = LargeTextRefusals::LargeTextType(m_t, m_columns, value.second - 1);
+    const QString type =
+        LargeTextRefusals::LargeTextType(m_t, m_columns, m_context, value.second - 1);
     if (!type.isEmpty())
         ThrowStatementError(
             QStringLiteral("The %1 data type cannot be selected as DISTINCT because it is not "

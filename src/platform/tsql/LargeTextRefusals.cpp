@@ -1,5 +1,6 @@
 #include "platform/tsql/LargeTextRefusals.h"
 
+#include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlErrors.h"
 
 #include <algorithm>
@@ -30,7 +31,8 @@ bool ReadsCatalog(const StatementTokens& tokens) {
 } // namespace
 
 QString LargeTextRefusals::LargeTextType(const StatementTokens& tokens,
-                                         const StatementColumns& columns, size_t last) {
+                                         const StatementColumns& columns,
+                                         const TranslationContext& context, size_t last) {
     if (!IsName(tokens[last]) || tokens.SymbolAt(last + 1, u".") ||
         tokens.SymbolAt(last + 1, u"(") || ReadsCatalog(tokens))
         return {};
@@ -38,12 +40,14 @@ QString LargeTextRefusals::LargeTextType(const StatementTokens& tokens,
     // stand for another column.
     const TableColumn* column = columns.Find(last);
     const QString type = column ? column->type.toUpper() : QString();
-    return type == u"TEXT" || type == u"NTEXT" ? type.toLower() : QString();
+    if (type != u"TEXT" && type != u"NTEXT") return {};
+    // A Jet file's TEXT is a short text, which compares and sorts.
+    return DialectOf(context).JetDates() ? QString() : type.toLower();
 }
 
 void LargeTextRefusals::Check() const {
     for (size_t i = 0; i < m_t.size(); ++i) {
-        const QString type = LargeTextType(m_t, m_columns, i);
+        const QString type = LargeTextType(m_t, m_columns, m_context, i);
         if (type.isEmpty()) continue;
         const size_t first = NameStart(i);
         const bool after = first > 0 && m_t.IsComparison(first - 1);

@@ -13,7 +13,7 @@ namespace zlx::tsql {
 class LargeTextRefusals {
 public:
     LargeTextRefusals(const StatementTokens& tokens, const TranslationContext& context)
-        : m_t(tokens), m_columns(tokens, context) {}
+        : m_t(tokens), m_context(context), m_columns(tokens, context) {}
 
     // Throws SQL Server's error for the first such use of a TEXT or NTEXT column.
     void Check() const;
@@ -21,7 +21,7 @@ public:
     // "text" or "ntext" when the name ending at `last` is a column of that type; empty
     // otherwise.
     static QString LargeTextType(const StatementTokens& tokens, const StatementColumns& columns,
-                                 size_t last);
+                                 const TranslationContext& context, size_t last);
 
 private:
     // The first token of the (possibly qualified) name that ends at `last`.
@@ -32,6 +32,7 @@ private:
     bool IsSortKey(size_t first, size_t last) const;
 
     const StatementTokens& m_t;
+    const TranslationContext& m_context;
     StatementColumns m_columns;
 };
 
