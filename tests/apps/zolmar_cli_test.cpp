@@ -124,6 +124,6 @@ nada
         Zolmar(server + QStringList{"ventas", "--mode", "2", "SELECT x FROM nada"});
     EXPECT_EQ(failed.exitCode, 1);
     EXPECT_TRUE(failed.out.startsWith(
-        R"j({"error":{"GetLastError":13,"native":208,"description":"no such table: nada","messages":["Descripción del error:)j"))
+        R"j({"error":{"GetLastError":13,"native":208,"description":"El nombre de objeto 'nada' no es válido.","messages":["Descripción del error:)j"))
         << failed.out.toStdString();
 }

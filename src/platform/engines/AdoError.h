@@ -16,6 +16,7 @@ struct ErrorRecord {
     QString source;               // "Microsoft OLE DB Provider for SQL Server", "SQLite", ...
     std::int32_t nativeError = 0; // the engine's own code (SQL Server numbers after mapping)
     QString sqlState;             // five characters, "08S01" when the link is broken
+    QString detail; // the engine's detail line when it gives one (PostgreSQL's DETAIL)
 };
 
 class AdoError : public std::runtime_error {

@@ -1,5 +1,7 @@
 #include "platform/engines/DriverErrors.h"
 
+#include "platform/engines/SqlServerMessages.h"
+
 namespace zlx::ado {
 
 ErrorRecord MakeRecord(std::int32_t number, const QString& description, const QString& source,
@@ -36,10 +38,8 @@ void ThrowConnectFailed(const QString& description, const QString& source, std::
 }
 
 void ThrowCannotOpenDatabase(const QString& database, const QString& source) {
-    ThrowConnectFailed(
-        QStringLiteral("Cannot open database \"%1\" requested by the login. The login failed.")
-            .arg(database),
-        source, kNativeCannotOpenDatabase, "42000");
+    ThrowConnectFailed(SqlServerMessages::Text(kNativeCannotOpenDatabase, {database}), source,
+                       kNativeCannotOpenDatabase, "42000");
 }
 
 void ThrowNotConnected() {

@@ -24,11 +24,14 @@ ErrorRecord PostgresFailure(pg_conn* conn, const pg_result* result) {
     const char* state = result ? PQresultErrorField(result, PG_DIAG_SQLSTATE) : nullptr;
     const char* message = result ? PQresultErrorField(result, PG_DIAG_MESSAGE_PRIMARY) : nullptr;
     const QString text = QString::fromUtf8(message ? message : PQerrorMessage(conn)).trimmed();
-    return MakeRecord(broken ? adHrConnectFailed : adHrCommandFailed, text, kSource,
-                      broken ? kNativeLinkBroken : 0,
-                      QString::fromLatin1(broken  ? kSqlStateLinkLost
-                                          : state ? state
-                                                  : "42000"));
+    ErrorRecord record = MakeRecord(broken ? adHrConnectFailed : adHrCommandFailed, text, kSource,
+                                    broken ? kNativeLinkBroken : 0,
+                                    QString::fromLatin1(broken  ? kSqlStateLinkLost
+                                                        : state ? state
+                                                                : "42000"));
+    if (result)
+        record.detail = QString::fromUtf8(PQresultErrorField(result, PG_DIAG_MESSAGE_DETAIL));
+    return record;
 }
 
 AdoError PostgresError(const ErrorRecord& record, bool timedOut, bool cancelRequested) {

@@ -2,6 +2,7 @@
 
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/SqlServerTexts.h"
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -15,6 +16,11 @@
 
 namespace zlx::tsql {
 namespace {
+
+// "UNIQUE constraint failed: t.a, t.b": the table t.
+QString DuplicateTable(const QString& message) {
+    return message.section(QStringLiteral(": "), 1).section(u'.', 0, 0);
+}
 
 constexpr FunctionSpelling kFunctions[] = {
     {"ISNULL", 2, false, "ifnull(%1, %2)"},
@@ -736,12 +742,16 @@ ado::ErrorRecord SqliteDialect::MapRecord(const ado::ErrorRecord& record) const 
                 .arg(text.section(QStringLiteral(": "), 1));
     } else if (record.nativeError == kSqliteConstraintPrimaryKey) {
         mapped.nativeError = ado::kNativeDuplicateKey;
-    } else if (record.nativeError == kSqliteConstraintUnique)
+        mapped.description = DuplicateKeyText(mapped.nativeError, QStringLiteral("PRIMARY KEY"),
+                                              QString(), DuplicateTable(text), QString());
+    } else if (record.nativeError == kSqliteConstraintUnique) {
         // "UNIQUE constraint failed: t.a, t.b"
         mapped.nativeError = m_keyConstraints.Contains(text.section(QStringLiteral(": "), 1))
                                  ? ado::kNativeDuplicateKey
                                  : ado::kNativeDuplicateIndexKey;
-    else if (text.contains(u"no such table"))
+        mapped.description = DuplicateKeyText(mapped.nativeError, QStringLiteral("UNIQUE KEY"),
+                                              QString(), DuplicateTable(text), QString());
+    } else if (text.contains(u"no such table"))
         mapped.nativeError = ado::kNativeInvalidObject;
     else if (text.contains(u"no such column"))
         mapped.nativeError = ado::kNativeInvalidColumn;

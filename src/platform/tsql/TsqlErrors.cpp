@@ -1,7 +1,9 @@
 #include "platform/tsql/TsqlErrors.h"
 
 #include "platform/engines/AdoConstants.h"
+#include "platform/engines/SqlServerMessages.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/SqlServerTexts.h"
 
 #include <QStringList>
 
@@ -201,8 +203,8 @@ QStringList UpdatedColumns(const Tokens& statement) {
 
 } // namespace
 
-ado::AdoError StatementError(const QString& description, std::int32_t native,
-                             const QString& sqlState) {
+ado::AdoError StatementError(const QString& english, std::int32_t native, const QString& sqlState) {
+    const QString description = ado::SqlServerMessages::FromEnglish(native, english);
     ado::ErrorRecord record;
     record.number = ado::adHrCommandFailed;
     record.description = description;
@@ -227,7 +229,8 @@ bool IsRefusal(const ado::AdoError& error) {
            error.Records().front().description.startsWith(kRefusal);
 }
 
-ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement) {
+ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement,
+                                   const QString& database) {
     std::vector<ado::ErrorRecord> records = error.Records();
     for (ado::ErrorRecord& record : records) {
         if (record.source == kLayerSource) continue;
@@ -235,8 +238,10 @@ ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& sta
             record.nativeError = native;
         else if (native = TableNumber(record); native != 0)
             record.nativeError = native;
+        record.description = SqlServerDescription(record, statement, database);
     }
-    return ado::AdoError(error.Number(), error.Description(), std::move(records));
+    const QString description = records.empty() ? error.Description() : records.front().description;
+    return ado::AdoError(error.Number(), description, std::move(records));
 }
 
 void CheckIdentityWrites(const Tokens& statement, const QString& table, const QString& identity,

@@ -19,10 +19,11 @@ ado::AdoError StatementError(const QString& description, std::int32_t native,
 // Whether `error` is this layer's refusal of a construct (ThrowUnsupported).
 bool IsRefusal(const ado::AdoError& error);
 
-// `error`, raised by the engine for `statement`, with the native number SQL Server gives the
-// same fault (NULL into NOT NULL 515, division by zero 8134, an object that exists 2714...);
-// records it cannot tell keep their number.
-ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement);
+// `error`, raised by the engine for `statement` in `database`, with the native number SQL Server
+// gives the same fault (NULL into NOT NULL 515, division by zero 8134, an object that exists
+// 2714...) and SQL Server's description of it; records it cannot tell keep their number.
+ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement,
+                                   const QString& database);
 
 // What SQL Server refuses and the engines would do: an INSERT naming the identity column
 // `identity` of its table while IDENTITY_INSERT is OFF for it (544), an UPDATE setting it (8102).

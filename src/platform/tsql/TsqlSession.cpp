@@ -287,10 +287,10 @@ void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int time
         FlushPipeline(sink, timeoutSeconds, true);
     } catch (const StatementPipeline::Failure& failure) {
         AbortTransactionAfter(failure.error);
-        throw WithSqlServerNumbers(failure.error, statements[failure.index]);
+        throw WithSqlServerNumbers(failure.error, statements[failure.index], CurrentDatabase());
     } catch (const ado::AdoError& error) {
         AbortTransactionAfter(error);
-        throw WithSqlServerNumbers(error, statements[current]);
+        throw WithSqlServerNumbers(error, statements[current], CurrentDatabase());
     }
 }
 

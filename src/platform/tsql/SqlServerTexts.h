@@ -1,0 +1,23 @@
+#pragma once
+// The descriptions SQL Server gives the errors the engines report, in the session's language:
+// the parts SQL Server names (object, column, constraint, duplicate value, types) are taken
+// from the engine's message and detail and from the statement that failed.
+
+#include "platform/engines/AdoError.h"
+#include "platform/tsql/TsqlToken.h"
+
+namespace zlx::tsql {
+
+// The description of `record`, numbered already with SQL Server's native number, raised for
+// `statement` in `database`: the layer's English texts reworded, an engine's own message
+// rewritten as SQL Server's text of the number; the description itself for numbers without
+// text.
+QString SqlServerDescription(const ado::ErrorRecord& record, const Tokens& statement,
+                             const QString& database);
+
+// SQL Server's text of a duplicate key in `table`: 2627 for a constraint of `kind` (PRIMARY KEY
+// or UNIQUE KEY), 2601 for a unique index; `name` and `value` may be unknown (empty).
+QString DuplicateKeyText(std::int32_t native, const QString& kind, const QString& name,
+                         const QString& table, const QString& value);
+
+} // namespace zlx::tsql
