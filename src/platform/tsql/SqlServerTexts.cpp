@@ -178,9 +178,14 @@ QString DuplicateText(const ado::ErrorRecord& record, const Tokens& statement) {
     const QString name = Captured(record.description, "constraint \"([^\"]+)\"");
     const QString value = Captured(record.detail, "\\)=(\\(.*\\)) already exists");
     const bool primary = name.endsWith(u"_pkey") || name.startsWith(u"pk", Qt::CaseInsensitive);
+    const QString table = TargetTable(statement);
+    // An index's engine name is table_index; SQL Server names it by the index's own name.
+    const QString prefix = table + u'_';
+    const bool index = record.nativeError == ado::kNativeDuplicateIndexKey &&
+                       name.startsWith(prefix, Qt::CaseInsensitive);
     return DuplicateKeyText(record.nativeError,
                             primary ? QStringLiteral("PRIMARY KEY") : QStringLiteral("UNIQUE KEY"),
-                            name, TargetTable(statement), value);
+                            index ? name.mid(prefix.size()) : name, table, value);
 }
 
 QString SyntaxText(const QString& text, const Tokens& statement) {

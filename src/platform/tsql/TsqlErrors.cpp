@@ -253,10 +253,12 @@ void CheckIdentityWrites(const Tokens& statement, const QString& table, const QS
                                            "table '%1' when IDENTITY_INSERT is set to OFF.")
                                 .arg(table),
                             ado::kNativeIdentityInsertOff, QStringLiteral("23000"));
-    if (statement.front().IsWord(u"UPDATE") &&
-        UpdatedColumns(statement).contains(identity, Qt::CaseInsensitive))
-        ThrowStatementError(QStringLiteral("Cannot update identity column '%1'.").arg(identity),
-                            ado::kNativeIdentityUpdate);
+    if (!statement.front().IsWord(u"UPDATE")) return;
+    // The column as the statement names it: PostgreSQL keeps names in lower case.
+    for (const QString& column : UpdatedColumns(statement))
+        if (column.compare(identity, Qt::CaseInsensitive) == 0)
+            ThrowStatementError(QStringLiteral("Cannot update identity column '%1'.").arg(column),
+                                ado::kNativeIdentityUpdate);
 }
 
 void CheckKeyColumnsNotNull(const Tokens& statement, const QString& table,
