@@ -45,11 +45,12 @@ TEST(ConexionMessages, UnreachableServerListsTheNineCauses) {
 TEST(ConexionMessages, ServerMessageListingsAndDumps) {
     EXPECT_EQ(ServerMessages({}),
               "El servidor SQL no ha retornado ningún mensaje desde la última operación");
-    const std::vector<ado::ErrorRecord> one = {{1, "Bad %1 thing", "src", 208, "42S02"}};
+    const std::vector<ado::ErrorRecord> one = {{1, "Bad %1 thing", "src", 208, "42S02", ""}};
     EXPECT_EQ(ServerMessages(one),
               "El servidor SQL ha retornado el siguiente mensaje:\r\n  #1: Status=208 (Bad %1 "
               "thing)\r\n");
-    const std::vector<ado::ErrorRecord> two = {{1, "a", "s", 4035, ""}, {2, "b", "s", 3014, ""}};
+    const std::vector<ado::ErrorRecord> two = {{1, "a", "s", 4035, "", ""},
+                                               {2, "b", "s", 3014, "", ""}};
     EXPECT_EQ(NativeCodeCheck(4035, two, true),
               "Comprobando estado SQL (se busca el código 4035):\r\nEl servidor SQL ha "
               "retornado los siguientes 2 mensajes:\r\n  #1: Status=4035 (a)\r\n  #2: "
