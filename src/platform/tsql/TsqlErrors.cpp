@@ -203,15 +203,15 @@ QStringList UpdatedColumns(const Tokens& statement) {
 
 } // namespace
 
+// The layer words its errors as SQL Server's us_english texts; they are shown in Spanish.
 ado::AdoError StatementError(const QString& english, std::int32_t native, const QString& sqlState) {
-    const QString description = ado::SqlServerMessages::FromEnglish(native, english);
     ado::ErrorRecord record;
     record.number = ado::adHrCommandFailed;
-    record.description = description;
+    record.description = ado::SqlServerMessages::FromEnglish(native, english);
     record.source = kLayerSource;
     record.nativeError = native;
     record.sqlState = sqlState;
-    return ado::AdoError(ado::adHrCommandFailed, description, {record});
+    return ado::AdoError(ado::adHrCommandFailed, record.description, {record});
 }
 
 void ThrowStatementError(const QString& description, std::int32_t native, const QString& sqlState) {
