@@ -294,6 +294,9 @@ QString EngineText(const ado::ErrorRecord& record, const Tokens& statement,
 
 QString SqlServerDescription(const ado::ErrorRecord& record, const Tokens& statement,
                              const QString& database) {
+    // What the layer refuses to translate (SQLite's identity row id among it) keeps its words.
+    if (record.description.startsWith(u"Construcción T-SQL no soportada"))
+        return record.description;
     const QString reworded = SqlServerMessages::FromEnglish(record.nativeError, record.description);
     return reworded != record.description ? reworded : EngineText(record, statement, database);
 }
