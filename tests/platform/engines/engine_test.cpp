@@ -297,8 +297,9 @@ TEST_P(DatabaseSwitchTest, UnknownDefaultDatabaseIsRefusedWithNative4060) {
         EXPECT_EQ(error.Records()[0].nativeError, 4060);
         EXPECT_TRUE(IsUnknownDatabase(error.Records()));
         EXPECT_FALSE(IsLinkLost(error.Records()));
-        EXPECT_EQ(error.Description(), "Cannot open database \"no_existe\" requested by the "
-                                       "login. The login failed.");
+        EXPECT_EQ(error.Description(), "No se puede abrir la base de datos \"no_existe\" "
+                                       "solicitada por el inicio de sesión. Error de inicio de "
+                                       "sesión.");
     }
     EXPECT_EQ(Scalar("SELECT 4"), 4); // still on the previous database
 }
