@@ -79,6 +79,11 @@ constexpr Message kMessages[] = {
      "La subconsulta ha devuelto más de un valor, lo que no es correcto cuando va a continuación "
      "de "
      "=, !=, <, <= , >, >= o cuando se utiliza como expresión."},
+    {530,
+     "The statement terminated. The maximum recursion %1 has been exhausted before statement "
+     "completion.",
+     "La instrucción ha terminado. Se agotó el máximo de recursividad %1 antes de completar la "
+     "instrucción."},
     {515, nullptr,
      "No se puede insertar el valor NULL en la columna '%1', tabla '%2'. La columna no admite "
      "valores NULL. Error de %3."},
