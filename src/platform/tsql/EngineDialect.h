@@ -12,6 +12,7 @@
 #include "platform/variant/Variant.h"
 
 #include <QStringList>
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <span>
@@ -72,6 +73,11 @@ public:
     // A word the engine reserves that SQL Server takes as a name (limit, offset...): written
     // quoted where it names something.
     virtual bool ReservesWord(const QString&) const { return false; }
+    // Whether `word` is one of `words`, without regard to case (no text is made to compare).
+    static bool IsOneOf(QStringView word, std::span<const QStringView> words) {
+        return std::any_of(words.begin(), words.end(),
+                           [word](QStringView w) { return SameTextIgnoringCase(word, w); });
+    }
     // The engine's spelling of a function call, nullptr when it stays as written.
     const FunctionSpelling* FindFunction(const QString& name) const;
     // How the engine writes SQL Server's built-in functions that BuiltinFunctionWriter takes,

@@ -101,16 +101,15 @@ QString PostgresDialect::QuoteName(const QString& name) const {
 // PostgreSQL's reserved words and those it keeps from column names that SQL Server does not
 // reserve (words with a meaning in T-SQL, such as CAST or BINARY, are left out).
 bool PostgresDialect::ReservesWord(const QString& word) const {
-    static const QSet<QString> words = {
-        u"ANALYSE"_qs,      u"ANALYZE"_qs,        u"ARRAY"_qs,        u"ASYMMETRIC"_qs,
-        u"BOTH"_qs,         u"COLLATION"_qs,      u"CONCURRENTLY"_qs, u"CURRENT_CATALOG"_qs,
-        u"CURRENT_ROLE"_qs, u"CURRENT_SCHEMA"_qs, u"DEFERRABLE"_qs,   u"DO"_qs,
-        u"FREEZE"_qs,       u"ILIKE"_qs,          u"INITIALLY"_qs,    u"LATERAL"_qs,
-        u"LEADING"_qs,      u"LIMIT"_qs,          u"LOCALTIME"_qs,    u"LOCALTIMESTAMP"_qs,
-        u"NATURAL"_qs,      u"NOTNULL"_qs,        u"OFFSET"_qs,       u"OVERLAPS"_qs,
-        u"PLACING"_qs,      u"RETURNING"_qs,      u"SIMILAR"_qs,      u"SYMMETRIC"_qs,
-        u"TRAILING"_qs,     u"VARIADIC"_qs,       u"VERBOSE"_qs,      u"WINDOW"_qs};
-    return words.contains(word.toUpper());
+    static constexpr QStringView words[] = {
+        u"ANALYSE",    u"ANALYZE",      u"ARRAY",           u"ASYMMETRIC",   u"BOTH",
+        u"COLLATION",  u"CONCURRENTLY", u"CURRENT_CATALOG", u"CURRENT_ROLE", u"CURRENT_SCHEMA",
+        u"DEFERRABLE", u"DO",           u"FREEZE",          u"ILIKE",        u"INITIALLY",
+        u"LATERAL",    u"LEADING",      u"LIMIT",           u"LOCALTIME",    u"LOCALTIMESTAMP",
+        u"NATURAL",    u"NOTNULL",      u"OFFSET",          u"OVERLAPS",     u"PLACING",
+        u"RETURNING",  u"SIMILAR",      u"SYMMETRIC",       u"TRAILING",     u"VARIADIC",
+        u"VERBOSE",    u"WINDOW"};
+    return IsOneOf(word, words);
 }
 
 QString PostgresDialect::DateOnly(const QString& value) const {

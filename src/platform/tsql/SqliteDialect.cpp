@@ -124,9 +124,9 @@ QString SqliteDialect::ColumnType(const QString& type) const {
 
 // The words SQLite keeps from column names that SQL Server does not reserve.
 bool SqliteDialect::ReservesWord(const QString& word) const {
-    static const QSet<QString> words = {u"DEFERRABLE"_qs, u"LIMIT"_qs,     u"NOTHING"_qs,
-                                        u"NOTNULL"_qs,    u"RETURNING"_qs, u"RAISE"_qs};
-    return words.contains(word.toUpper());
+    static constexpr QStringView words[] = {u"DEFERRABLE", u"LIMIT",     u"NOTHING",
+                                            u"NOTNULL",    u"RETURNING", u"RAISE"};
+    return IsOneOf(word, words);
 }
 
 // SQLite stores any text in any column: a text's length and an integer's range are checked.
