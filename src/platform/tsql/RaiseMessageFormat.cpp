@@ -100,8 +100,8 @@ private:
         const bool text = argument->VarType() == vbString;
         if (text != (conversion.type == u's'))
             ThrowStatementError(QStringLiteral("The data type of substitution parameter %1 does "
-                                               "not match the expected type of the format "
-                                               "specification.")
+                                               "not match the type its conversion in the "
+                                               "message expects.")
                                     .arg(m_used),
                                 2786);
         if (text) {
