@@ -9,14 +9,10 @@ Token Word(const QString& text, const QString& leading = u" "_qs) {
     return Token{TokenKind::Word, text, leading};
 }
 
-Token Symbol(const QString& text, const QString& leading = QString()) {
-    return Token{TokenKind::Symbol, text, leading};
-}
-
 // `names` separated by commas, each after one blank.
 void AppendList(const Tokens& names, Tokens& out) {
     for (size_t i = 0; i < names.size(); ++i) {
-        if (i > 0) out.push_back(Symbol(u","_qs));
+        if (i > 0) out.push_back(Raw(u","_qs));
         Token name = names[i];
         name.leading = u" "_qs;
         out.push_back(name);
@@ -110,13 +106,13 @@ bool RecursionLimit::Emit(size_t name, size_t close, int limit, Tokens& out) {
     if (!names || names->empty()) return false;
     const Token counted = Word(u"zlx_levels_"_qs + QString::number(name), m_t[name].leading);
     out.push_back(counted);
-    out.push_back(Symbol(u"("_qs, u" "_qs));
+    out.push_back(Raw(u"("_qs, u" "_qs));
     AppendList(*names, out);
-    out.push_back(Symbol(u","_qs));
+    out.push_back(Raw(u","_qs));
     out.push_back(Word(u"zlx_level"_qs));
-    out.push_back(Symbol(u")"_qs));
+    out.push_back(Raw(u")"_qs));
     out.push_back(Word(u"AS"_qs));
-    out.push_back(Symbol(u"("_qs, u" "_qs));
+    out.push_back(Raw(u"("_qs, u" "_qs));
     // The body's queries, split at its UNIONs.
     size_t first = bodyOpen + 1;
     for (size_t i = first; i <= close; ++i) {
@@ -130,21 +126,21 @@ bool RecursionLimit::Emit(size_t name, size_t close, int limit, Tokens& out) {
         first = i + 1;
         if (m_t.WordAt(first, u"ALL")) out.push_back(m_t[first++]);
     }
-    out.push_back(Symbol(u")"_qs));
+    out.push_back(Raw(u")"_qs));
     // The expression as the statement names it: the columns without their level.
-    out.push_back(Symbol(u","_qs));
+    out.push_back(Raw(u","_qs));
     out.push_back(Word(cteName, u" "_qs));
     out.back().kind = m_t[name].kind;
-    out.push_back(Symbol(u"("_qs, u" "_qs));
+    out.push_back(Raw(u"("_qs, u" "_qs));
     AppendList(*names, out);
-    out.push_back(Symbol(u")"_qs));
+    out.push_back(Raw(u")"_qs));
     out.push_back(Word(u"AS"_qs));
-    out.push_back(Symbol(u"("_qs, u" "_qs));
+    out.push_back(Raw(u"("_qs, u" "_qs));
     out.push_back(Word(u"SELECT"_qs, QString()));
     AppendList(*names, out);
     out.push_back(Word(u"FROM"_qs));
     out.push_back(Word(counted.text));
-    out.push_back(Symbol(u")"_qs));
+    out.push_back(Raw(u")"_qs));
     return true;
 }
 
@@ -166,11 +162,11 @@ void RecursionLimit::EmitMember(size_t first, size_t last, const QString& name,
     reader.leading.clear();
     for (size_t i = first; i < last; ++i) {
         if (i == from && recursive) {
-            out.push_back(Symbol(u", zlx_recursion("_qs));
+            out.push_back(Raw(u", zlx_recursion("_qs));
             out.push_back(reader);
-            out.push_back(Symbol(u".zlx_level + 1, "_qs + QString::number(limit) + u")"_qs));
+            out.push_back(Raw(u".zlx_level + 1, "_qs + QString::number(limit) + u")"_qs));
         } else if (i == from) {
-            out.push_back(Symbol(u", 0"_qs));
+            out.push_back(Raw(u", 0"_qs));
         }
         if (i != self) {
             out.push_back(m_t[i]);
@@ -183,7 +179,7 @@ void RecursionLimit::EmitMember(size_t first, size_t last, const QString& name,
             out.back().leading = u" "_qs;
         }
     }
-    if (from == last && !recursive) out.push_back(Symbol(u", 0"_qs));
+    if (from == last && !recursive) out.push_back(Raw(u", 0"_qs));
 }
 
 } // namespace zlx::tsql

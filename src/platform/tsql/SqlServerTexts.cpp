@@ -2,6 +2,7 @@
 
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/engines/SqlServerMessages.h"
+#include "platform/tsql/StatementTokens.h"
 
 #include <QCoreApplication>
 #include <QRegularExpression>
@@ -22,10 +23,6 @@ QString Captured(const QString& text, const char* pattern) {
 // "main.t" or "t.a" as SQL Server names it: the last part.
 QString LastPart(const QString& name) {
     return name.section(u'.', -1);
-}
-
-bool IsName(const Token& token) {
-    return token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName;
 }
 
 // The dotted name starting at `i` as written (dbo.t, t.ix); empty when no name starts there.

@@ -1,5 +1,6 @@
 #include "platform/tsql/SqliteTableRebuild.h"
 
+#include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 
@@ -14,10 +15,6 @@ bool IsTextType(const QString& type) {
     static const QRegularExpression text(QStringLiteral("^\\s*N?(VAR)?CHAR\\b|^\\s*N?TEXT\\b"),
                                          QRegularExpression::CaseInsensitiveOption);
     return text.match(type).hasMatch();
-}
-
-QString SqlString(const QString& value) {
-    return u'\'' + QString(value).replace(u'\'', QStringLiteral("''")) + u'\'';
 }
 
 bool IsConstraintStart(const Token& token) {

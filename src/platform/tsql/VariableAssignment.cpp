@@ -1,6 +1,7 @@
 #include "platform/tsql/VariableAssignment.h"
 
 #include "platform/tsql/SelectList.h"
+#include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlErrors.h"
 
 #include <QSet>
@@ -8,10 +9,6 @@
 
 namespace zlx::tsql {
 namespace {
-
-Token Symbol(const QString& text, const QString& leading = QString()) {
-    return Token{TokenKind::Symbol, text, leading};
-}
 
 bool At(const Tokens& tokens, size_t i, QStringView symbol) {
     return i < tokens.size() && tokens[i].IsSymbol(symbol);
@@ -42,12 +39,12 @@ VariableAssignment::Item ReadItem(const Tokens& tokens, size_t i, size_t end) {
     VariableAssignment::Item item{variable.text, {}};
     if (compound) {
         item.value = {Token{TokenKind::Variable, variable.text, QStringLiteral(" ")},
-                      Symbol(tokens[i + 1].text, QStringLiteral(" ")),
-                      Symbol(QStringLiteral("("), QStringLiteral(" "))};
+                      Raw(tokens[i + 1].text, QStringLiteral(" ")),
+                      Raw(QStringLiteral("("), QStringLiteral(" "))};
     }
     item.value.insert(item.value.end(), tokens.begin() + static_cast<std::ptrdiff_t>(value),
                       tokens.begin() + static_cast<std::ptrdiff_t>(end));
-    if (compound) item.value.push_back(Symbol(QStringLiteral(")")));
+    if (compound) item.value.push_back(Raw(QStringLiteral(")")));
     return item;
 }
 
@@ -96,7 +93,7 @@ Tokens VariableAssignment::Query(const TsqlVariables& variables) const {
                     ThrowUnsupported(QStringLiteral("SELECT %1 = ... %2 ... FROM")
                                          .arg(item.variable, token.text));
         }
-        if (k > 0) query.push_back(Symbol(QStringLiteral(",")));
+        if (k > 0) query.push_back(Raw(QStringLiteral(",")));
         // A date is read on the engine, under SET DATEFORMAT; other values are converted when
         // they are assigned.
         const VariableType& type = variables.TypeOf(item.variable);
@@ -105,11 +102,11 @@ Tokens VariableAssignment::Query(const TsqlVariables& variables) const {
             continue;
         }
         query.push_back(Token{TokenKind::Word, QStringLiteral("CAST"), QStringLiteral(" ")});
-        query.push_back(Symbol(QStringLiteral("(")));
+        query.push_back(Raw(QStringLiteral("(")));
         query.insert(query.end(), item.value.begin(), item.value.end());
         query.push_back(Token{TokenKind::Word, QStringLiteral("AS"), QStringLiteral(" ")});
         query.push_back(Token{TokenKind::Word, type.SqlType(), QStringLiteral(" ")});
-        query.push_back(Symbol(QStringLiteral(")")));
+        query.push_back(Raw(QStringLiteral(")")));
     }
     query.insert(query.end(), rest.begin(), rest.end());
     return query;
