@@ -87,6 +87,10 @@ constexpr Message kMessages[] = {
     {515, nullptr,
      "No se puede insertar el valor NULL en la columna '%1', tabla '%2'. La columna no admite "
      "valores NULL. Error de %3."},
+    {536, "Invalid length parameter passed to the RIGHT function.",
+     "Se ha pasado un parámetro de longitud no válido a la función RIGHT."},
+    {537, "Invalid length parameter passed to the LEFT or SUBSTRING function.",
+     "Se ha pasado un parámetro de longitud no válido a la función LEFT o SUBSTRING."},
     {544,
      "Cannot insert explicit value for identity column in table '%1' when IDENTITY_INSERT is set "
      "to OFF.",

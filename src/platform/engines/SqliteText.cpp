@@ -7,6 +7,7 @@
 #include "platform/engines/SqliteIntegers.h"
 #include "platform/engines/SqliteNumberText.h"
 #include "platform/engines/SqliteSingleValue.h"
+#include "platform/engines/SqliteSubstrings.h"
 #include "platform/engines/TextOrder.h"
 
 #include <QString>
@@ -266,6 +267,7 @@ void Install(sqlite3* db) {
     SqliteNumberText::Install(db);
     SqliteSingleValue::Install(db);
     SqliteBuiltins::Install(db);
+    SqliteSubstrings::Install(db);
 }
 
 } // namespace zlx::ado::SqliteText

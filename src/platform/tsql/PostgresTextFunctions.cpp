@@ -40,6 +40,16 @@ BEGIN
   CREATE OPERATOR || (LEFTARG = bpchar, RIGHTARG = bpchar, FUNCTION = zlx_char_cat);
 EXCEPTION WHEN dependent_objects_still_exist THEN NULL;
 END;
+END IF;
+IF to_regprocedure('zlx_cut_length(integer, text)') IS NULL THEN
+CREATE FUNCTION zlx_cut_length(n integer, function_name text) RETURNS integer LANGUAGE plpgsql
+IMMUTABLE STRICT AS $f$ BEGIN
+IF n < 0 AND function_name = 'RIGHT' THEN
+RAISE EXCEPTION 'Invalid length parameter passed to the RIGHT function.'; END IF;
+IF n < 0 THEN RAISE EXCEPTION 'Invalid length parameter passed to the LEFT or SUBSTRING function.';
+END IF;
+RETURN n;
+END $f$;
 END IF;)sql");
 }
 

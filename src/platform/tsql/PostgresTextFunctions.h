@@ -12,7 +12,9 @@ namespace zlx::tsql {
 // The PL/pgSQL that makes, once in a database's schema, zlx_upper(v), zlx_lower(v),
 // zlx_left(v, n), zlx_right(v, n), zlx_substring(v, start, length) (of a bytea too),
 // zlx_ltrim(v), zlx_text_replace(v, sought, replacement), zlx_varchar(v, n), v cut to n
-// characters, and the operators || that join a bpchar value with its blanks.
+// characters, the operators || that join a bpchar value with its blanks, and
+// zlx_cut_length(n, function), n itself or SQL Server's error for a negative length of LEFT or
+// RIGHT (PostgreSQL's left and right count a negative one from the other end).
 QString BlankKeepingTextFunctions();
 
 } // namespace zlx::tsql

@@ -281,6 +281,7 @@ QString EngineText(const ado::ErrorRecord& record, const Tokens& statement,
     case ado::kNativeDivideByZero:
     case ado::kNativeTruncation:
     case ado::kNativeInvalidFloat:
+    case ado::kNativeInvalidSubstringLength:
         return SqlServerMessages::Text(native);
     default:
         return text;

@@ -26,8 +26,9 @@ constexpr FunctionSpelling kFunctions[] = {
     {"ISNULL", 2, false, "ifnull(%1, %2)"},
     {"GETDATE", 0, false, "datetime('now', 'localtime')"},
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
-    {"RIGHT", 2, true, "substr(%1, -(%2))"},
-    {"LEFT", 2, true, "substr(%1, 1, %2)"},
+    {"RIGHT", 2, true, "zlx_right(%1, %2)"},
+    {"LEFT", 2, true, "zlx_left(%1, %2)"},
+    {"SUBSTRING", 3, true, "zlx_substring(%1, %2, %3)"},
     {"DATALENGTH", 1, true, "zlx_datalength(%1)"},
 };
 

@@ -34,6 +34,7 @@ constexpr FaultNumber kPostgresStates[] = {
     {"42P06", ado::kNativeDatabaseExists},
     {"22001", ado::kNativeTruncation},
     {"2201E", ado::kNativeInvalidFloat},
+    {"22011", ado::kNativeInvalidSubstringLength}, // substr of a negative length
 };
 
 // SQLite's messages (their start, or a part of them) that mean one SQL Server error; the
@@ -66,6 +67,8 @@ constexpr FaultNumber kSqliteTexts[] = {
     {"data type resulted in an out-of-range value", ado::kNativeDateOutOfRange},
     {"An invalid floating point operation occurred", ado::kNativeInvalidFloat},
     {"Cannot construct data type date", ado::kNativeDateConstruction},
+    {"Invalid length parameter passed to the LEFT or", ado::kNativeInvalidSubstringLength},
+    {"Invalid length parameter passed to the", ado::kNativeInvalidLength},
 };
 
 std::int32_t TextNumber(const QString& text) {
