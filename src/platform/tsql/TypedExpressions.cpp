@@ -68,7 +68,8 @@ void TypedExpressions::Prepare() {
     const auto typed = [](const Token& token) {
         return IsArithmetic(&token) || token.IsWord(u"SUM") || token.IsWord(u"AVG") ||
                token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~") || token.IsWord(u"ISNULL") ||
-               token.IsWord(u"CAST") || token.IsWord(u"CONVERT");
+               token.IsWord(u"CAST") || token.IsWord(u"CONVERT") || token.IsWord(u"CASE") ||
+               token.IsWord(u"COALESCE") || token.IsWord(u"IIF");
     };
     if (!m_context.columnType || m_t.IsDdl()) return;
     const bool compares = HasComparison();
@@ -76,6 +77,7 @@ void TypedExpressions::Prepare() {
     ConvertIsNullReplacements();
     for (size_t i = 0; i < m_t.size(); ++i)
         if (BeginsChain(i)) Chain(i, true);
+    ConvertResultTexts();
     if (compares) {
         ConvertComparedTexts();
         ConvertUnionTexts();

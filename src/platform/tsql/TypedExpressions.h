@@ -70,6 +70,10 @@ private:
     void ConvertUnionTexts();
     void ConvertIsNullReplacements();
     void ConvertBranchColumns(const std::vector<size_t>& selects);
+    // The values of CASE, IIF, COALESCE and ISNULL (TypedExpressions_results).
+    void ConvertResultTexts();
+    std::vector<size_t> CaseValues(size_t at) const;
+    void ConvertResultValues(const std::vector<size_t>& starts, bool first);
 
     // A text met by a number takes the number's type (TypedExpressions_textnumbers).
     void TakeNumberType(Typed& text, const Typed& number, bool record);
