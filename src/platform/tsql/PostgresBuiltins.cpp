@@ -132,6 +132,10 @@ END $f$;
 CREATE FUNCTION zlx_zeropad(n bigint, w integer) RETURNS text LANGUAGE sql IMMUTABLE STRICT
 AS $f$ SELECT CASE WHEN char_length(CAST(n AS text)) >= w THEN CAST(n AS text)
 ELSE lpad(CAST(n AS text), w, '0') END $f$;
+END IF;
+IF to_regprocedure('zlx_stuff(bpchar,bigint,bigint,text)') IS NULL THEN
+CREATE FUNCTION zlx_stuff(s bpchar, st bigint, n bigint, r text) RETURNS bpchar LANGUAGE sql
+IMMUTABLE AS $f$ SELECT CAST(zlx_stuff(textin(bpcharout(s)), st, n, r) AS bpchar) $f$;
 END IF;)sql");
 }
 

@@ -1,7 +1,7 @@
 -- SUBSTRING, LEFT and RIGHT cut as SQL Server does: a start before the first character still
 -- counts its positions (SUBSTRING('abcdef', -1, 3) is 'a'), a part past the end is empty, a
 -- length of 0 gives '', NULL gives NULL; a negative length is error 537 for LEFT and SUBSTRING
--- and 536 for RIGHT, from literals and from columns alike.
+-- and 536 for RIGHT, from literals and from columns alike. They and STUFF keep trailing blanks.
 -- run
 SELECT '[' + SUBSTRING('abcdef', 0, 3) + ']', '[' + SUBSTRING('abcdef', -1, 3) + ']', '[' + SUBSTRING('abc', 2, 100) + ']', '[' + SUBSTRING('abc', 5, 2) + ']', '[' + SUBSTRING('abcdef', -5, 3) + ']'
 -- expect
@@ -47,3 +47,11 @@ error 537
 SELECT SUBSTRING('abc', 1, -1)
 -- expect
 error 537
+-- run
+INSERT INTO cortes VALUES (3, 'Eva  ', 0)
+SELECT STUFF(nombre, 1, 1, 'A') + '#', LEFT(nombre, 4) + '#', RIGHT(nombre, 3) + '#', SUBSTRING(nombre, 3, 5) + '#' FROM cortes WHERE id = 3
+-- expect
+count 1
+rowset
+row Ava  #|Eva #|a  #|a  #
+end
