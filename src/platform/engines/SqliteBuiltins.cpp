@@ -42,6 +42,14 @@ void Log(sqlite3_context* context, int count, sqlite3_value** values) {
     sqlite3_result_double(context, std::log(x) / std::log(base));
 }
 
+// sqrt(x): x must not be negative (SQLite answers NULL).
+void SquareRoot(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const double x = sqlite3_value_double(values[0]);
+    if (x < 0) return sqlite3_result_error(context, kInvalidFloat, -1);
+    sqlite3_result_double(context, std::sqrt(x));
+}
+
 // zlx_str(value, length, decimals): the value rounded to `decimals` places and right-aligned
 // in `length` characters, with fewer places when they do not fit, stars when the whole part
 // does not.
@@ -266,6 +274,7 @@ void Install(sqlite3* db) {
         {"zlx_recursion", 2, &Recursion},
         {"zlx_log", 1, &Log},
         {"zlx_log", 2, &Log},
+        {"zlx_sqrt", 1, &SquareRoot},
         {"zlx_str", 3, &Str},
         {"zlx_number", 6, &Number},
         {"zlx_replicate", 2, &Replicate},

@@ -25,6 +25,8 @@ QString DuplicateTable(const QString& message) {
 constexpr FunctionSpelling kFunctions[] = {
     {"ISNULL", 2, false, "ifnull(%1, %2)"},
     {"GETDATE", 0, false, "datetime('now', 'localtime')"},
+    {"GETUTCDATE", 0, false, "datetime('now')"},
+    {"SQRT", 1, true, "zlx_sqrt(%1)"},
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
     {"RIGHT", 2, true, "zlx_right(%1, %2)"},
     {"LEFT", 2, true, "zlx_left(%1, %2)"},

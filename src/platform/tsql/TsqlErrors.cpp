@@ -34,6 +34,7 @@ constexpr FaultNumber kPostgresStates[] = {
     {"42P06", ado::kNativeDatabaseExists},
     {"22001", ado::kNativeTruncation},
     {"2201E", ado::kNativeInvalidFloat},
+    {"2201F", ado::kNativeInvalidFloat}, // a negative number's square root or fractional power
     {"22011", ado::kNativeInvalidSubstringLength}, // substr of a negative length
 };
 

@@ -68,8 +68,8 @@ void TypedExpressions::Prepare() {
     const auto typed = [](const Token& token) {
         return IsArithmetic(&token) || token.IsWord(u"SUM") || token.IsWord(u"AVG") ||
                token.IsWord(u"DATALENGTH") || token.IsSymbol(u"~") || token.IsWord(u"ISNULL") ||
-               token.IsWord(u"CAST") || token.IsWord(u"CONVERT") || token.IsWord(u"CASE") ||
-               token.IsWord(u"COALESCE") || token.IsWord(u"IIF");
+               token.IsWord(u"POWER") || token.IsWord(u"CAST") || token.IsWord(u"CONVERT") ||
+               token.IsWord(u"CASE") || token.IsWord(u"COALESCE") || token.IsWord(u"IIF");
     };
     if (!m_context.columnType || m_t.IsDdl()) return;
     const bool compares = HasComparison();
@@ -224,9 +224,9 @@ QString TypedExpressions::CallType(size_t name, size_t last) {
                                          u"YEAR"_qs,      u"MONTH"_qs,    u"DAY"_qs};
     // Functions whose result has their first argument's type (a text's national or not).
     static const QStringList sameType = {
-        u"MIN"_qs,     u"MAX"_qs,   u"ABS"_qs,   u"ISNULL"_qs, u"ROUND"_qs,  u"FLOOR"_qs,
-        u"CEILING"_qs, u"SUM"_qs,   u"AVG"_qs,   u"LEFT"_qs,   u"RIGHT"_qs,  u"SUBSTRING"_qs,
-        u"LTRIM"_qs,   u"RTRIM"_qs, u"UPPER"_qs, u"LOWER"_qs,  u"REPLACE"_qs};
+        u"MIN"_qs,     u"MAX"_qs,   u"ABS"_qs,   u"ISNULL"_qs, u"ROUND"_qs,   u"FLOOR"_qs,
+        u"CEILING"_qs, u"SUM"_qs,   u"AVG"_qs,   u"LEFT"_qs,   u"RIGHT"_qs,   u"SUBSTRING"_qs,
+        u"LTRIM"_qs,   u"RTRIM"_qs, u"UPPER"_qs, u"LOWER"_qs,  u"REPLACE"_qs, u"POWER"_qs};
     const QString function = m_t[name].text.toUpper();
     const size_t open = name + 1;
     const size_t close = last - 1;
@@ -250,7 +250,8 @@ void TypedExpressions::WrapCalls() {
         const bool sum = name.IsWord(u"SUM");
         const bool average = name.IsWord(u"AVG");
         const bool length = name.IsWord(u"DATALENGTH");
-        if (!(sum || average || length) || !m_t.SymbolAt(i + 1, u"(")) continue;
+        const bool power = name.IsWord(u"POWER");
+        if (!(sum || average || length || power) || !m_t.SymbolAt(i + 1, u"(")) continue;
         const size_t close = m_t.Close(i + 1);
         if (length) {
             const auto argument = OperandAt(i + 2) ? Chain(i + 2, false) : std::nullopt;
@@ -263,6 +264,8 @@ void TypedExpressions::WrapCalls() {
             AddWrap(i, close + 1, m_dialect.Cast(kValue, type, false));
         else if (sum && IsIntegerType(type))
             AddWrap(i, close + 1, m_dialect.IntegerResult(kValue, type));
+        else if (power && IsIntegerType(type)) // POWER(2, -1) is 0, as an integer's power
+            AddWrap(i, close + 1, m_dialect.IntegerCast(kValue, type));
     }
 }
 

@@ -85,7 +85,7 @@ private:
     void WrapNumberTextCasts();
     void WrapNumberText(const Typed& value, const QString& target, int length);
 
-    // SUM, AVG and DATALENGTH calls whose result the engine's call gives.
+    // SUM, AVG, DATALENGTH and POWER calls whose result the engine's call gives.
     void WrapCalls();
     void WrapBitNegations();
     void AddWrap(size_t first, size_t last, const QString& call, bool operand = false);
