@@ -45,16 +45,6 @@ QString DatePattern(QChar kind, bool spanish) {
     }
 }
 
-QString NumberSql(const QString& value, int minDecimals, int maxDecimals, int minDigits,
-                  const QString& group, const QString& point) {
-    return QStringLiteral("zlx_number(%1, %2, %3, %4, %5, %6)")
-        .arg(value)
-        .arg(minDecimals)
-        .arg(maxDecimals)
-        .arg(minDigits)
-        .arg(SqlString(group), SqlString(point));
-}
-
 QString ZeroPadded(const QString& number, int width) {
     return QStringLiteral("zlx_zeropad(%1, %2)").arg(number).arg(width);
 }
@@ -64,6 +54,16 @@ QString ZeroPadded(const QString& number, int width) {
 }
 
 } // namespace
+
+QString NumberSql(const QString& value, int minDecimals, int maxDecimals, int minDigits,
+                  const QString& group, const QString& point) {
+    return QStringLiteral("zlx_number(%1, %2, %3, %4, %5, %6)")
+        .arg(value)
+        .arg(minDecimals)
+        .arg(maxDecimals)
+        .arg(minDigits)
+        .arg(SqlString(group), SqlString(point));
+}
 
 FormatWriter::FormatWriter(const TranslationContext& context)
     : m_context(context), m_dialect(DialectOf(context)) {}

@@ -13,6 +13,11 @@
 
 namespace zlx::tsql {
 
+// The engines' zlx_number call: `value` with `minDecimals` to `maxDecimals` places, at least
+// `minDigits` whole digits, `group` between thousands and `point` before the places.
+QString NumberSql(const QString& value, int minDecimals, int maxDecimals, int minDigits,
+                  const QString& group, const QString& point);
+
 class FormatWriter {
 public:
     explicit FormatWriter(const TranslationContext& context);

@@ -84,6 +84,8 @@ private:
     // CAST and CONVERT of numbers to text types (TypedExpressions_casts).
     void WrapNumberTextCasts();
     void WrapNumberText(const Typed& value, const QString& target, int length);
+    void WrapStyledNumberText(const Typed& value, size_t comma, size_t close, const QString& target,
+                              int length);
 
     // SUM, AVG, DATALENGTH and POWER calls whose result the engine's call gives.
     void WrapCalls();

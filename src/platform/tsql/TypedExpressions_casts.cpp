@@ -5,6 +5,8 @@
 // 8115 otherwise, where the engines would cut it.
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlFormat.h"
 #include "platform/tsql/TypeNames.h"
 #include "platform/tsql/TypedExpressions.h"
 
@@ -37,13 +39,44 @@ void TypedExpressions::WrapNumberTextCasts() {
         if (!target) continue;
         const size_t close = m_t.Close(i + 1);
         const std::vector<size_t> commas = m_t.Commas(i + 1, close);
-        // A CONVERT with a style writes the number otherwise.
-        if (!cast && commas.size() != 1) continue;
+        if (!cast && (commas.empty() || commas.size() > 2)) continue;
         const size_t first = cast ? i + 2 : commas.front() + 1;
-        const size_t end = cast ? m_t.DepthZeroWord(i + 2, u"AS") : close;
+        const size_t end = cast                              ? m_t.DepthZeroWord(i + 2, u"AS")
+                           : commas.back() == commas.front() ? close
+                                                             : commas.back();
         const auto value = OperandAt(first) ? Chain(first, false) : std::nullopt;
-        if (value && value->last == end) WrapNumberText(*value, target->name, target->length);
+        if (!value || value->last != end) continue;
+        if (!cast && commas.size() == 2) {
+            WrapStyledNumberText(*value, commas.back(), close, target->name, target->length);
+            continue;
+        }
+        WrapNumberText(*value, target->name, target->length);
     }
+}
+
+// CONVERT(VARCHAR(n), number, style): MONEY in style 1 has thousands separators, in style 2 four
+// places, in style 0 as without one; the style of an integer or DECIMAL changes nothing; a
+// FLOAT's scientific styles are refused. A value of no number type keeps its style (a date's).
+void TypedExpressions::WrapStyledNumberText(const Typed& value, size_t comma, size_t close,
+                                            const QString& target, int length) {
+    const QString type = NumberTypeOf(value);
+    const Token* style = m_t.At(comma + 1);
+    if (type.isEmpty() || !style || style->kind != TokenKind::Number || comma + 2 != close) return;
+    const int number = style->text.toInt();
+    const bool money = type == u"MONEY" || type == u"SMALLMONEY";
+    const bool real = type == u"FLOAT" || type == u"REAL";
+    if ((money && number > 2) || (real && number != 0))
+        ThrowUnsupported(QStringLiteral("CONVERT con estilo %1 de %2").arg(number).arg(type));
+    m_dropped.push_back(comma);
+    m_dropped.push_back(comma + 1);
+    if (money && number == 1)
+        return AddWrap(
+            value.first, value.last,
+            NumberSql(QStringLiteral("\x01"), 2, 2, 1, QStringLiteral(","), QStringLiteral(".")));
+    if (money && number == 2)
+        return AddWrap(value.first, value.last,
+                       NumberSql(QStringLiteral("\x01"), 4, 4, 1, QString(), QStringLiteral(".")));
+    WrapNumberText(value, target, length);
 }
 
 void TypedExpressions::WrapNumberText(const Typed& value, const QString& target, int length) {
