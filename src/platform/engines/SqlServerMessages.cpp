@@ -140,6 +140,9 @@ constexpr Message kMessages[] = {
     {3701, nullptr, "No se puede quitar %1 '%2' porque no existe o no tiene permiso."},
     {3701, "Cannot drop the database '%1', because it does not exist.",
      "No se puede quitar la base de datos '%1' porque no existe o no tiene permiso."},
+    {3726, "Could not drop object '%1' because it is referenced by a FOREIGN KEY constraint.",
+     "No se puede quitar el objeto '%1' porque se hace referencia a él en una restricción "
+     "FOREIGN KEY."},
     {3728, "'%1' is not a constraint.", "'%1' no es una restricción."},
     {3902, "The COMMIT TRANSACTION request has no corresponding BEGIN TRANSACTION.",
      "La solicitud COMMIT TRANSACTION no tiene la correspondiente BEGIN TRANSACTION."},
@@ -149,6 +152,11 @@ constexpr Message kMessages[] = {
      "No se puede abrir la base de datos \"%1\" solicitada por el inicio de sesión. Error de "
      "inicio "
      "de sesión."},
+    {4712,
+     "Cannot truncate table '%1' because it is being referenced by a FOREIGN KEY "
+     "constraint.",
+     "No se puede truncar la tabla '%1' porque se hace referencia a ella en una restricción "
+     "FOREIGN KEY."},
     {4901, nullptr,
      "ALTER TABLE solo permite agregar columnas que puedan contener valores NULL, que tengan "
      "especificada una definición DEFAULT o que sean columnas de identidad o de marca de tiempo; "

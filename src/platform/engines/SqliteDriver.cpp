@@ -296,6 +296,8 @@ void SqliteDriver::OpenFile(const QString& path, bool create) {
     m_db = db;
     sqlite3_busy_handler(m_db, &SqliteDriver::Busy, this);
     sqlite3_extended_result_codes(m_db, 1);
+    // FOREIGN KEY constraints hold as on SQL Server, in the databases attached later too.
+    sqlite3_db_config(m_db, SQLITE_DBCONFIG_ENABLE_FKEY, 1, nullptr);
     sqlite3_progress_handler(m_db, kProgressSteps, &SqliteDriver::Progress, this);
     if (!m_readOnly) sqlite3_exec(m_db, "PRAGMA journal_mode=WAL", nullptr, nullptr, nullptr);
     SqliteText::Install(m_db);

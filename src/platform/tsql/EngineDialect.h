@@ -7,6 +7,7 @@
 
 #include "platform/engines/AdoError.h"
 #include "platform/engines/SqlServerDateTypes.h"
+#include "platform/tsql/ForeignKey.h"
 #include "platform/tsql/TableColumns.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/variant/Variant.h"
@@ -325,6 +326,9 @@ public:
     virtual bool DropNamedDefault(const QString& table, const QString& name) = 0;
     // Whether the engine table has a constraint, or an index standing for one, named `name`.
     virtual bool HasConstraint(const QString& table, const QString& name) = 0;
+    // The FOREIGN KEY constraints of the T-SQL table and those of other tables that reference
+    // it; none when there is no such table.
+    virtual std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) = 0;
     // sp_indexes_rowset: %1 the table, %2 the index or NULL, %3 its engine name.
     virtual QString IndexesQuery(const QString& schema) const = 0;
     // Definitions this engine handles itself; false: translate the statement.

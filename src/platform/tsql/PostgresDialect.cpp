@@ -429,6 +429,28 @@ bool PostgresDialect::HasConstraint(const QString& table, const QString& name) {
                 .empty();
 }
 
+std::vector<ForeignKey> PostgresDialect::ForeignKeysAround(const QString& tsqlTable) {
+    // The columns of a key in their order, joined by commas.
+    const auto columns = [](const char* keys, const char* table) {
+        return QStringLiteral("(SELECT string_agg(CAST(a.attname AS text), ',' ORDER BY k.n) FROM "
+                              "unnest(c.%1) WITH ORDINALITY k(num, n) JOIN pg_attribute a ON "
+                              "a.attrelid = c.%2 AND a.attnum = k.num)")
+            .arg(QLatin1String(keys), QLatin1String(table));
+    };
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT CAST(c.conname AS text), CAST(r.relname AS text), %1, "
+                       "CAST(p.relname AS text), %2 FROM pg_constraint c JOIN pg_class r ON r.oid "
+                       "= c.conrelid JOIN pg_class p ON p.oid = c.confrelid WHERE c.contype = "
+                       "'f' AND to_regclass(%3) IN (c.conrelid, c.confrelid) ORDER BY c.oid")
+            .arg(columns("conkey", "conrelid"), columns("confkey", "confrelid"),
+                 SqlString(Access().EngineObjectName(tsqlTable))));
+    std::vector<ForeignKey> keys;
+    for (const auto& row : rows)
+        keys.push_back({row[0].ToString(), row[1].ToString(), row[2].ToString().split(u','),
+                        row[3].ToString(), row[4].ToString().split(u',')});
+    return keys;
+}
+
 QString PostgresDialect::IndexesQuery(const QString&) const {
     return QStringLiteral("SELECT CAST(tablename AS text) AS TABLE_NAME, "
                           "CAST(COALESCE(%2, indexname) AS text) AS INDEX_NAME FROM "

@@ -76,6 +76,7 @@ public:
     void NameDefault(const QString& table, const QString& column, const QString& name) override;
     bool DropNamedDefault(const QString& table, const QString& name) override;
     bool HasConstraint(const QString& table, const QString& name) override;
+    std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) override;
     QString IndexesQuery(const QString& schema) const override;
     QString TruncateSql(const QString& table) const override;
     bool TruncateRestartsIdentity() const override { return true; }

@@ -56,15 +56,6 @@ std::size_t After(const Tokens& statement, std::initializer_list<QStringView> wo
     return i;
 }
 
-// The table an INSERT, UPDATE, DELETE or ALTER TABLE writes, without its schema.
-QString TargetTable(const Tokens& statement) {
-    std::size_t i = After(statement, {u"INSERT", u"(INTO)"});
-    if (i == 0) i = After(statement, {u"UPDATE"});
-    if (i == 0) i = After(statement, {u"DELETE", u"(FROM)"});
-    if (i == 0) i = After(statement, {u"ALTER", u"TABLE"});
-    return i > 0 ? LastPart(DottedName(statement, i)) : QString();
-}
-
 // The name a CREATE makes (TABLE, VIEW, PROCEDURE, DATABASE, INDEX ...), without its schema.
 QString CreatedName(const Tokens& statement) {
     static const QStringList kinds = {
@@ -109,11 +100,6 @@ QString SqlServerTypeName(const QString& type) {
     return type;
 }
 
-QString StatementKind(const Tokens& statement) {
-    return statement.empty() || statement[0].IsWord(u"SELECT") ? QStringLiteral("INSERT")
-                                                               : statement[0].text.toUpper();
-}
-
 QString NameNotFoundText(std::int32_t native, const QString& text) {
     QString name = Captured(text, "no such (?:table|column): (\\S+)");
     if (name.isEmpty()) name = Captured(text, "has no column named (\\S+)");
@@ -147,7 +133,9 @@ QString ConflictText(const ado::ErrorRecord& record, const Tokens& statement,
         kind = text.startsWith(u"update or delete") ? QStringLiteral("REFERENCE")
                                                     : QStringLiteral("FOREIGN KEY");
         const QString referring = Captured(text, "\" on table \"([^\"]+)\"");
+        const QString referenced = Captured(record.detail, "is not present in table \"([^\"]+)\"");
         if (!referring.isEmpty()) table = referring;
+        if (!referenced.isEmpty()) table = referenced;
     }
     return SqlServerMessages::Text(
         ado::kNativeConstraintConflict,
@@ -289,6 +277,19 @@ QString EngineText(const ado::ErrorRecord& record, const Tokens& statement,
 }
 
 } // namespace
+
+QString TargetTable(const Tokens& statement) {
+    std::size_t i = After(statement, {u"INSERT", u"(INTO)"});
+    if (i == 0) i = After(statement, {u"UPDATE"});
+    if (i == 0) i = After(statement, {u"DELETE", u"(FROM)"});
+    if (i == 0) i = After(statement, {u"ALTER", u"TABLE"});
+    return i > 0 ? LastPart(DottedName(statement, i)) : QString();
+}
+
+QString StatementKind(const Tokens& statement) {
+    return statement.empty() || statement[0].IsWord(u"SELECT") ? QStringLiteral("INSERT")
+                                                               : statement[0].text.toUpper();
+}
 
 QString SqlServerDescription(const ado::ErrorRecord& record, const Tokens& statement,
                              const QString& database) {

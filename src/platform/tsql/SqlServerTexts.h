@@ -20,4 +20,9 @@ QString SqlServerDescription(const ado::ErrorRecord& record, const Tokens& state
 QString DuplicateKeyText(std::int32_t native, const QString& kind, const QString& name,
                          const QString& table, const QString& value);
 
+// The table an INSERT, UPDATE, DELETE or ALTER TABLE writes, without its schema.
+QString TargetTable(const Tokens& statement);
+// The statement's first word as SQL Server's messages name it (INSERT, UPDATE, DELETE...).
+QString StatementKind(const Tokens& statement);
+
 } // namespace zlx::tsql

@@ -79,6 +79,24 @@ std::pair<QString, QString> SchemaAndCatalogName(const QString& table) {
     return {schema, Unquoted(name)};
 }
 
+// The name of the FOREIGN KEY of a table's definition whose first column is `column`: the
+// one its CONSTRAINT gives, else table_column_fkey (as PostgreSQL names them).
+QString ForeignKeyName(const QString& created, const QString& table, const QString& column) {
+    for (const Tokens& piece : SqliteTableRebuild::DefinitionPieces(created)) {
+        const auto key = std::find_if(piece.begin(), piece.end(), [](const Token& token) {
+            return token.IsWord(u"FOREIGN") || token.IsWord(u"REFERENCES");
+        });
+        if (key == piece.end()) continue;
+        const bool tableKey = key->IsWord(u"FOREIGN");
+        // A table's key names its columns after FOREIGN KEY (; a column's is the column.
+        const Token& first = tableKey && key + 3 < piece.end() ? *(key + 3) : piece.front();
+        if (first.text.compare(column, Qt::CaseInsensitive) != 0) continue;
+        const auto at = static_cast<std::size_t>(key - piece.begin());
+        if (at >= 2 && piece[at - 2].IsWord(u"CONSTRAINT")) return piece[at - 1].text;
+    }
+    return QStringLiteral("%1_%2_fkey").arg(table, column);
+}
+
 SqliteIdentities::Table IdentityTable(const QString& table) {
     const auto [schema, bare] = SchemaAndCatalogName(table);
     return {schema, bare};
@@ -534,6 +552,41 @@ bool SqliteDialect::HasConstraint(const QString& table, const QString& name) {
                 .empty();
 }
 
+std::vector<ForeignKey> SqliteDialect::ForeignKeysAround(const QString& tsqlTable) {
+    const auto [schema, bare] = SchemaAndCatalogName(Access().EngineObjectName(tsqlTable));
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT m.name, f.id, f.\"table\", f.\"from\", f.\"to\", m.sql FROM "
+                       "\"%1\".sqlite_master m, pragma_foreign_key_list(m.name, '%1') f WHERE "
+                       "m.type = 'table' AND (m.name = %2 COLLATE NOCASE OR f.\"table\" = %2 "
+                       "COLLATE NOCASE) ORDER BY m.name, f.id, f.seq")
+            .arg(schema, SqlString(bare)));
+    std::vector<ForeignKey> keys;
+    QString last;
+    for (const auto& row : rows) {
+        const QString id = row[0].ToString() + u'.' + row[1].ToString();
+        if (id != last) {
+            keys.push_back({ForeignKeyName(row[5].ToString(), row[0].ToString(), row[3].ToString()),
+                            row[0].ToString(),
+                            {},
+                            row[2].ToString(),
+                            {}});
+            last = id;
+        }
+        keys.back().columns << row[3].ToString();
+        if (!row[4].IsNull()) keys.back().referencedColumns << row[4].ToString();
+    }
+    // REFERENCES p without columns names p's primary key.
+    for (ForeignKey& key : keys) {
+        if (!key.referencedColumns.isEmpty()) continue;
+        for (const auto& row : Access().Query(
+                 QStringLiteral("SELECT name FROM pragma_table_info(%1, '%2') WHERE pk > 0 ORDER "
+                                "BY pk")
+                     .arg(SqlString(key.referenced), schema)))
+            key.referencedColumns << row[0].ToString();
+    }
+    return keys;
+}
+
 QString SqliteDialect::IndexesQuery(const QString& schema) const {
     return QStringLiteral("SELECT tbl_name AS TABLE_NAME, ifnull(%2, name) AS INDEX_NAME FROM ") +
            (schema.isEmpty() ? QStringLiteral("main.") : schema) +
@@ -552,6 +605,11 @@ bool SqliteDialect::RunDefinition(const Tokens& statement) {
         statement[4].IsWord(u"CONSTRAINT") &&
         (statement[6].IsWord(u"PRIMARY") || statement[6].IsWord(u"UNIQUE"))) {
         AddKeyConstraint(statement);
+        return true;
+    }
+    if (statement.size() >= 8 && statement[3].IsWord(u"ADD") &&
+        statement[4].IsWord(u"CONSTRAINT") && statement[6].IsWord(u"FOREIGN")) {
+        AddForeignKey(statement);
         return true;
     }
     if (statement.size() > 6 && statement[3].IsWord(u"ALTER") && statement[4].IsWord(u"COLUMN")) {
@@ -604,6 +662,22 @@ void SqliteDialect::AddKeyConstraint(const Tokens& statement) {
         QStringLiteral("CONSTRAINT %1 %2 (%3)")
             .arg(statement[5].text,
                  primary ? QStringLiteral("PRIMARY KEY") : QStringLiteral("UNIQUE"), columns));
+}
+
+// ALTER TABLE t ADD CONSTRAINT name FOREIGN KEY (a) REFERENCES [dbo.]p (b) [ON ...]: the
+// constraint joins the table's definition, the referenced table named without its schema.
+void SqliteDialect::AddForeignKey(const Tokens& statement) {
+    Tokens constraint;
+    for (std::size_t i = 4; i < statement.size(); ++i) {
+        const bool schema = i + 2 < statement.size() && statement[i + 1].IsSymbol(u".") &&
+                            statement[i - 1].IsWord(u"REFERENCES");
+        constraint.push_back(statement[schema ? i + 2 : i]);
+        if (schema) constraint.back().leading = statement[i].leading;
+        if (schema) i += 2;
+    }
+    constraint.front().leading.clear();
+    Rebuilder(Access().EngineObjectName(statement[2].text))
+        .AddConstraint(TokensToSql(constraint).trimmed());
 }
 
 QString SqliteDialect::TruncateSql(const QString& table) const {

@@ -81,6 +81,7 @@ public:
     void NameDefault(const QString& table, const QString& column, const QString& name) override;
     bool DropNamedDefault(const QString& table, const QString& name) override;
     bool HasConstraint(const QString& table, const QString& name) override;
+    std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) override;
     QString IndexesQuery(const QString& schema) const override;
     bool RunDefinition(const Tokens& statement) override;
     QString TruncateSql(const QString& table) const override;
@@ -110,6 +111,7 @@ private:
     QStringList ObjectViews(const QString& locksSchema) const;
     QStringList InformationSchemaViews() const;
     SqliteTableRebuild Rebuilder(const QString& table);
+    void AddForeignKey(const Tokens& statement);
     void AddKeyConstraint(const Tokens& statement);
 
     void NoteKeyConstraints(const QString& schema, const QString& table);

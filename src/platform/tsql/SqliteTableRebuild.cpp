@@ -5,6 +5,7 @@
 #include "platform/tsql/TsqlTokenizer.h"
 
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QStringList>
 #include <algorithm>
 
@@ -56,30 +57,6 @@ void RemoveDefault(Tokens& definition) {
     const size_t value = definition[start].IsWord(u"CONSTRAINT") ? start + 3 : start + 1;
     definition.erase(definition.begin() + start,
                      definition.begin() + DefaultValueEnd(definition, value));
-}
-
-// The column definitions of CREATE TABLE t (...): the top-level pieces between the first "("
-// and its ")".
-std::vector<Tokens> ColumnPieces(const QString& created) {
-    const Tokens tokens = Tokenize(created);
-    size_t open = 0;
-    while (open < tokens.size() && !tokens[open].IsSymbol(u"("))
-        ++open;
-    std::vector<Tokens> pieces(1);
-    int depth = 0;
-    for (size_t close = open + 1; close < tokens.size(); ++close) {
-        const Token& token = tokens[close];
-        if (token.IsSymbol(u"("))
-            ++depth;
-        else if (token.IsSymbol(u")") && depth-- == 0)
-            break;
-        if (depth == 0 && token.IsSymbol(u",")) {
-            pieces.emplace_back();
-            continue;
-        }
-        pieces.back().push_back(token);
-    }
-    return pieces;
 }
 
 // Takes off the checks named zlx_<number>_... that held the old type's limits.
@@ -145,6 +122,28 @@ Tokens WithLeadingBlank(Tokens tokens) {
 
 } // namespace
 
+std::vector<Tokens> SqliteTableRebuild::DefinitionPieces(const QString& created) {
+    const Tokens tokens = Tokenize(created);
+    size_t open = 0;
+    while (open < tokens.size() && !tokens[open].IsSymbol(u"("))
+        ++open;
+    std::vector<Tokens> pieces(1);
+    int depth = 0;
+    for (size_t close = open + 1; close < tokens.size(); ++close) {
+        const Token& token = tokens[close];
+        if (token.IsSymbol(u"("))
+            ++depth;
+        else if (token.IsSymbol(u")") && depth-- == 0)
+            break;
+        if (depth == 0 && token.IsSymbol(u",")) {
+            pieces.emplace_back();
+            continue;
+        }
+        pieces.back().push_back(token);
+    }
+    return pieces;
+}
+
 SqliteTableRebuild::SqliteTableRebuild(Runner run, QString schema, QString table)
     : m_run(std::move(run)), m_schema(std::move(schema)), m_table(std::move(table)) {}
 
@@ -196,7 +195,7 @@ void SqliteTableRebuild::NameDefault(const QString& column, const QString& name)
 }
 
 QString SqliteTableRebuild::ColumnOfDefault(const QString& name) {
-    for (const Tokens& piece : ColumnPieces(CreatedSql())) {
+    for (const Tokens& piece : DefinitionPieces(CreatedSql())) {
         const size_t start = DefaultStart(piece);
         if (start + 1 < piece.size() && piece[start].IsWord(u"CONSTRAINT") &&
             piece[start + 1].text.compare(name, Qt::CaseInsensitive) == 0)
@@ -222,7 +221,7 @@ void SqliteTableRebuild::AddConstraint(const QString& constraint) {
 
 bool SqliteTableRebuild::DropConstraint(const QString& name) {
     bool found = false;
-    for (Tokens piece : ColumnPieces(CreatedSql()))
+    for (Tokens piece : DefinitionPieces(CreatedSql()))
         found = found || RemoveNamedConstraint(piece, name);
     if (!found) return false;
     Rebuild([&](std::vector<Tokens>& pieces) {
@@ -255,6 +254,34 @@ void SqliteTableRebuild::RebuildColumn(const QString& column,
     });
 }
 
+// Dropping the old table would delete its rows first, which the FOREIGN KEY constraints of
+// the tables referencing it would refuse or pass on to them (ON DELETE CASCADE): they are
+// switched off while the table is made again. Inside a transaction SQLite keeps them on, and a
+// table referenced by another is refused there.
+bool SqliteTableRebuild::SwitchForeignKeysOff() {
+    if (m_run(QStringLiteral("PRAGMA foreign_keys")).value(0) != u"1") return false;
+    m_run(QStringLiteral("PRAGMA foreign_keys = OFF"));
+    if (m_run(QStringLiteral("PRAGMA foreign_keys")).value(0) != u"1") return true;
+    const QStringList referring = m_run(
+        QStringLiteral("SELECT m.name FROM \"%1\".sqlite_master m, pragma_foreign_key_list(m.name, "
+                       "'%1') f WHERE m.type = 'table' AND f.\"table\" = %2 COLLATE NOCASE AND "
+                       "m.name <> %2 COLLATE NOCASE")
+            .arg(m_schema, SqlString(m_table)));
+    if (!referring.isEmpty())
+        ThrowUnsupported(QStringLiteral("ALTER TABLE %1 en una transacción (FOREIGN KEY de %2)")
+                             .arg(m_table, referring.front()));
+    return false;
+}
+
+// The rows copied must hold the new table's FOREIGN KEY constraints (SQL Server checks them
+// when ALTER TABLE adds one).
+void SqliteTableRebuild::CheckForeignKeys() {
+    if (!m_run(QStringLiteral("PRAGMA \"%1\".foreign_key_check(zlx_rebuild)").arg(m_schema))
+             .isEmpty())
+        ThrowStatementError(QStringLiteral("FOREIGN KEY constraint failed"),
+                            ado::kNativeConstraintConflict, QStringLiteral("23000"));
+}
+
 void SqliteTableRebuild::Rebuild(const std::function<void(std::vector<Tokens>& pieces)>& change) {
     const QString master = m_schema + QStringLiteral(".sqlite_master");
     const QString created = CreatedSql();
@@ -268,7 +295,7 @@ void SqliteTableRebuild::Rebuild(const std::function<void(std::vector<Tokens>& p
                             "SELECT seq FROM %1.sqlite_sequence WHERE name = %2 COLLATE NOCASE")
                             .arg(m_schema, SqlString(m_table)))
                 : QStringList();
-    std::vector<Tokens> pieces = ColumnPieces(created);
+    std::vector<Tokens> pieces = DefinitionPieces(created);
     change(pieces);
     QStringList definitions;
     for (const Tokens& piece : pieces)
@@ -276,14 +303,23 @@ void SqliteTableRebuild::Rebuild(const std::function<void(std::vector<Tokens>& p
 
     const QString rebuilt = m_schema + QStringLiteral(".zlx_rebuild");
     const QString table = m_schema + u'.' + m_table;
+    const bool keysOff = SwitchForeignKeysOff();
+    const auto keysBack = qScopeGuard([&] {
+        try {
+            if (keysOff) m_run(QStringLiteral("PRAGMA foreign_keys = ON"));
+        } catch (...) {
+            // the link is gone: a new connection switches them on
+        }
+    });
     m_run(QStringLiteral("SAVEPOINT zlx_rebuild"));
     m_run(QStringLiteral("CREATE TABLE %1 (%2)")
               .arg(rebuilt, definitions.join(QStringLiteral(", "))));
     try {
         m_run(QStringLiteral("INSERT INTO %1 SELECT * FROM %2").arg(rebuilt, table));
+        CheckForeignKeys();
     } catch (...) {
-        // The rows do not fit the new definition (a NULL where NOT NULL now stands): the table
-        // stays as it was.
+        // The rows do not fit the new definition (a NULL where NOT NULL now stands, a key
+        // without its referenced row): the table stays as it was.
         m_run(QStringLiteral("ROLLBACK TO zlx_rebuild"));
         m_run(QStringLiteral("RELEASE zlx_rebuild"));
         throw;

@@ -15,6 +15,10 @@ public:
 
     SqliteTableRebuild(Runner run, QString schema, QString table);
 
+    // The column and constraint definitions of CREATE TABLE t (...): the top-level pieces
+    // between the first "(" and its ")".
+    static std::vector<Tokens> DefinitionPieces(const QString& created);
+
     // `check` replaces the column's checks of EngineDialect::ColumnCheck (none when empty).
     void ChangeType(const QString& column, const QString& type, const QString& check);
     // An empty value removes the column's default (and its name).
@@ -34,6 +38,10 @@ private:
     QString CreatedSql();
     void RebuildColumn(const QString& column,
                        const std::function<void(Tokens& definition)>& change);
+    // Whether FOREIGN KEY constraints were switched off for the rebuild (to be switched on
+    // after it).
+    bool SwitchForeignKeysOff();
+    void CheckForeignKeys();
     // The table made again from its column and constraint definitions as `change` leaves them.
     void Rebuild(const std::function<void(std::vector<Tokens>& pieces)>& change);
 

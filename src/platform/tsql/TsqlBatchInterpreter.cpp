@@ -4,6 +4,7 @@
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/SelectInto.h"
+#include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlSession.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -79,6 +80,14 @@ bool IsErrorOrDynamicWord(const Tokens& batch, size_t i) {
            (call &&
             (token.IsWord(u"EXEC") || token.IsWord(u"EXECUTE") || token.IsWord(u"XACT_STATE") ||
              token.text.startsWith(u"ERROR_", Qt::CaseInsensitive)));
+}
+
+// A statement that ends the transaction or rolls back to a savepoint of its own: a savepoint
+// set before it could not be released after it.
+bool ControlsTransaction(const Tokens& statement) {
+    return std::any_of(statement.begin(), statement.end(), [](const Token& token) {
+        return IsAnyWord(token, {u"COMMIT", u"ROLLBACK", u"SAVE"});
+    });
 }
 
 Tokens SelectOf(const Tokens& expression, size_t from) {
@@ -245,11 +254,19 @@ void TsqlBatchInterpreter::ExecuteStatement(const Tokens& statement) {
     m_current = statement;
     if (RunsOwnStatement(statement)) return;
     if (const auto assignment = VariableAssignment::Read(statement)) {
-        Assign(*assignment);
+        m_session.RunUndoable([&] { Assign(*assignment); });
         return;
     }
     const Tokens bound = Bound(statement);
     m_current = bound;
+    if (ControlsTransaction(bound)) {
+        RunBound(bound);
+        return;
+    }
+    m_session.RunUndoable([&] { RunBound(bound); });
+}
+
+void TsqlBatchInterpreter::RunBound(const Tokens& bound) {
     if (const auto into = SelectInto::Read(bound))
         CreateFromQuery(*into);
     else if (IsPrintOfExpression(bound))
@@ -340,8 +357,11 @@ bool TsqlBatchInterpreter::Holds(const Tokens& condition, int line) {
     m_current = Bound(condition);
     try {
         const QString sql = TsqlTranslator(m_session.Context()).Expression(m_current).trimmed();
-        const auto rows =
-            m_session.Query(QStringLiteral("SELECT CASE WHEN %1 THEN 1 ELSE 0 END").arg(sql));
+        std::vector<std::vector<Variant>> rows;
+        m_session.RunUndoable([&] {
+            rows =
+                m_session.Query(QStringLiteral("SELECT CASE WHEN %1 THEN 1 ELSE 0 END").arg(sql));
+        });
         return !rows.empty() && rows.front().at(0).ToLong() == 1;
     } catch (const ado::AdoError& error) {
         throw Noted(error);

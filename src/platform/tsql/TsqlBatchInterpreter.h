@@ -68,6 +68,8 @@ private:
     int TransactionState() const;
     Flow ExecuteAll(const std::vector<BatchNode>& nodes);
     void ExecuteStatement(const Tokens& statement);
+    // A statement with its variables bound, run by the session or by the interpreter itself.
+    void RunBound(const Tokens& bound);
     void Assign(const VariableAssignment& assignment);
     void CreateFromQuery(const SelectInto& into);
     void InsertCopiedIdentities(const Tokens& table);

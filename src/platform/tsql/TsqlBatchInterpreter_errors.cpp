@@ -74,7 +74,8 @@ TsqlBatchInterpreter::Flow TsqlBatchInterpreter::ExecuteTry(const BatchNode& nod
 
 ado::AdoError TsqlBatchInterpreter::Noted(const ado::AdoError& error) {
     // A text run with EXEC names its own statements (m_current is empty then).
-    const ado::AdoError mapped = m_current.empty() ? error : WithSqlServerNumbers(error, m_current, m_session.CurrentDatabase());
+    const ado::AdoError mapped =
+        m_current.empty() ? error : m_session.SqlServerError(error, m_current);
     if (Catchable(mapped)) m_errors.Note(BatchError{mapped, 16, 1, m_line, false});
     return mapped;
 }

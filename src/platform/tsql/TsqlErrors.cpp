@@ -181,30 +181,6 @@ QStringList AddedPrimaryKeyColumns(const Tokens& statement) {
     return columns;
 }
 
-// The columns an UPDATE sets: the names before each "=" of its SET list.
-QStringList UpdatedColumns(const Tokens& statement) {
-    QStringList columns;
-    int depth = 0;
-    bool inSet = false, expectTarget = false;
-    QString target;
-    for (const Token& token : statement) {
-        if (token.IsSymbol(u"(")) ++depth;
-        if (token.IsSymbol(u")")) --depth;
-        if (depth != 0) continue;
-        if (token.IsWord(u"FROM") || token.IsWord(u"WHERE")) break;
-        if (token.IsWord(u"SET") || (inSet && token.IsSymbol(u","))) {
-            inSet = expectTarget = true;
-            target.clear();
-        } else if (expectTarget && token.IsSymbol(u"=")) {
-            if (!target.isEmpty()) columns << target;
-            expectTarget = false;
-        } else if (expectTarget) {
-            target = IsName(token) ? token.text : QString();
-        }
-    }
-    return columns;
-}
-
 } // namespace
 
 // The layer words its errors as SQL Server's us_english texts; they are shown in Spanish.
@@ -231,6 +207,29 @@ void ThrowUnsupported(const QString& construct) {
 bool IsRefusal(const ado::AdoError& error) {
     return !error.Records().empty() && error.Records().front().source == kLayerSource &&
            error.Records().front().description.startsWith(kRefusal);
+}
+
+QStringList UpdatedColumns(const Tokens& statement) {
+    QStringList columns;
+    int depth = 0;
+    bool inSet = false, expectTarget = false;
+    QString target;
+    for (const Token& token : statement) {
+        if (token.IsSymbol(u"(")) ++depth;
+        if (token.IsSymbol(u")")) --depth;
+        if (depth != 0) continue;
+        if (token.IsWord(u"FROM") || token.IsWord(u"WHERE")) break;
+        if (token.IsWord(u"SET") || (inSet && token.IsSymbol(u","))) {
+            inSet = expectTarget = true;
+            target.clear();
+        } else if (expectTarget && token.IsSymbol(u"=")) {
+            if (!target.isEmpty()) columns << target;
+            expectTarget = false;
+        } else if (expectTarget) {
+            target = IsName(token) ? token.text : QString();
+        }
+    }
+    return columns;
 }
 
 ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement,

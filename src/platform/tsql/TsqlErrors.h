@@ -25,6 +25,8 @@ bool IsRefusal(const ado::AdoError& error);
 ado::AdoError WithSqlServerNumbers(const ado::AdoError& error, const Tokens& statement,
                                    const QString& database);
 
+// The columns an UPDATE sets: the names before each "=" of its SET list.
+QStringList UpdatedColumns(const Tokens& statement);
 // What SQL Server refuses and the engines would do: an INSERT naming the identity column
 // `identity` of its table while IDENTITY_INSERT is OFF for it (544), an UPDATE setting it (8102).
 void CheckIdentityWrites(const Tokens& statement, const QString& table, const QString& identity,

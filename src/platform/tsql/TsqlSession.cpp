@@ -4,6 +4,7 @@
 #include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/ColumnAdditions.h"
+#include "platform/tsql/ForeignKeyConflicts.h"
 #include "platform/tsql/NamedDefaults.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/StatementTokens.h"
@@ -287,10 +288,10 @@ void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int time
         FlushPipeline(sink, timeoutSeconds, true);
     } catch (const StatementPipeline::Failure& failure) {
         AbortTransactionAfter(failure.error);
-        throw WithSqlServerNumbers(failure.error, statements[failure.index], CurrentDatabase());
+        throw SqlServerError(failure.error, statements[failure.index]);
     } catch (const ado::AdoError& error) {
         AbortTransactionAfter(error);
-        throw WithSqlServerNumbers(error, statements[current], CurrentDatabase());
+        throw SqlServerError(error, statements[current]);
     }
 }
 
@@ -368,21 +369,55 @@ void TsqlSession::RunWaitFor(const Tokens& statement, int timeoutSeconds) {
 // As SQL Server with XACT_ABORT ON (the library's setting), and as a deadlock victim always:
 // a statement that fails on the engine ends the whole transaction. PostgreSQL could not go
 // on with it anyway; on SQLite a statement refused before reaching the engine leaves it open.
-// Inside TRY the transaction only becomes uncommittable: the engine's ends, the count stays
-// for CATCH to see and roll back.
+// Inside TRY the transaction only becomes uncommittable: the count stays for CATCH to see and
+// roll back, and the engine's transaction too when the statement's savepoint undid it alone.
 void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
     SettleSentRun(); // a failure of the run sent before comes first
+    const bool undone = std::exchange(m_statementUndone, false);
     const bool refused =
         !error.Records().empty() && error.Records().front().nativeError == ado::kNativeSyntax;
     if (m_tranCount == 0 || (refused && m_dialect->RefusalKeepsTransaction())) return;
-    if (m_tryDepth == 0) m_tranCount = 0;
-    if (std::exchange(m_uncommittable, m_tryDepth > 0)) return; // the engine's ended already
+    const bool inTry = m_tryDepth > 0;
+    if (!inTry) m_tranCount = 0;
+    m_uncommittable = inTry;
+    if (inTry && undone) return;
+    if (std::exchange(m_engineTransactionEnded, inTry)) return;
     try {
         m_inner->Rollback();
     } catch (const ado::AdoError&) {
         // the engine may have ended the transaction itself (a broken link, a victim)
     }
     m_dialect->IdentitiesRolledBack(true);
+}
+
+ado::AdoError TsqlSession::SqlServerError(const ado::AdoError& error, const Tokens& statement) {
+    return WithSqlServerNumbers(
+        WithForeignKeyNamed(error, statement, *m_dialect, CurrentDatabase()), statement,
+        CurrentDatabase());
+}
+
+void TsqlSession::RunUndoable(const std::function<void()>& run) {
+    m_statementUndone = false;
+    if (m_tryDepth == 0 || m_tranCount == 0 || m_engineTransactionEnded) {
+        run();
+        return;
+    }
+    static const QString savepoint = QStringLiteral("zlx_statement");
+    Run(QStringLiteral("SAVEPOINT ") + savepoint);
+    try {
+        run();
+    } catch (const ado::AdoError&) {
+        try {
+            Run(QStringLiteral("ROLLBACK TO SAVEPOINT ") + savepoint);
+            Run(QStringLiteral("RELEASE SAVEPOINT ") + savepoint);
+            m_dialect->IdentitiesRolledBack(false);
+            m_statementUndone = true;
+        } catch (const ado::AdoError&) {
+            // the engine ended the transaction with the failure: it is rolled back whole
+        }
+        throw;
+    }
+    if (m_tranCount > 0) Run(QStringLiteral("RELEASE SAVEPOINT ") + savepoint);
 }
 
 void TsqlSession::Check(const Tokens& statement) {
@@ -624,7 +659,8 @@ void TsqlSession::Rollback() {
     m_worker.Abandon();
     SettleSentRun();
     m_tranCount = 0;
-    if (std::exchange(m_uncommittable, false)) return; // the engine's ended with the error
+    m_uncommittable = false;
+    if (std::exchange(m_engineTransactionEnded, false)) return; // it ended with the error
     try {
         m_inner->Rollback();
     } catch (const ado::AdoError& error) {
@@ -794,6 +830,7 @@ bool TsqlSession::RunDatabaseStatement(const Tokens& statement) {
 // The definitions that need more than a translation.
 bool TsqlSession::RunDefinition(const Tokens& statement) {
     CheckKeyColumns(statement);
+    RefuseReferencedTable(statement, *m_dialect);
     if (const QString constraint = DroppedConstraint(statement); !constraint.isEmpty()) {
         const QString table = EngineObjectName(QualifiedNameAt(statement, 2));
         if (m_dialect->DropNamedDefault(table, constraint)) return true;

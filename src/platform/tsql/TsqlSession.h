@@ -16,6 +16,7 @@
 
 #include <QHash>
 #include <atomic>
+#include <functional>
 #include <optional>
 
 namespace zlx::ado {
@@ -121,6 +122,12 @@ private:
     std::optional<StatementShape>* CheckedShape(const Tokens& statement);
 
     void AbortTransactionAfter(const ado::AdoError& error);
+    // The engine's `error` for `statement` with SQL Server's number and text.
+    ado::AdoError SqlServerError(const ado::AdoError& error, const Tokens& statement);
+    // Runs a statement of a batch; inside TRY in a transaction a savepoint before it undoes it
+    // alone when it fails, so that the transaction it dooms keeps its earlier changes for the
+    // reads that follow (as SQL Server's uncommittable transaction shows them).
+    void RunUndoable(const std::function<void()>& run);
     void RunWaitFor(const Tokens& statement, int timeoutSeconds);
     void RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     bool RunSetOption(const Tokens& statement);
@@ -188,9 +195,13 @@ private:
     QString m_transactionName;     // the outermost BEGIN TRAN's name
     Savepoints m_savepoints;       // SAVE TRANSACTION's, in the open transaction
     int m_tryDepth = 0;            // TRY blocks running: an error there is caught
-    // An error inside TRY ended the engine's transaction; @@TRANCOUNT keeps counting it until
-    // ROLLBACK (XACT_STATE() -1).
+    // An error inside TRY made the transaction uncommittable; @@TRANCOUNT keeps counting it
+    // until ROLLBACK (XACT_STATE() -1).
     bool m_uncommittable = false;
+    // The engine's transaction ended with that error (no savepoint kept it).
+    bool m_engineTransactionEnded = false;
+    // The failing statement was undone to its savepoint, the engine's transaction kept.
+    bool m_statementUndone = false;
 };
 
 // The driver that runs T-SQL on `native`'s engine: a session over it, or the driver itself

@@ -35,8 +35,7 @@ void TsqlSession::SettleSentRun() {
         } catch (const StatementPipeline::Failure& failure) {
             AbortTransactionAfter(failure.error);
             const std::vector<Tokens> statements = SplitBatch(Tokenize(m_sentBatch));
-            m_earlierFailure =
-                WithSqlServerNumbers(failure.error, statements[failure.index], CurrentDatabase());
+            m_earlierFailure = SqlServerError(failure.error, statements[failure.index]);
         }
         m_sentBatch.clear();
     }

@@ -432,6 +432,64 @@ TEST(SingleFileSession, JetTablesNumberTheirRowsAndKeepLocksInTheSameFile) {
     session.Disconnect();
 }
 
+// The native number and description of the error a statement of the Jet file fails with.
+std::pair<std::int32_t, QString> JetFailure(TsqlSession& session, const QString& statement) {
+    RecordingSink sink;
+    try {
+        session.Execute(statement, sink, 0);
+    } catch (const ado::AdoError& error) {
+        const ado::ErrorRecord& record = error.Records().front();
+        return {record.nativeError, record.description};
+    }
+    return {0, QStringLiteral("no error: ") + statement};
+}
+
+TEST(SingleFileSession, JetForeignKeysHoldOnEveryConnectionAndThroughRebuilds) {
+    const test::TemporaryFolder folder;
+    ado::ConnectParams params;
+    params.target = folder.filePath(QStringLiteral("datos.mdb"));
+    {
+        TsqlSession session(
+            std::make_unique<ado::SqliteDriver>(ado::SqliteDriver::Layout::SingleFile));
+        session.Connect(params);
+        RecordingSink sink;
+        session.Execute(QStringLiteral("CREATE TABLE familias (codigo INT PRIMARY KEY, nombre "
+                                       "VARCHAR(20)) CREATE TABLE articulos (codigo INT PRIMARY "
+                                       "KEY, familia INT CONSTRAINT fk_familia REFERENCES "
+                                       "familias (codigo) ON DELETE CASCADE) INSERT INTO familias "
+                                       "VALUES (1, 'una') INSERT INTO articulos VALUES (10, 1)"),
+                        sink, 0);
+        session.Disconnect();
+    }
+    TsqlSession session(std::make_unique<ado::SqliteDriver>(ado::SqliteDriver::Layout::SingleFile));
+    session.Connect(params);
+    const auto [native, text] =
+        JetFailure(session, QStringLiteral("INSERT INTO articulos VALUES (11, 2)"));
+    EXPECT_EQ(native, 547);
+    EXPECT_EQ(text, QStringLiteral("Instrucción INSERT en conflicto con la restricción FOREIGN "
+                                   "KEY \"fk_familia\". El conflicto ha aparecido en la base de "
+                                   "datos \"datos\", tabla \"dbo.familias\", column 'codigo'."))
+        << text.toStdString();
+    // Made again outside a transaction, the referenced table loses no referring row to the
+    // cascade and is still referenced.
+    RecordingSink sink;
+    session.Execute(QStringLiteral("ALTER TABLE familias ALTER COLUMN nombre VARCHAR(40)"), sink,
+                    0);
+    EXPECT_EQ(JetFailure(session, QStringLiteral("INSERT INTO articulos VALUES (11, 2)")).first,
+              547);
+    EXPECT_EQ(JetFailure(session, QStringLiteral("DROP TABLE familias")).first, 3726);
+    // Inside a transaction SQLite keeps its keys on: making the table again is refused.
+    session.Execute(QStringLiteral("BEGIN TRAN"), sink, 0);
+    EXPECT_TRUE(JetFailure(session, QStringLiteral("ALTER TABLE familias ALTER COLUMN nombre "
+                                                   "VARCHAR(50)"))
+                    .second.startsWith(QStringLiteral("Construcción T-SQL no soportada")));
+    session.Execute(QStringLiteral("ROLLBACK"), sink, 0);
+    RecordingSink rows;
+    session.Execute(QStringLiteral("DELETE FROM familias SELECT COUNT(*) FROM articulos"), rows, 0);
+    EXPECT_EQ(rows.events, (QStringList{"count 1", "rowset", "row 0", "end"}));
+    session.Disconnect();
+}
+
 TEST_P(SessionTest, TextColumnsCompareWithoutCaseAsOnSqlServer) {
     Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('García')"));
     Exec(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('ÁLVAREZ')"));
