@@ -102,14 +102,27 @@ void AppendRecordset(QByteArray& out, ado::Recordset& rs) {
     out += '}';
 }
 
+// A statement that gives no rows (an UPDATE, a CREATE) run in a mode that answers rows: it ran,
+// and there is no rowset to show. Mode 3 answers it as a closed recordset; modes 4 and 5 fail
+// as ADO fails reading a closed recordset (3704), after the statement ran.
+const QByteArray kNoRowset = "{\"ok\":null,\"rowset\":false}";
+
+bool FailedOnClosedRecordset(int mode, const std::vector<MsgRequest>& messages) {
+    const QString closed = QStringLiteral("Código del error: %1").arg(ado::adErrObjectClosed);
+    return (mode == zlxExecuteReturn_Array || mode == zlxExecuteReturn_cMatriz) &&
+           messages.size() == 1 && messages.front().text.contains(closed);
+}
+
 // The result of one call in the shape of its mode.
 QByteArray ResultJson(const Variant& result, int mode, const cConexion& cn) {
     QByteArray out = "{\"ok\":";
+    const auto rs = result.IsObject() ? result.As<ado::Recordset>() : nullptr;
+    if (rs && rs->State() == ado::adStateClosed) return kNoRowset;
     if (mode == zlxExecuteReturn_Nothing || mode == zlxExecuteReturn_Nothing_NoRowCount) {
         out += "true,\"nTally\":" + QByteArray::number(cn.nTally());
     } else if (const auto matrix = result.IsObject() ? result.As<cMatriz>() : nullptr) {
         AppendRows(out, matrix->GetVariant().ToArray());
-    } else if (const auto rs = result.IsObject() ? result.As<ado::Recordset>() : nullptr) {
+    } else if (rs) {
         AppendRecordset(out, *rs);
     } else if (const auto table = result.IsObject() ? result.As<cDatos>() : nullptr) {
         AppendRecordset(out, *table->Get_RS());
@@ -142,6 +155,7 @@ std::pair<QByteArray, bool> RunOne(cConexion& cn, const QString& sql, int mode,
     recorder.SetDefaultAnswer(MsgAnswerNegative);
     ScopedMsgPresenter scope(recorder);
     const Variant result = cn.Execute(sql, mode, defaultValue);
+    if (FailedOnClosedRecordset(mode, recorder.Messages())) return {kNoRowset, false};
     if (cn.GetLastError() != 0 || !recorder.Messages().empty())
         return {ErrorJson(cn, recorder.Messages()), true};
     return {ResultJson(result, mode, cn), false};

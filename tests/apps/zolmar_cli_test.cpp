@@ -127,3 +127,29 @@ nada
         R"j({"error":{"GetLastError":13,"native":208,"description":"El nombre de objeto 'nada' no es válido.","messages":["Descripción del error:)j"))
         << failed.out.toStdString();
 }
+
+TEST(ZolmarProgram, SqlShellAnswersStatementsWithoutRowsInTheModesThatAnswerRows) {
+    QTemporaryDir folder;
+    const QStringList server = {
+        "sql",  "--provider", "2",          "--server", "sqlite:" + folder.path(),
+        "--db", "ventas",     "--create-db"};
+    const QByteArray input = R"j({"sql": "CREATE TABLE t (n INT)", "mode": 4}
+{"sql": "INSERT INTO t VALUES (1)", "mode": 3}
+{"sql": "UPDATE t SET n = n + 1", "mode": 4}
+{"sql": "UPDATE t SET n = n + 1", "mode": 5}
+{"sql": "SELECT n FROM t WHERE n > 9", "mode": 4}
+{"sql": "SELECT n FROM t", "mode": 4}
+{"sql": "SELECT x FROM nada", "mode": 4}
+)j";
+    const ProgramRun run = Zolmar(server, input);
+    EXPECT_EQ(run.exitCode, 0);
+    const QList<QByteArray> lines = run.out.split('\n');
+    ASSERT_EQ(lines.size(), 8) << run.out.toStdString();
+    for (int i = 0; i < 4; ++i)
+        EXPECT_EQ(lines[i], R"j({"ok":null,"rowset":false})j") << i;
+    EXPECT_EQ(lines[4], R"j({"ok":0})j");
+    EXPECT_EQ(lines[5], R"j({"ok":[[3]]})j");
+    // Any other failure of a mode that answers rows is still an error.
+    EXPECT_TRUE(lines[6].startsWith(R"j({"error":{"GetLastError":13,"native":208,)j"))
+        << lines[6].toStdString();
+}

@@ -126,8 +126,9 @@ void RefuseReferencedTable(const Tokens& statement, EngineDialect& dialect) {
     QString written;
     while (end < statement.size() && (IsName(statement[end]) || statement[end].IsSymbol(u".")))
         written += statement[end++].text;
-    if (end == 2) return;
-    const QString table = statement[end - 1].text;
+    const QString table = end > 2 ? statement[end - 1].text : QString();
+    // A #temporary table is referenced by none.
+    if (table.isEmpty() || table.startsWith(u'#')) return;
     for (const ForeignKey& key : dialect.ForeignKeysAround(
              TokensToSql(Tokens(statement.begin() + 2, statement.begin() + end)).trimmed())) {
         if (!SameName(key.referenced, table) || SameName(key.table, table)) continue;

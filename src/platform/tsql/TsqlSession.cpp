@@ -370,17 +370,18 @@ void TsqlSession::RunWaitFor(const Tokens& statement, int timeoutSeconds) {
 // a statement that fails on the engine ends the whole transaction. PostgreSQL could not go
 // on with it anyway; on SQLite a statement refused before reaching the engine leaves it open.
 // Inside TRY the transaction only becomes uncommittable: the count stays for CATCH to see and
-// roll back, and the engine's transaction too when the statement's savepoint undid it alone.
+// roll back, and the engine's transaction too unless a statement's savepoint could not undo
+// its failure (THROW and the layer's own errors leave the engine's transaction as it was).
 void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
     SettleSentRun(); // a failure of the run sent before comes first
-    const bool undone = std::exchange(m_statementUndone, false);
+    const bool broken = std::exchange(m_statementBroke, false);
     const bool refused =
         !error.Records().empty() && error.Records().front().nativeError == ado::kNativeSyntax;
     if (m_tranCount == 0 || (refused && m_dialect->RefusalKeepsTransaction())) return;
     const bool inTry = m_tryDepth > 0;
     if (!inTry) m_tranCount = 0;
     m_uncommittable = inTry;
-    if (inTry && undone) return;
+    if (inTry && !broken) return;
     if (std::exchange(m_engineTransactionEnded, inTry)) return;
     try {
         m_inner->Rollback();
@@ -397,7 +398,6 @@ ado::AdoError TsqlSession::SqlServerError(const ado::AdoError& error, const Toke
 }
 
 void TsqlSession::RunUndoable(const std::function<void()>& run) {
-    m_statementUndone = false;
     if (m_tryDepth == 0 || m_tranCount == 0 || m_engineTransactionEnded) {
         run();
         return;
@@ -411,9 +411,8 @@ void TsqlSession::RunUndoable(const std::function<void()>& run) {
             Run(QStringLiteral("ROLLBACK TO SAVEPOINT ") + savepoint);
             Run(QStringLiteral("RELEASE SAVEPOINT ") + savepoint);
             m_dialect->IdentitiesRolledBack(false);
-            m_statementUndone = true;
         } catch (const ado::AdoError&) {
-            // the engine ended the transaction with the failure: it is rolled back whole
+            m_statementBroke = true; // the engine ended the transaction with the failure
         }
         throw;
     }

@@ -200,8 +200,9 @@ private:
     bool m_uncommittable = false;
     // The engine's transaction ended with that error (no savepoint kept it).
     bool m_engineTransactionEnded = false;
-    // The failing statement was undone to its savepoint, the engine's transaction kept.
-    bool m_statementUndone = false;
+    // A statement failed inside TRY and its savepoint could not undo it: the engine's
+    // transaction is over.
+    bool m_statementBroke = false;
 };
 
 // The driver that runs T-SQL on `native`'s engine: a session over it, or the driver itself

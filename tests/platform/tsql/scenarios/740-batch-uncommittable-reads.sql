@@ -1,8 +1,8 @@
 -- An error inside TRY dooms the open transaction but does not end it: the reads of CATCH and
 -- those after it, until ROLLBACK, see the transaction's own changes (the failing statement
--- undone whole, its rows changed before the failure too), a failing read in a nested TRY
--- leaves them as they were, ROLLBACK keeps nothing of the transaction, and a batch ending
--- with it doomed rolls it back with 3998.
+-- undone whole, rows it changed before failing included; after THROW too), a failing read
+-- in a nested TRY leaves them as they were, ROLLBACK keeps nothing of the transaction, and a
+-- batch ending with it doomed rolls it back with 3998.
 -- run
 CREATE TABLE v (id INT PRIMARY KEY, nombre VARCHAR(20) NOT NULL)
 INSERT INTO v VALUES (1, 'uno')
@@ -72,6 +72,25 @@ row borrada
 end
 rowset
 row 0|2
+end
+-- run
+BEGIN TRAN
+BEGIN TRY
+  INSERT INTO v VALUES (6, 'seis')
+  THROW 50001, 'a mano', 1
+END TRY
+BEGIN CATCH
+  SELECT XACT_STATE(), COUNT(*) FROM v
+END CATCH
+ROLLBACK
+SELECT COUNT(*) FROM v
+-- expect
+count 1
+rowset
+row -1|3
+end
+rowset
+row 2
 end
 -- run
 BEGIN TRAN
