@@ -107,6 +107,7 @@ void AppendRecordset(QByteArray& out, ado::Recordset& rs) {
 // as ADO fails reading a closed recordset (3704), after the statement ran.
 const QByteArray kNoRowset = "{\"ok\":null,\"rowset\":false}";
 
+// The connection tells the failure's ADO number only in the message it shows.
 bool FailedOnClosedRecordset(int mode, const std::vector<MsgRequest>& messages) {
     const QString closed = QStringLiteral("Código del error: %1").arg(ado::adErrObjectClosed);
     return (mode == zlxExecuteReturn_Array || mode == zlxExecuteReturn_cMatriz) &&

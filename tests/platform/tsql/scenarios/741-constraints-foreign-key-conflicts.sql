@@ -69,6 +69,16 @@ DELETE FROM padre
 -- expect
 error 547
 -- run
+INSERT INTO hijo VALUES (13, 1)
+INSERT INTO hijo VALUES (14, 9)
+INSERT INTO hijo VALUES (15, 1)
+-- expect
+error 547
+-- run
+DELETE FROM hijo WHERE id = 13
+-- expect
+count 1
+-- run
 SELECT (SELECT COUNT(*) FROM padre), (SELECT COUNT(*) FROM hijo), (SELECT MAX(nombre) FROM padre)
 -- expect
 rowset
