@@ -26,14 +26,17 @@ QDateTime ToMinute(const QDateTime& value) {
     return value.addMSecs((intoMinute >= kSmallDateTimeRoundUp ? kMsecsPerMinute : 0) - intoMinute);
 }
 
-// Milliseconds rounded half up to `digits` digits (three or more keep them).
-QDateTime ToDigits(const QDateTime& value, int digits) {
-    if (digits >= 3) return value;
-    qint64 step = 1;
-    for (int k = digits; k < 3; ++k)
+constexpr int kTicksPerMsec = 10000;
+
+// The fraction of a second rounded half up to `digits` digits (seven keep it).
+DateReading ToDigits(const DateReading& moment, int digits) {
+    int step = 1;
+    for (int k = digits; k < 7; ++k)
         step *= 10;
-    const qint64 msec = value.time().msec();
-    return value.addMSecs((msec + step / 2) / step * step - msec);
+    const int msec = moment.value.time().msec();
+    const int fraction = msec * kTicksPerMsec + moment.ticks;
+    const int rounded = (fraction + step / 2) / step * step;
+    return {moment.value.addMSecs(rounded / kTicksPerMsec - msec), 0, rounded % kTicksPerMsec};
 }
 
 } // namespace
@@ -79,12 +82,15 @@ QString DateType::Spelling() const {
     return QStringLiteral("%1(%2)").arg(name).arg(digits);
 }
 
-DateReading FitToType(const QDateTime& value, DateType type) {
+DateReading FitToType(const DateReading& moment, DateType type) {
+    const QDateTime& value = moment.value;
     switch (type.kind) {
     case DateTypeKind::Date:
         return {QDateTime(value.date(), QTime(0, 0), Qt::UTC), 0};
-    case DateTypeKind::Time:
-        return {QDateTime(QDate(1900, 1, 1), ToDigits(value, type.digits).time(), Qt::UTC), 0};
+    case DateTypeKind::Time: {
+        const DateReading rounded = ToDigits(moment, type.digits);
+        return {QDateTime(QDate(1900, 1, 1), rounded.value.time(), Qt::UTC), 0, rounded.ticks};
+    }
     case DateTypeKind::SmallDateTime: {
         const QDateTime minute = ToMinute(value);
         if (minute < SmallDateTimeFirst() || minute >= SmallDateTimeEnd())
@@ -92,9 +98,9 @@ DateReading FitToType(const QDateTime& value, DateType type) {
         return {minute, 0};
     }
     case DateTypeKind::DateTime2: {
-        const QDateTime rounded = ToDigits(value, type.digits);
-        if (rounded.date().year() > 9999) return {{}, kNativeDateOutOfRange};
-        return {rounded, 0};
+        const DateReading rounded = ToDigits(moment, type.digits);
+        if (rounded.value.date().year() > 9999) return {{}, kNativeDateOutOfRange};
+        return rounded;
     }
     default:
         if (value.date().year() < 1753) return {{}, kNativeDateOutOfRange};
@@ -108,13 +114,18 @@ DateReading ReadAsType(const QString& text, DateOrder order, DateType type) {
     const DateReading reading = wide ? ReadWideDate(text, order) : ReadDate(text, order);
     // An impossible date is no date for these types (241), where DATETIME says out of range.
     if (reading.error) return {{}, wide ? kNativeDateConversion : reading.error};
-    return FitToType(reading.value, type);
+    return FitToType(reading, type);
 }
 
-QString StoredDateText(const QDateTime& value, DateType type) {
-    if (type.kind != DateTypeKind::Time) return IsoDateText(value);
-    return value.toString(value.time().msec() ? QStringLiteral("HH:mm:ss.zzz")
-                                              : QStringLiteral("HH:mm:ss"));
+QString StoredDateText(const DateReading& moment, DateType type) {
+    const QDateTime& value = moment.value;
+    const QString text = type.kind != DateTypeKind::Time ? IsoDateText(value)
+                         : value.time().msec()           ? value.toString(u"HH:mm:ss.zzz")
+                                                         : value.toString(u"HH:mm:ss");
+    if (moment.ticks == 0) return text;
+    // A time of no whole millisecond was written without its fraction.
+    const QString milliseconds = value.time().msec() ? QString() : QStringLiteral(".000");
+    return text + milliseconds + QStringLiteral("%1").arg(moment.ticks, 4, 10, QChar(u'0'));
 }
 
 QString OutOfRangeText(const QString& from, DateType type) {

@@ -27,18 +27,20 @@ struct DateType {
     bool HasTime() const { return kind != DateTypeKind::Date; }
 };
 
-// `value` as a column of `type` keeps it: a DATE without its time, a TIME without its day (on
+// `moment` as a column of `type` keeps it: a DATE without its time, a TIME without its day (on
 // 1900-01-01), SMALLDATETIME to the minute (29.998 seconds or less down, more up), DATETIME to
-// .000/.003/.007 and TIME(n) and DATETIME2(n) to n digits (milliseconds at most). A value outside
-// the type's range is SQL Server's error 242.
-DateReading FitToType(const QDateTime& value, DateType type);
+// .000/.003/.007 and TIME(n) and DATETIME2(n) to n digits, rounded half up (seven: to the
+// 100-nanosecond tick). A value outside the type's range is SQL Server's error 242.
+DateReading FitToType(const DateReading& moment, DateType type);
 
 // A text read as `type` reads it (under `order`) and fitted to it.
 DateReading ReadAsType(const QString& text, DateOrder order, DateType type);
 
-// The text the embedded engine stores a value of `type` as: 'hh:mm:ss[.mmm]' for a TIME,
-// IsoDateText for the others (a DATE at midnight, so that it compares with DATETIME values).
-QString StoredDateText(const QDateTime& value, DateType type);
+// The text the embedded engine stores a value of `type` as: 'hh:mm:ss[.fff]' for a TIME,
+// IsoDateText for the others (a DATE at midnight, so that it compares with DATETIME values); a
+// fraction of a second has three digits, or seven when the value has ticks, so that a value has
+// one text and texts sort as their values.
+QString StoredDateText(const DateReading& moment, DateType type);
 
 // The message of error 242 for a value converted to `type` from `from` ("varchar", "datetime").
 QString OutOfRangeText(const QString& from, DateType type);

@@ -13,10 +13,12 @@ namespace {
 // The earliest year of a DATETIME.
 constexpr int kFirstYear = 1753;
 constexpr qint64 kMsecsPerDay = 86400000;
+constexpr int kTicksPerMsec = 10000; // 100-nanosecond units
 
 struct Fields {
     int year = 1900, month = 1, day = 1;
     int hour = 0, minute = 0, second = 0, msec = 0;
+    int fraction = 0; // in 100-nanosecond units
     int fractionDigits = 0;
 };
 
@@ -76,6 +78,7 @@ bool ReadTime(const QString& text, Fields& fields) {
     fields.second = match.captured(3).toInt();
     // Milliseconds, rounded from a longer fraction (1000 carries into the second).
     fields.msec = qRound(match.captured(4).leftJustified(4, u'0').left(4).toInt() / 10.0);
+    fields.fraction = match.captured(4).leftJustified(7, u'0').toInt();
     fields.fractionDigits = static_cast<int>(match.capturedLength(4));
     const QString half = match.captured(5).toUpper();
     if (!half.isEmpty() && fields.hour <= 12)
@@ -92,13 +95,14 @@ DateReading Reading(const Fields& fields) {
     return {RoundedToDatetime(QDateTime(date, time, Qt::UTC)), 0};
 }
 
-// The other date types take seven digits (milliseconds are kept) and start in year 1.
+// The other date types take seven digits and start in year 1.
 DateReading WideReading(const Fields& fields) {
     const QDate date(fields.year, fields.month, fields.day);
     const QTime time(fields.hour, fields.minute, fields.second);
     if (!time.isValid()) return {{}, kNativeDateConversion};
     if (!date.isValid() || fields.year < 1) return {{}, kNativeDateOutOfRange};
-    return {QDateTime(date, time, Qt::UTC).addMSecs(fields.msec), 0};
+    return {QDateTime(date, time, Qt::UTC).addMSecs(fields.fraction / kTicksPerMsec), 0,
+            fields.fraction % kTicksPerMsec};
 }
 
 // The weekday of `date` counted from SET DATEFIRST's day (1) on.
@@ -159,6 +163,10 @@ std::optional<DateUnit> DateUnitNamed(const QString& name) {
         {QStringLiteral("s"), DateUnit::Second},
         {QStringLiteral("millisecond"), DateUnit::Millisecond},
         {QStringLiteral("ms"), DateUnit::Millisecond},
+        {QStringLiteral("microsecond"), DateUnit::Microsecond},
+        {QStringLiteral("mcs"), DateUnit::Microsecond},
+        {QStringLiteral("nanosecond"), DateUnit::Nanosecond},
+        {QStringLiteral("ns"), DateUnit::Nanosecond},
     };
     const auto found = units.find(name.toLower());
     if (found == units.end()) return std::nullopt;
@@ -166,9 +174,9 @@ std::optional<DateUnit> DateUnitNamed(const QString& name) {
 }
 
 QString DateUnitName(DateUnit unit) {
-    static const char* const names[] = {"year",   "quarter", "month",      "dayofyear",
-                                        "day",    "week",    "weekday",    "hour",
-                                        "minute", "second",  "millisecond"};
+    static const char* const names[] = {
+        "year", "quarter", "month",  "dayofyear",   "day",         "week",      "weekday",
+        "hour", "minute",  "second", "millisecond", "microsecond", "nanosecond"};
     return QString::fromLatin1(names[static_cast<int>(unit)]);
 }
 
@@ -305,6 +313,16 @@ QString StyleFormat(int style) {
     return found == formats.end() ? QString() : QString::fromLatin1(found->second);
 }
 
+QString StyleText(const DateReading& moment, int style, int digits) {
+    QString format = StyleFormat(style);
+    if (format.isEmpty() || digits == 3 || !format.endsWith(u".zzz"))
+        return moment.value.toString(format);
+    format.chop(4);
+    const QString fraction = QStringLiteral("%1").arg(
+        moment.value.time().msec() * kTicksPerMsec + moment.ticks, 7, 10, QChar(u'0'));
+    return moment.value.toString(format) + (digits > 0 ? u'.' + fraction.left(digits) : QString());
+}
+
 qint64 DatePartOf(DateUnit unit, const QDateTime& value, int dateFirst) {
     const QDate date = value.date();
     const QTime time = value.time();
@@ -334,8 +352,19 @@ qint64 DatePartOf(DateUnit unit, const QDateTime& value, int dateFirst) {
         return time.second();
     case DateUnit::Millisecond:
         return time.msec();
+    case DateUnit::Microsecond:
+        return time.msec() * qint64(1000);
+    case DateUnit::Nanosecond:
+        return time.msec() * qint64(1000000);
     }
     return 0;
+}
+
+qint64 DatePartOf(DateUnit unit, const DateReading& moment, int dateFirst) {
+    const qint64 part = DatePartOf(unit, moment.value, dateFirst);
+    if (unit == DateUnit::Microsecond) return part + moment.ticks / 10;
+    if (unit == DateUnit::Nanosecond) return part + moment.ticks * qint64(100);
+    return part;
 }
 
 QString DateNameOf(DateUnit unit, const QDateTime& value, int dateFirst, bool spanish) {

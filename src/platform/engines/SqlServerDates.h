@@ -20,11 +20,13 @@ enum class DateUnit {
     Hour,
     Minute,
     Second,
-    Millisecond
+    Millisecond,
+    Microsecond,
+    Nanosecond
 };
 
 // A unit written as DATEPART takes it: its name or any abbreviation (yy, yyyy, q, qq, mm, m,
-// dy, y, dd, d, wk, ww, dw, w, hh, mi, n, ss, s, ms), in any case.
+// dy, y, dd, d, wk, ww, dw, w, hh, mi, n, ss, s, ms, mcs, ns), in any case.
 std::optional<DateUnit> DateUnitNamed(const QString& name);
 // The unit's long name ("day"), as the engine functions take it.
 QString DateUnitName(DateUnit unit);
@@ -36,16 +38,18 @@ QString DateOrderName(DateOrder order);
 DateOrder DateOrderNamed(const QString& name);
 
 // A text read as a DATETIME: the value (UTC, no time zone), or the SQL Server error that the
-// conversion raises (241: not a date; 242: a date out of range).
+// conversion raises (241: not a date; 242: a date out of range). TIME and DATETIME2 keep 100-
+// nanosecond units, seven digits of a second: those past the value's millisecond are `ticks`.
 struct DateReading {
     QDateTime value;
     int error = 0;
+    int ticks = 0; // 0-9999
 };
 
 DateReading ReadDate(const QString& text, DateOrder order);
 // A text read as DATE, TIME, DATETIME2 and SMALLDATETIME read it: from year 1, up to seven
-// digits of a second (the value keeps milliseconds), a text that starts with its year read
-// year, month, day whatever `order` says; the value is not rounded.
+// digits of a second (the value and its ticks), a text that starts with its year read year,
+// month, day whatever `order` says; the value is not rounded.
 DateReading ReadWideDate(const QString& text, DateOrder order);
 // The order a CONVERT style reads; nullopt for a style that has no date order.
 std::optional<DateOrder> StyleOrder(int style);
@@ -60,11 +64,17 @@ QDateTime RoundedToDatetime(const QDateTime& value);
 QString IsoDateText(const QDateTime& value);
 // The Qt format of a CONVERT style (103: "dd/MM/yyyy"); empty for an unknown style.
 QString StyleFormat(int style);
+// `moment` written in a CONVERT style, its fraction of a second (styles 21 and 121) to `digits`
+// digits: DATETIME's three, DATETIME2(n)'s n. Empty for an unknown style.
+QString StyleText(const DateReading& moment, int style, int digits);
 
-// DATEPART: `dateFirst` is SET DATEFIRST (1 Monday ... 7 Sunday).
+// DATEPART: `dateFirst` is SET DATEFIRST (1 Monday ... 7 Sunday); microseconds and nanoseconds
+// count the moment's ticks too.
 qint64 DatePartOf(DateUnit unit, const QDateTime& value, int dateFirst);
+qint64 DatePartOf(DateUnit unit, const DateReading& moment, int dateFirst);
 // DATENAME: month and weekday names in Spanish or English, other units as numbers.
 QString DateNameOf(DateUnit unit, const QDateTime& value, int dateFirst, bool spanish);
+// DATEADD and DATEDIFF count milliseconds at the finest (the layer refuses mcs and ns for them).
 QDateTime DateAdd(DateUnit unit, qint64 count, const QDateTime& value);
 // DATEDIFF counts the unit's boundaries crossed between `from` and `to`.
 qint64 DateDiff(DateUnit unit, const QDateTime& from, const QDateTime& to);

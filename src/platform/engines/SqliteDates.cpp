@@ -23,10 +23,10 @@ void ResultText(sqlite3_context* context, const QString& text) {
                         SQLITE_TRANSIENT);
 }
 
-// A date argument: an ISO text as stored (from year 1: DATE and DATETIME2 values), or a number
-// of days since 1899-12-30 (an OLE date).
+// A date argument: an ISO text as stored (from year 1: DATE and DATETIME2 values, to the tick),
+// or a number of days since 1899-12-30 (an OLE date).
 // Answers nothing, with the context's result set, when the argument is NULL or no date.
-std::optional<QDateTime> DateArgument(sqlite3_context* context, sqlite3_value* value) {
+std::optional<DateReading> MomentArgument(sqlite3_context* context, sqlite3_value* value) {
     const int type = sqlite3_value_type(value);
     if (type == SQLITE_NULL) {
         sqlite3_result_null(context);
@@ -34,14 +34,24 @@ std::optional<QDateTime> DateArgument(sqlite3_context* context, sqlite3_value* v
     }
     if (type == SQLITE_INTEGER || type == SQLITE_FLOAT) {
         const QDateTime base(QDate(1899, 12, 30), QTime(0, 0), Qt::UTC);
-        return base.addMSecs(std::llround(sqlite3_value_double(value) * kMsecsPerDay));
+        return DateReading{base.addMSecs(std::llround(sqlite3_value_double(value) * kMsecsPerDay))};
     }
     const DateReading reading = ReadWideDate(Text(value), DateOrder::YearMonthDay);
     if (reading.error) {
         sqlite3_result_error(context, DateErrorText(reading.error).toUtf8().constData(), -1);
         return std::nullopt;
     }
-    return reading.value;
+    return reading;
+}
+
+std::optional<QDateTime> DateArgument(sqlite3_context* context, sqlite3_value* value) {
+    const auto moment = MomentArgument(context, value);
+    return moment ? std::optional<QDateTime>(moment->value) : std::nullopt;
+}
+
+// A moment's ISO text with its ticks, as a DATETIME2(7) keeps it.
+QString MomentText(const DateReading& moment) {
+    return StoredDateText(moment, DateType{DateTypeKind::DateTime2, 7});
 }
 
 std::optional<DateUnit> UnitArgument(sqlite3_context* context, sqlite3_value* value) {
@@ -55,8 +65,9 @@ void DateAddFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const auto unit = UnitArgument(context, values[0]);
     if (!unit) return;
     if (sqlite3_value_type(values[1]) == SQLITE_NULL) return sqlite3_result_null(context);
-    if (const auto date = DateArgument(context, values[2]))
-        ResultText(context, IsoDateText(DateAdd(*unit, sqlite3_value_int64(values[1]), *date)));
+    if (const auto date = MomentArgument(context, values[2]))
+        ResultText(context, MomentText({DateAdd(*unit, sqlite3_value_int64(values[1]), date->value),
+                                        0, date->ticks}));
 }
 
 void DateDiffFunction(sqlite3_context* context, int, sqlite3_value** values) {
@@ -71,7 +82,7 @@ void DateDiffFunction(sqlite3_context* context, int, sqlite3_value** values) {
 void DatePartFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const auto unit = UnitArgument(context, values[0]);
     if (!unit) return;
-    if (const auto date = DateArgument(context, values[1]))
+    if (const auto date = MomentArgument(context, values[1]))
         sqlite3_result_int64(context, DatePartOf(*unit, *date, sqlite3_value_int(values[2])));
 }
 
@@ -83,16 +94,17 @@ void DateNameFunction(sqlite3_context* context, int, sqlite3_value** values) {
                                        sqlite3_value_int(values[3]) != 0));
 }
 
+// zlx_datestyle(d, style, digits): d written in the style, a fraction of a second to `digits`.
 void DateStyleFunction(sqlite3_context* context, int, sqlite3_value** values) {
-    const QString format = StyleFormat(sqlite3_value_int(values[1]));
-    if (format.isEmpty()) {
+    const int style = sqlite3_value_int(values[1]);
+    if (StyleFormat(style).isEmpty()) {
         sqlite3_result_error(
             context, "Invalid style number when converting from datetime to a character string.",
             -1);
         return;
     }
-    if (const auto date = DateArgument(context, values[0]))
-        ResultText(context, date->toString(format));
+    if (const auto date = MomentArgument(context, values[0]))
+        ResultText(context, StyleText(*date, style, sqlite3_value_int(values[2])));
 }
 
 void ToDateFunction(sqlite3_context* context, int, sqlite3_value** values) {
@@ -135,7 +147,7 @@ void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const auto type = DateType::Named(Text(values[1]));
     if (!type) return sqlite3_result_error(context, "Unknown date type.", -1);
     if (sqlite3_value_type(values[0]) == SQLITE_NULL) return sqlite3_result_null(context);
-    const auto date = DateArgument(context, values[0]);
+    const auto date = MomentArgument(context, values[0]);
     if (!date) return;
     const DateReading reading = FitToType(*date, *type);
     if (reading.error == kNativeDateOutOfRange)
@@ -143,7 +155,7 @@ void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
             context, OutOfRangeText(QStringLiteral("datetime"), *type).toUtf8().constData(), -1);
     if (reading.error)
         return sqlite3_result_error(context, DateErrorText(reading.error).toUtf8().constData(), -1);
-    ResultText(context, StoredDateText(reading.value, *type));
+    ResultText(context, StoredDateText(reading, *type));
 }
 
 } // namespace
@@ -152,7 +164,7 @@ void Install(sqlite3* db) {
     static constexpr SqliteScalarFunction functions[] = {
         {"zlx_dateadd", 3, &DateAddFunction},     {"zlx_datediff", 3, &DateDiffFunction},
         {"zlx_datepart", 3, &DatePartFunction},   {"zlx_datename", 4, &DateNameFunction},
-        {"zlx_datestyle", 2, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
+        {"zlx_datestyle", 3, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
         {"zlx_isdate", 2, &IsDateFunction},       {"zlx_eomonth", 2, &EndOfMonthFunction},
         {"zlx_dateplus", 2, &DatePlusFunction},   {"zlx_astype", 2, &AsTypeFunction},
     };

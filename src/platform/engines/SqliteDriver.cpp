@@ -143,9 +143,10 @@ std::vector<ColumnInfo> Describe(sqlite3_stmt* statement, bool hasRow, bool* rea
         column.name = QString::fromUtf8(sqlite3_column_name(statement, i));
         column.attributes = adFldIsNullable | adFldMayBeNull;
         const char* table = sqlite3_column_table_name(statement, i);
-        // temp.zlx_bits only lends its BIT type to CAST(x AS BIT): no base table of a value.
-        if (table && qstrcmp(table, "zlx_bits") == 0) {
-            ApplyDeclaredType(QStringLiteral("BIT"), column);
+        // temp.zlx_bits and temp.zlx_date_types only lend their types to CAST(x AS BIT) and to
+        // date values: no base table of a value.
+        if (table && (qstrcmp(table, "zlx_bits") == 0 || qstrcmp(table, "zlx_date_types") == 0)) {
+            ApplyDeclaredType(QString::fromUtf8(sqlite3_column_decltype(statement, i)), column);
             continue;
         }
         if (table)

@@ -37,17 +37,13 @@ std::optional<ado::DateType> DateOperands::DeclaredType(size_t first, size_t end
     }
     const size_t close = end - 1;
     if (!m_t.SymbolAt(first + 1, u"(") || m_t.Close(first + 1) != close) return std::nullopt;
-    size_t typeFirst = close, typeEnd = close;
-    if (m_t.WordAt(first, u"CAST")) {
-        typeFirst = m_t.DepthZeroWord(first + 2, u"AS") + 1;
-    } else if (m_t.WordAt(first, u"CONVERT")) {
-        const std::vector<size_t> commas = m_t.Commas(first + 1, close);
-        typeFirst = first + 2;
-        typeEnd = commas.empty() ? close : commas.front();
-    }
-    if (typeFirst >= typeEnd) return std::nullopt;
-    return ado::DateType::Named(
-        TokensToSql(Tokens(m_t.begin() + typeFirst, m_t.begin() + typeEnd)));
+    if (m_t.WordAt(first, u"SYSDATETIME")) return ado::DateType{ado::DateTypeKind::DateTime2, 7};
+    return ado::DateType::Named(m_t.ConversionType(first));
+}
+
+std::optional<ado::DateType> DateOperands::ComparedType(size_t i) const {
+    const std::optional<Range> compared = ComparedOperand(i);
+    return compared ? DeclaredType(compared->first, compared->second) : std::nullopt;
 }
 
 DateOperands::Kind DateOperands::KindOf(size_t first, size_t end) const {
@@ -66,15 +62,11 @@ DateOperands::Kind DateOperands::KindOf(size_t first, size_t end) const {
 
 DateOperands::Kind DateOperands::CallKind(size_t name, size_t close) const {
     const Token& function = m_t[name];
-    if (IsAnyWord(function, {u"GETDATE", u"GETUTCDATE", u"DATEADD", u"EOMONTH"})) return Kind::Date;
-    if (function.IsWord(u"CAST"))
-        return m_t.WordAt(close - 2, u"AS") && DateFunctionWriter::IsDateType(m_t[close - 1].text)
-                   ? Kind::Date
-                   : Kind::NotDate;
-    if (function.IsWord(u"CONVERT"))
-        return m_t.At(name + 2) && DateFunctionWriter::IsDateType(m_t[name + 2].text)
-                   ? Kind::Date
-                   : Kind::NotDate;
+    if (IsAnyWord(function, {u"GETDATE", u"GETUTCDATE", u"SYSDATETIME", u"DATEADD", u"EOMONTH"}))
+        return Kind::Date;
+    if (function.IsWord(u"CAST") || function.IsWord(u"CONVERT"))
+        return DateFunctionWriter::IsDateType(m_t.ConversionType(name)) ? Kind::Date
+                                                                        : Kind::NotDate;
     if (IsNotDateFunction(function)) return Kind::NotDate;
     if (!IsAnyWord(function, {u"MIN", u"MAX", u"ISNULL", u"NULLIF", u"COALESCE"}))
         return Kind::Unknown;

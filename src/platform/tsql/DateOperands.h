@@ -26,8 +26,12 @@ public:
     bool IsDate(size_t first, size_t end) const { return KindOf(first, end) == Kind::Date; }
 
     // The date type of the operand [first, end) when the statement tells it: a column of one of
-    // its tables, or a CAST or CONVERT to a date type; nullopt otherwise.
+    // its tables, a CAST or CONVERT to a date type or SYSDATETIME(); nullopt otherwise.
     std::optional<ado::DateType> DeclaredType(size_t first, size_t end) const;
+
+    // The date type of the operand that the literal at `i` is compared with (=, <, BETWEEN, IN)
+    // when the statement tells it (DeclaredType); nullopt otherwise.
+    std::optional<ado::DateType> ComparedType(size_t i) const;
 
     // Whether the text literal at `i` is read as a date. Where what meets it cannot be told (a
     // column no table names, a subquery, a function of no known type), it is, as it always was.

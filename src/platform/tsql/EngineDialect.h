@@ -96,8 +96,11 @@ public:
     virtual QString DatePlusDays(const QString& value, const QString& days) const = 0;
     // EOMONTH(value, months): the last day of the month `months` after value's.
     virtual QString EndOfMonth(const QString& value, const QString& months) const = 0;
-    // CONVERT(VARCHAR, value, style), for a style that StyleFormat knows.
-    virtual QString DateText(const QString& value, int style) const = 0;
+    // CONVERT(VARCHAR, value, style), for a style that StyleFormat knows, a fraction of a second
+    // to `digits` digits (DATETIME's 3, DATETIME2(n)'s n).
+    virtual QString DateText(const QString& value, int style, int digits) const = 0;
+    // The digits of a second that the engine's times keep (TIME(7) and DATETIME2(7) keep seven).
+    virtual int SecondDigits() const { return 7; }
     // A text read as a date in `order`; ISDATE of a text (empty: not supported).
     virtual QString TextToDate(const QString& text, DateOrder order) const = 0;
     virtual QString IsDate(const QString& text, DateOrder order) const = 0;
@@ -108,6 +111,12 @@ public:
     virtual QString AsDateType(const QString& value, const ado::DateType& type) const = 0;
     // A value of `type` written as its StoredDateText, as the engine's literal of that type.
     virtual QString DateTypeLiteral(const QString& storedText, const ado::DateType& type) const = 0;
+    // `value`, a date expression of `type` that a SELECT returns, written so that the engine
+    // reports its column as of that type (an engine that types expressions itself: as it is).
+    virtual QString TypedDateResult(const QString& value, const ado::DateType& type) const {
+        (void)type;
+        return value;
+    }
     // The engine's column type for a column of date type `type`; empty: as written.
     virtual QString DateColumnType(const ado::DateType& type) const {
         (void)type;

@@ -20,7 +20,8 @@ public:
     QString DateDiff(DateUnit unit, const QString& from, const QString& to) const override;
     QString DatePlusDays(const QString& value, const QString& days) const override;
     QString EndOfMonth(const QString& value, const QString& months) const override;
-    QString DateText(const QString& value, int style) const override;
+    QString DateText(const QString& value, int style, int digits) const override;
+    int SecondDigits() const override { return 6; }
     QString TextToDate(const QString& text, DateOrder order) const override;
     QString IsDate(const QString& text, DateOrder order) const override;
     QString AsDateType(const QString& value, const ado::DateType& type) const override;

@@ -81,11 +81,20 @@ QString TimeNumber(const QString& value, const char* truncation, int seconds) {
         .arg(seconds);
 }
 
-// A Qt date format as to_char's template.
-QString CharTemplate(const QString& qtFormat) {
+// A second's fraction of `digits` digits in to_char's template: MS, FFn, FF6 and a 0 for a seventh
+// (the engine keeps six), nothing for none.
+QString FractionTemplate(int digits) {
+    if (digits == 3) return QStringLiteral("MS");
+    if (digits > 6) return QStringLiteral("FF6\"0\"");
+    return digits > 0 ? QStringLiteral("FF%1").arg(digits) : QString();
+}
+
+// A Qt date format as to_char's template, its fraction of a second to `digits` digits.
+QString CharTemplate(QString qtFormat, int digits) {
+    if (digits == 0 && qtFormat.endsWith(u".zzz")) qtFormat.chop(4);
     static const std::pair<const char*, const char*> fields[] = {
         {"yyyy", "YYYY"}, {"yy", "YY"}, {"MM", "MM"}, {"dd", "DD"},
-        {"HH", "HH24"},   {"mm", "MI"}, {"ss", "SS"}, {"zzz", "MS"}};
+        {"HH", "HH24"},   {"mm", "MI"}, {"ss", "SS"}};
     QString out;
     for (qsizetype i = 0; i < qtFormat.size();) {
         bool matched = false;
@@ -98,7 +107,13 @@ QString CharTemplate(const QString& qtFormat) {
                 break;
             }
         }
-        if (!matched) out += qtFormat[i++];
+        if (matched) continue;
+        if (QStringView(qtFormat).mid(i).startsWith(u"zzz")) {
+            out += FractionTemplate(digits);
+            i += 3;
+        } else {
+            out += qtFormat[i++];
+        }
     }
     return out;
 }
@@ -117,6 +132,10 @@ QString PostgresDialect::DatePart(DateUnit unit, const QString& value, int dateF
     if (unit == DateUnit::Weekday) return Weekday(value, dateFirst);
     if (unit == DateUnit::Millisecond)
         return QStringLiteral("(%1 % 1000)").arg(Extract("MILLISECONDS", value));
+    if (unit == DateUnit::Microsecond || unit == DateUnit::Nanosecond)
+        return QStringLiteral("(%1 % 1000000 * %2)")
+            .arg(Extract("MICROSECONDS", value))
+            .arg(unit == DateUnit::Nanosecond ? 1000 : 1);
     // Week 1 holds 1 January; a week starts on SET DATEFIRST's day.
     return QStringLiteral("((%1 - 1 + %2 - 1) / 7 + 1)")
         .arg(Extract("DOY", value),
@@ -181,9 +200,9 @@ QString PostgresDialect::EndOfMonth(const QString& value, const QString& months)
         .arg(value, months);
 }
 
-QString PostgresDialect::DateText(const QString& value, int style) const {
+QString PostgresDialect::DateText(const QString& value, int style, int digits) const {
     return QStringLiteral("to_char(%1, %2)")
-        .arg(value, SqlString(CharTemplate(ado::StyleFormat(style))));
+        .arg(value, SqlString(CharTemplate(ado::StyleFormat(style), digits)));
 }
 
 QString PostgresDialect::TextToDate(const QString& text, DateOrder order) const {

@@ -27,6 +27,7 @@ constexpr FunctionSpelling kFunctions[] = {
     {"GETDATE", 0, false, "datetime('now', 'localtime')"},
     {"GETUTCDATE", 0, false, "datetime('now')"},
     {"SQRT", 1, true, "zlx_sqrt(%1)"},
+    {"SYSDATETIME", 0, true, "strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime')"},
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
     {"RIGHT", 2, true, "zlx_right(%1, %2)"},
     {"LEFT", 2, true, "zlx_left(%1, %2)"},
@@ -281,6 +282,9 @@ QStringList SqliteDialect::CatalogStatements(const QString&) {
                               "COLLATE NOCASE, hostprocess INTEGER)"),
                QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS zlx_bits (b BIT PRIMARY KEY)"),
                QStringLiteral("INSERT OR IGNORE INTO temp.zlx_bits VALUES (0), (1)"),
+               QStringLiteral("CREATE TEMP TABLE IF NOT EXISTS zlx_date_types (date DATE, time "
+                              "TIME, datetime DATETIME, smalldatetime SMALLDATETIME, datetime2 "
+                              "DATETIME2)"),
            } +
            ObjectViews(QString());
 }

@@ -25,11 +25,12 @@ public:
     QString DateDiff(DateUnit unit, const QString& from, const QString& to) const override;
     QString DatePlusDays(const QString& value, const QString& days) const override;
     QString EndOfMonth(const QString& value, const QString& months) const override;
-    QString DateText(const QString& value, int style) const override;
+    QString DateText(const QString& value, int style, int digits) const override;
     QString TextToDate(const QString& text, DateOrder order) const override;
     QString IsDate(const QString& text, DateOrder order) const override;
     QString AsDateType(const QString& value, const ado::DateType& type) const override;
     QString DateTypeLiteral(const QString& storedText, const ado::DateType& type) const override;
+    QString TypedDateResult(const QString& value, const ado::DateType& type) const override;
     QString DateLiteral(const QString& isoLiteral) const override;
     QString CurrentDatabaseName() const override;
     QString CheckedDivisor(const QString& divisor) const override;

@@ -66,8 +66,8 @@ QString SqliteDialect::EndOfMonth(const QString& value, const QString& months) c
     return QStringLiteral("zlx_eomonth(%1, %2)").arg(value, months);
 }
 
-QString SqliteDialect::DateText(const QString& value, int style) const {
-    return QStringLiteral("zlx_datestyle(%1, %2)").arg(value).arg(style);
+QString SqliteDialect::DateText(const QString& value, int style, int digits) const {
+    return QStringLiteral("zlx_datestyle(%1, %2, %3)").arg(value).arg(style).arg(digits);
 }
 
 QString SqliteDialect::TextToDate(const QString& text, DateOrder order) const {
@@ -84,6 +84,13 @@ QString SqliteDialect::AsDateType(const QString& value, const ado::DateType& typ
 
 QString SqliteDialect::DateTypeLiteral(const QString& storedText, const ado::DateType&) const {
     return SqlString(storedText);
+}
+
+// SQLite tells an expression's column by its first value, a text for a date; a scalar subquery's
+// column takes the declared type of its last SELECT's, here an empty table's column of the type.
+QString SqliteDialect::TypedDateResult(const QString& value, const ado::DateType& type) const {
+    return QStringLiteral("(SELECT %1 UNION ALL SELECT %2 FROM temp.zlx_date_types)")
+        .arg(value, type.Name());
 }
 
 QString SqliteDialect::DateLiteral(const QString& isoLiteral) const {

@@ -2,6 +2,7 @@
 
 #include "platform/tsql/DateOperands.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/SelectList.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlLiterals.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -23,6 +24,8 @@ StatementWriter::StatementWriter(StatementTokens& tokens, const TranslationConte
       m_names(tokens, context), m_columns(tokens, context) {}
 
 QString StatementWriter::Write() {
+    if (m_t.WordAt(0, u"SELECT"))
+        m_selected = SelectList::Read(Tokens(m_t.begin(), m_t.end())).items;
     const size_t index = IndexKeyword();
     return index ? IndexDefinition(index) : Range(0, m_t.size());
 }
@@ -90,6 +93,10 @@ size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
         }
         if (const QString stored = m_stored.StoredText(i); !stored.isEmpty()) {
             out += t.leading + stored;
+            return i + 1;
+        }
+        if (const QString typed = ComparedDateLiteral(i); !typed.isEmpty()) {
+            out += t.leading + typed;
             return i + 1;
         }
         QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);
@@ -288,8 +295,12 @@ size_t StatementWriter::EmitName(size_t i, size_t end, QString& out,
                                     m_dialect.TextResultCollation());
         }
         if (call) {
-            const size_t next = EmitFunction(i, out);
-            if (next != i) return next;
+            QString written;
+            const size_t next = EmitFunction(i, written);
+            if (next != i) {
+                out += SelectedDateValue(i, next, written);
+                return next;
+            }
         }
         if (t.IsWord(u"ORDER") && m_t.WordAt(i + 1, u"BY")) return EmitOrderBy(i, end, out);
         if (!m_dialect.LikeOperator(false).isEmpty()) {

@@ -150,6 +150,13 @@ private:
 
     // Whether [i, end) is a date (DateOperands).
     bool IsDateOperand(size_t i, size_t end) const;
+    // The call [first, end), `written`, typed as its date type when it is a date and a whole
+    // value of the statement's SELECT list (so that it reads back as a date, not as a text).
+    QString SelectedDateValue(size_t first, size_t end, const QString& written) const;
+    bool IsSelectedValue(size_t first, size_t end) const;
+    // The text literal at `i` compared with a DATE, TIME, SMALLDATETIME or DATETIME2 operand,
+    // read as that operand's type (as SQL Server converts it); empty for any other literal.
+    QString ComparedDateLiteral(size_t i) const;
 
     // CAST(x AS type); CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME) is the date of x at midnight.
     size_t EmitCast(size_t cast, size_t close, QString& out);
@@ -161,6 +168,7 @@ private:
     QualifiedNameWriter m_names;
     StatementColumns m_columns;
     QStringList m_exclusive;
+    std::vector<std::pair<size_t, size_t>> m_selected; // the values of a SELECT statement
     static constexpr size_t kNone = static_cast<size_t>(-1);
     size_t m_plainOperand = kNone; // the operand EmitDateArithmetic is writing
 };

@@ -95,8 +95,11 @@ bool StatementWriter::IsTypeName(size_t i) const {
 
 CallArgument StatementWriter::ArgumentOf(size_t from, size_t to) {
     const bool text = to == from + 1 && m_t[from].kind == TokenKind::String;
-    return CallArgument{Range(from, to), text, text ? m_t[from].text : QString(),
-                        !text && IsDateOperand(from, to)};
+    const bool date = !text && IsDateOperand(from, to);
+    return CallArgument{
+        Range(from, to), text, text ? m_t[from].text : QString(), date,
+        date ? DateOperands(m_t, m_context, m_stored, m_columns).DeclaredType(from, to)
+             : std::nullopt};
 }
 
 std::vector<CallArgument> StatementWriter::CallArguments(size_t open, size_t close,
@@ -160,6 +163,30 @@ size_t StatementWriter::DaysOperandEnd(size_t at, QString& days) const {
 
 bool StatementWriter::IsDateOperand(size_t i, size_t end) const {
     return DateOperands(m_t, m_context, m_stored, m_columns).IsDate(i, end);
+}
+
+QString StatementWriter::SelectedDateValue(size_t first, size_t end, const QString& written) const {
+    if (!IsSelectedValue(first, end) || !IsDateOperand(first, end)) return written;
+    const auto type = DateOperands(m_t, m_context, m_stored, m_columns).DeclaredType(first, end);
+    const QString& lead = m_t[first].leading;
+    return lead +
+           m_dialect.TypedDateResult(written.mid(lead.size()), type.value_or(ado::DateType{}));
+}
+
+QString StatementWriter::ComparedDateLiteral(size_t i) const {
+    const auto type = DateOperands(m_t, m_context, m_stored, m_columns).ComparedType(i);
+    if (!type || type->kind == ado::DateTypeKind::DateTime) return {};
+    return DateWriterFor(m_context).CastLiteral(CallArgument::TextLiteral(m_t[i].text),
+                                                type->Spelling());
+}
+
+// The value alone, or followed by its alias (x a, x AS a).
+bool StatementWriter::IsSelectedValue(size_t first, size_t end) const {
+    return std::any_of(m_selected.begin(), m_selected.end(), [&](const auto& item) {
+        const auto& [itemFirst, itemEnd] = item;
+        return itemFirst == first && (itemEnd == end || (itemEnd == end + 1 && IsName(m_t[end])) ||
+                                      (itemEnd == end + 2 && m_t.WordAt(end, u"AS")));
+    });
 }
 
 size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {

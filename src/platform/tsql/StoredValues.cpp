@@ -206,8 +206,7 @@ QString StoredValues::StoredText(size_t i) {
     if (blank) return BlankAs(*kind);
     // DATE, TIME, DATETIME2 and SMALLDATETIME read the text as they keep it.
     if (*kind == ColumnKind::Date && stored->type.compare(u"DATETIME", Qt::CaseInsensitive) != 0)
-        return DateWriterFor(m_context).CastValue(CallArgument{QuoteString(text), true, text},
-                                                  stored->type);
+        return DateWriterFor(m_context).CastValue(CallArgument::TextLiteral(text), stored->type);
     // An integer column takes a text of an integer only ('12.5' is error 245).
     if (*kind == ColumnKind::Integer) {
         RequireIntegerText(text);
@@ -219,7 +218,7 @@ QString StoredValues::StoredText(size_t i) {
     // A text of a date's shape that is no date (30/02/2024) is refused as SQL Server does.
     if (*kind == ColumnKind::Date && HasDateShape(text) &&
         NormalizedDateLiteral(text, m_context.dayMonthYear).isEmpty())
-        return DateWriterFor(m_context).CastLiteral(CallArgument{QuoteString(text), true, text},
+        return DateWriterFor(m_context).CastLiteral(CallArgument::TextLiteral(text),
                                                     QStringLiteral("DATETIME"));
     return {};
 }

@@ -6,6 +6,8 @@
 #include "platform/tsql/TsqlLiterals.h"
 #include "platform/tsql/TypeNames.h"
 
+#include <algorithm>
+
 namespace zlx::tsql {
 namespace {
 
@@ -44,6 +46,10 @@ int StyleNumber(const CallArgument& style) {
 }
 
 } // namespace
+
+CallArgument CallArgument::TextLiteral(const QString& text) {
+    return CallArgument{QuoteString(text), true, text, false, std::nullopt};
+}
 
 DateFunctionWriter::DateFunctionWriter(const EngineDialect& dialect, DateSettings settings)
     : m_dialect(dialect), m_settings(settings) {}
@@ -95,7 +101,9 @@ QString DateFunctionWriter::CastLiteral(const CallArgument& value, const QString
 }
 
 QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
-                                         const ado::DateType& type) const {
+                                         ado::DateType type) const {
+    // An engine that keeps fewer digits gets the value rounded as SQL Server rounds to them.
+    type.digits = std::min(type.digits, m_dialect.SecondDigits());
     const ado::DateReading reading = ado::ReadAsType(text, order, type);
     if (reading.error == ado::kNativeDateOutOfRange)
         ThrowStatementError(ado::OutOfRangeText(QStringLiteral("varchar"), type), reading.error,
@@ -103,7 +111,7 @@ QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
     if (reading.error)
         ThrowStatementError(ado::DateErrorText(reading.error), reading.error,
                             QStringLiteral("22007"));
-    return m_dialect.DateTypeLiteral(ado::StoredDateText(reading.value, type), type);
+    return m_dialect.DateTypeLiteral(ado::StoredDateText(reading, type), type);
 }
 
 QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& type) const {
@@ -125,7 +133,10 @@ QString DateFunctionWriter::DateValue(const CallArgument& value, DateOrder order
 DateUnit DateFunctionWriter::Unit(const QString& function, const CallArgument& unit) const {
     const QString name = unit.sql.trimmed();
     const auto found = unit.isText ? std::nullopt : ado::DateUnitNamed(name);
-    if (!found) ThrowUnsupported(function + u'(' + name + u')');
+    // DATEADD and DATEDIFF count milliseconds at the finest here.
+    const bool fine = found == DateUnit::Microsecond || found == DateUnit::Nanosecond;
+    if (!found || (fine && function != u"DATEPART" && function != u"DATENAME"))
+        ThrowUnsupported(function + u'(' + name + u')');
     return *found;
 }
 
@@ -165,8 +176,11 @@ QString DateFunctionWriter::ConvertToText(const QString& type, const CallArgumen
                                           int style) const {
     if (ado::StyleFormat(style).isEmpty())
         ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
+    // DATETIME2(n) writes n digits of a second where DATETIME writes three.
+    const bool wide = value.dateType && value.dateType->kind == ado::DateTypeKind::DateTime2;
     return QStringLiteral("substr(%1, 1, %2)")
-        .arg(m_dialect.DateText(DateValue(value), style), SizedTextType(type)->length);
+        .arg(m_dialect.DateText(DateValue(value), style, wide ? value.dateType->digits : 3),
+             SizedTextType(type)->length);
 }
 
 QString DateFunctionWriter::IsDate(const CallArgument& value) const {

@@ -6,6 +6,7 @@
 
 #include "platform/tsql/EngineDialect.h"
 
+#include <optional>
 #include <vector>
 
 namespace zlx::tsql {
@@ -16,6 +17,10 @@ struct CallArgument {
     bool isText = false; // a single text literal, whose value is `text`
     QString text;
     bool isDate = false; // of a date type (a date column, a date function's result)
+    std::optional<ado::DateType> dateType; // the date type the statement tells (DateOperands)
+
+    // The argument of the text literal whose value is `text`.
+    static CallArgument TextLiteral(const QString& text);
 };
 
 struct DateSettings {
@@ -41,7 +46,7 @@ public:
 private:
     QString DateValue(const CallArgument& value) const;
     // A text literal read as `type` reads it, as the engine's literal of that type.
-    QString TypedLiteral(const QString& text, DateOrder order, const ado::DateType& type) const;
+    QString TypedLiteral(const QString& text, DateOrder order, ado::DateType type) const;
     QString DateValue(const CallArgument& value, DateOrder order) const;
     DateUnit Unit(const QString& function, const CallArgument& unit) const;
     QString Convert(const std::vector<CallArgument>& arguments) const;

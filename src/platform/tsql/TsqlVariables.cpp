@@ -1,6 +1,5 @@
 #include "platform/tsql/TsqlVariables.h"
 
-#include "platform/engines/IsoDate.h"
 #include "platform/engines/SqlServerDates.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -131,24 +130,37 @@ QString BitOf(const Variant& value) {
     return number != 0 ? QStringLiteral("1") : QStringLiteral("0");
 }
 
-// The value as a DATETIME keeps it, written 'yyyymmdd hh:mm:ss[.mmm]'.
-QString DateOf(const Variant& value) {
-    std::optional<Date> date;
-    if (const Date* kept = value.Get<Date>())
-        date = *kept;
-    else
-        date = ado::ParseIsoDate(value.ToInvariantString().trimmed());
-    if (!date)
-        ThrowStatementError(
-            QStringLiteral("Conversion failed when converting date and/or time from character "
-                           "string."),
-            ado::kNativeDateConversion);
+[[noreturn]] void ThrowNoDate() {
+    ThrowStatementError(ado::DateErrorText(ado::kNativeDateConversion), ado::kNativeDateConversion);
+}
+
+// The moment an engine's value tells: an OLE date (to the millisecond), or a date's ISO text as
+// the embedded engine stores it (to the 100-nanosecond tick).
+ado::DateReading MomentOf(const Variant& value) {
+    if (!value.Get<Date>()) {
+        const ado::DateReading reading =
+            ado::ReadWideDate(value.ToInvariantString(), ado::DateOrder::YearMonthDay);
+        if (reading.error) ThrowNoDate();
+        return reading;
+    }
     // An OLE date's whole part counts days, its fraction (of either sign) the time of day.
-    const double days = std::trunc(date->value);
-    const qint64 msecs = std::llround(std::fabs(date->value - days) * 86400000.0);
-    const QDateTime moment = ado::RoundedToDatetime(
-        QDateTime(QDate(1899, 12, 30).addDays(static_cast<qint64>(days)), QTime(0, 0), Qt::UTC)
-            .addMSecs(msecs));
+    const double date = value.Get<Date>()->value;
+    const double days = std::trunc(date);
+    const qint64 msecs = std::llround(std::fabs(date - days) * 86400000.0);
+    return {QDateTime(QDate(1899, 12, 30).addDays(static_cast<qint64>(days)), QTime(0, 0), Qt::UTC)
+                .addMSecs(msecs)};
+}
+
+// The value as a variable of the date type `type` keeps it, as the text of its literal:
+// DATETIME and SMALLDATETIME 'yyyymmdd hh:mm:ss[.mmm]', which they read whatever DATEFORMAT
+// says; the others their stored ISO text, which they read year first.
+QString DateOf(const Variant& value, const ado::DateType& type) {
+    const ado::DateReading fitted = ado::FitToType(MomentOf(value), type);
+    if (fitted.error)
+        ThrowStatementError(ado::OutOfRangeText(QStringLiteral("datetime"), type), fitted.error);
+    const QDateTime& moment = fitted.value;
+    if (type.kind != ado::DateTypeKind::DateTime && type.kind != ado::DateTypeKind::SmallDateTime)
+        return ado::StoredDateText(fitted, type);
     return moment.toString(moment.time().msec() ? QStringLiteral("yyyyMMdd HH:mm:ss.zzz")
                                                 : QStringLiteral("yyyyMMdd HH:mm:ss"));
 }
@@ -192,7 +204,7 @@ QString Converted(const Variant& value, const VariableType& type) {
     case VariableKind::Text:
         return TextOf(value, type);
     case VariableKind::Date:
-        return DateOf(value);
+        return DateOf(value, type.DateTypeOf());
     case VariableKind::Binary:
         return BinaryOf(value, type);
     }
@@ -215,6 +227,7 @@ constexpr TypeWord kTypeWords[] = {
     {"NCHAR", VariableKind::Text},         {"VARCHAR", VariableKind::Text},
     {"NVARCHAR", VariableKind::Text},      {"DATETIME", VariableKind::Date},
     {"SMALLDATETIME", VariableKind::Date}, {"DATETIME2", VariableKind::Date},
+    {"DATE", VariableKind::Date},          {"TIME", VariableKind::Date},
     {"BINARY", VariableKind::Binary},      {"VARBINARY", VariableKind::Binary},
 };
 
@@ -237,6 +250,24 @@ std::vector<int> TypeArguments(const Tokens& tokens, size_t open, size_t& end) {
         ThrowStatementError(QStringLiteral("Incorrect syntax near '('."), ado::kNativeSyntax);
     end = i + 1;
     return arguments;
+}
+
+// The digits of a second TIME(n) and DATETIME2(n) keep (7 when not given); the other date types
+// take no length (2716).
+int DateDigits(const QString& name, const std::vector<int>& arguments) {
+    const bool sized = name == u"TIME" || name == u"DATETIME2";
+    if (!sized && !arguments.empty())
+        ThrowStatementError(QStringLiteral("Column, parameter, or variable #1: Cannot specify a "
+                                           "column width on data type %1.")
+                                .arg(name.toLower()),
+                            2716);
+    const int digits = arguments.empty() ? 7 : arguments.front();
+    if (sized && (digits > 7 || arguments.size() > 1))
+        ThrowStatementError(QStringLiteral("Specified scale %1 is invalid for '%2' data type.")
+                                .arg(digits)
+                                .arg(name.toLower()),
+                            1002);
+    return sized ? digits : 3;
 }
 
 } // namespace
@@ -271,6 +302,9 @@ VariableType VariableType::Read(const Tokens& tokens, size_t first, size_t& end)
         type.fixed = type.name == u"CHAR" || type.name == u"NCHAR" || type.name == u"BINARY";
         type.national = type.name.startsWith(u'N');
         break;
+    case VariableKind::Date:
+        type.precision = DateDigits(type.name, arguments);
+        break;
     default:
         break;
     }
@@ -285,10 +319,17 @@ QString VariableType::SqlType() const {
     case VariableKind::Float:
         return QStringLiteral("FLOAT");
     case VariableKind::Date:
-        return QStringLiteral("DATETIME");
+        return DateTypeOf().Spelling();
     default:
         return name;
     }
+}
+
+ado::DateType VariableType::DateTypeOf() const {
+    ado::DateType type = *ado::DateType::Named(name);
+    if (type.kind == ado::DateTypeKind::Time || type.kind == ado::DateTypeKind::DateTime2)
+        type.digits = precision;
+    return type;
 }
 
 void TsqlVariables::Declare(const QString& name, const VariableType& type) {
@@ -356,7 +397,7 @@ Tokens TsqlVariables::Literal(const Variable& variable, bool placeholder) const 
         return {text};
     }
     case VariableKind::Date:
-        return Tokenize(QStringLiteral("CAST('%1' AS DATETIME)").arg(*value));
+        return Tokenize(QStringLiteral("CAST('%1' AS %2)").arg(*value, type.SqlType()));
     case VariableKind::Decimal:
     case VariableKind::Float:
         return Tokenize(QStringLiteral("CAST(%1 AS %2)").arg(*value, type.SqlType()));

@@ -4,6 +4,7 @@
 // length, a decimal rounded to its scale, an integer within its range) and goes into the
 // statements that name the variable as a literal of that type.
 
+#include "platform/engines/SqlServerDateTypes.h"
 #include "platform/tsql/TsqlToken.h"
 #include "platform/variant/Variant.h"
 
@@ -20,15 +21,17 @@ struct VariableType {
     int length = 0;        // characters or bytes; 0: MAX
     bool fixed = false;    // CHAR/NCHAR/BINARY: filled up to `length`
     bool national = false; // NCHAR/NVARCHAR: its literals are N'...'
-    int precision = 0;     // DECIMAL/NUMERIC/MONEY
+    int precision = 0;     // DECIMAL/NUMERIC/MONEY; TIME/DATETIME2: the digits of a second
     int scale = 0;
 
     // The type written from `first` in `tokens` (DECIMAL(10, 2)); `end` gets where it ends.
     // Types a local variable cannot have, or this layer does not keep, are refused.
     static VariableType Read(const Tokens& tokens, size_t first, size_t& end);
     // MONEY; DECIMAL(p,s) for every other exact number with a fraction (SMALLMONEY too),
-    // FLOAT, DATETIME; the name as written for the others.
+    // FLOAT, a date type with its digits (TIME(7)); the name as written for the others.
     QString SqlType() const;
+    // The date type of a variable of kind Date.
+    ado::DateType DateTypeOf() const;
 };
 
 class TsqlVariables {

@@ -3,6 +3,7 @@
 #include "platform/tsql/SelectList.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlTokenizer.h"
 
 #include <QSet>
 #include <QStringList>
@@ -95,17 +96,22 @@ Tokens VariableAssignment::Query(const TsqlVariables& variables) const {
         }
         if (k > 0) query.push_back(Raw(QStringLiteral(",")));
         // A date is read on the engine, under SET DATEFORMAT; other values are converted when
-        // they are assigned.
+        // they are assigned. In parentheses the engine answers the date's text as it holds it
+        // (SQLite: to the tick), not a date value of the column.
         const VariableType& type = variables.TypeOf(item.variable);
         if (type.kind != VariableKind::Date) {
             query.insert(query.end(), item.value.begin(), item.value.end());
             continue;
         }
-        query.push_back(Token{TokenKind::Word, QStringLiteral("CAST"), QStringLiteral(" ")});
+        query.push_back(Raw(QStringLiteral("("), QStringLiteral(" ")));
+        query.push_back(Token{TokenKind::Word, QStringLiteral("CAST"), {}});
         query.push_back(Raw(QStringLiteral("(")));
         query.insert(query.end(), item.value.begin(), item.value.end());
         query.push_back(Token{TokenKind::Word, QStringLiteral("AS"), QStringLiteral(" ")});
-        query.push_back(Token{TokenKind::Word, type.SqlType(), QStringLiteral(" ")});
+        Tokens typeName = Tokenize(type.SqlType());
+        typeName.front().leading = QStringLiteral(" ");
+        query.insert(query.end(), typeName.begin(), typeName.end());
+        query.push_back(Raw(QStringLiteral(")")));
         query.push_back(Raw(QStringLiteral(")")));
     }
     query.insert(query.end(), rest.begin(), rest.end());

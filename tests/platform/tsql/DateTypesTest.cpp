@@ -1,6 +1,7 @@
 // What each of SQL Server's date types keeps of a value: its range, its rounding and the text the
 // embedded engine stores it as.
 #include "platform/engines/SqlServerDateTypes.h"
+#include "platform/engines/SqlServerDates.h"
 #include "platform/engines/SqlServerErrors.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +22,7 @@ QString Kept(const char* text, const char* type) {
     const DateReading reading =
         ReadAsType(QString::fromUtf8(text), DateOrder::DayMonthYear, dateType);
     return reading.error ? QStringLiteral("error %1").arg(reading.error)
-                         : StoredDateText(reading.value, dateType);
+                         : StoredDateText(reading, dateType);
 }
 
 } // namespace
@@ -53,7 +54,7 @@ TEST(SqlServerDateTypes, DateAndTimeKeepTheirOwnPart) {
     EXPECT_EQ(Kept("15/03/2024 23:59:59.999", "DATE"), u"2024-03-15 00:00:00");
     EXPECT_EQ(Kept("0001-01-01", "DATE"), u"0001-01-01 00:00:00");
     EXPECT_EQ(Kept("15/03/2024 14:30", "TIME"), u"14:30:00");
-    EXPECT_EQ(Kept("14:30:15.1234567", "TIME"), u"14:30:15.123");
+    EXPECT_EQ(Kept("14:30:15.1234567", "TIME"), u"14:30:15.1234567");
     EXPECT_EQ(Kept("14:30:15.5", "TIME(0)"), u"14:30:16");
     EXPECT_EQ(Kept("8:05 PM", "TIME(2)"), u"20:05:00");
 }
@@ -84,4 +85,30 @@ TEST(SqlServerDateTypes, OutOfRangeMessagesNameBothTypes) {
     EXPECT_EQ(OutOfRangeText(QStringLiteral("varchar"), Type("SMALLDATETIME")),
               u"The conversion of a varchar data type to a smalldatetime data type resulted in an "
               u"out-of-range value.");
+}
+
+TEST(SqlServerDateTypes, SevenDigitsAreKeptAndRoundedHalfUpToFewer) {
+    EXPECT_EQ(Kept("15/03/2024 10:20:30.1234567", "DATETIME2"), u"2024-03-15 10:20:30.1234567");
+    EXPECT_EQ(Kept("15/03/2024 10:20:30.1234565", "DATETIME2(6)"), u"2024-03-15 10:20:30.1234570");
+    EXPECT_EQ(Kept("15/03/2024 10:20:30.1234567", "DATETIME2(3)"), u"2024-03-15 10:20:30.123");
+    EXPECT_EQ(Kept("15/03/2024 10:20:30.9999996", "DATETIME2(6)"), u"2024-03-15 10:20:31");
+    // A fraction below the millisecond keeps its three leading zeros.
+    EXPECT_EQ(Kept("10:20:30.0001", "TIME"), u"10:20:30.0001000");
+    EXPECT_EQ(Kept("10:20:30.0000005", "TIME(6)"), u"10:20:30.0000010");
+    EXPECT_EQ(Kept("10:20:30.12345678", "TIME"), u"error 241");
+}
+
+TEST(SqlServerDateTypes, StylesAndDatePartsReachTheTick) {
+    const DateReading moment =
+        ReadWideDate(QStringLiteral("2024-03-15 10:20:30.1234567"), DateOrder::DayMonthYear);
+    ASSERT_EQ(moment.error, 0);
+    EXPECT_EQ(StyleText(moment, 121, 7), u"2024-03-15 10:20:30.1234567");
+    EXPECT_EQ(StyleText(moment, 121, 3), u"2024-03-15 10:20:30.123");
+    EXPECT_EQ(StyleText(moment, 21, 0), u"2024-03-15 10:20:30");
+    EXPECT_EQ(StyleText(moment, 103, 7), u"15/03/2024");
+    EXPECT_EQ(DatePartOf(DateUnit::Microsecond, moment, 1), 123456);
+    EXPECT_EQ(DatePartOf(DateUnit::Nanosecond, moment, 1), 123456700);
+    EXPECT_EQ(DatePartOf(DateUnit::Millisecond, moment, 1), 123);
+    EXPECT_EQ(DateUnitNamed(QStringLiteral("MCS")), DateUnit::Microsecond);
+    EXPECT_EQ(DateUnitNamed(QStringLiteral("ns")), DateUnit::Nanosecond);
 }

@@ -1,6 +1,7 @@
 #pragma once
 // A result sink that writes every result event of a batch as one line of text: "rowset",
-// "row <values joined by |>" (NULL for a null), "end", "count <n>".
+// "row <values joined by |>" (NULL for a null), "end", "count <n>"; and one that also keeps the
+// columns and values of the first rowset.
 
 #include "platform/engines/Driver.h"
 
@@ -25,6 +26,21 @@ public:
         events << QStringLiteral("count %1").arg(count);
     }
     QStringList events;
+};
+
+// The columns and the first row's values of the first rowset of a batch, as the driver gave them.
+class ColumnsSink : public RecordingSink {
+public:
+    void BeginRowset(const std::vector<ado::ColumnInfo>& described) override {
+        if (columns.empty()) columns = described;
+        RecordingSink::BeginRowset(described);
+    }
+    bool Row(std::vector<Variant>& values) override {
+        if (firstRow.empty()) firstRow = values;
+        return RecordingSink::Row(values);
+    }
+    std::vector<ado::ColumnInfo> columns;
+    std::vector<Variant> firstRow;
 };
 
 } // namespace zlx::test

@@ -62,6 +62,13 @@ protected:
         return sink.events;
     }
 
+    // The columns and first row of the batch's first rowset.
+    ColumnsSink Columns(const QString& batch) {
+        ColumnsSink sink;
+        m_session->Execute(batch, sink, 0);
+        return sink;
+    }
+
     QString Value(const QString& batch) {
         for (const QString& event : Exec(batch)) {
             if (event.startsWith(u"row ")) return event.mid(4);

@@ -225,12 +225,13 @@ TEST(TsqlTranslator, TextsWrittenAsDatesAreDatesOnlyWhereADateMeetsThem) {
                              "'20240301')"));
     EXPECT_EQ(sqlite("SELECT ISNULL(Fecha, '17530101'), ISNULL(Nota, '17530101'), '17530101' "
                      "FROM t WHERE '20240101' <= MAX(Fecha)"),
-              QStringLiteral("SELECT ifnull(Fecha, '1753-01-01 00:00:00'), ifnull(Nota, "
+              QStringLiteral("SELECT (SELECT ifnull(Fecha, '1753-01-01 00:00:00') UNION ALL "
+                             "SELECT datetime FROM temp.zlx_date_types), ifnull(Nota, "
                              "'17530101'), '17530101' FROM t WHERE '2024-01-01 00:00:00' <= "
                              "MAX(Fecha)"));
     EXPECT_EQ(sqlite("SELECT Nota FROM t WHERE CONVERT(VARCHAR(10), Fecha, 103) = '15/03/2024'"),
-              QStringLiteral("SELECT Nota FROM t WHERE substr(zlx_datestyle(Fecha, 103), 1, 10) = "
-                             "'15/03/2024'"));
+              QStringLiteral("SELECT Nota FROM t WHERE substr(zlx_datestyle(Fecha, 103, 3), 1, 10) "
+                             "= '15/03/2024'"));
     EXPECT_EQ(
         sqlite("CREATE TABLE d (f DATETIME DEFAULT '17530101', s CHAR(8) DEFAULT '17530101')"),
         QStringLiteral("CREATE TABLE d (f DATETIME DEFAULT '1753-01-01 00:00:00', s CHAR(8) "

@@ -2,7 +2,7 @@
 -- T-SQL
 SELECT GetDate()
 -- SQLite
-SELECT datetime('now', 'localtime')
+SELECT (SELECT datetime('now', 'localtime') UNION ALL SELECT datetime FROM temp.zlx_date_types)
 -- PostgreSQL
 SELECT LOCALTIMESTAMP(3)
 -- result
