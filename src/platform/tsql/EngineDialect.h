@@ -99,6 +99,9 @@ public:
     // CONVERT(VARCHAR, value, style), for a style that StyleFormat knows, a fraction of a second
     // to `digits` digits (DATETIME's 3, DATETIME2(n)'s n).
     virtual QString DateText(const QString& value, int style, int digits) const = 0;
+    // A TIME value as the date and time it is on 1900-01-01 (an engine that reads times so: as
+    // it is).
+    virtual QString TimeOnFirstDay(const QString& time) const { return time; }
     // The digits of a second that the engine's times keep (TIME(7) and DATETIME2(7) keep seven).
     virtual int SecondDigits() const { return 7; }
     // A text read as a date in `order`; ISDATE of a text (empty: not supported).

@@ -22,6 +22,7 @@ public:
     QString EndOfMonth(const QString& value, const QString& months) const override;
     QString DateText(const QString& value, int style, int digits) const override;
     int SecondDigits() const override { return 6; }
+    QString TimeOnFirstDay(const QString& time) const override;
     QString TextToDate(const QString& text, DateOrder order) const override;
     QString IsDate(const QString& text, DateOrder order) const override;
     QString AsDateType(const QString& value, const ado::DateType& type) const override;

@@ -205,6 +205,10 @@ QString PostgresDialect::DateText(const QString& value, int style, int digits) c
         .arg(value, SqlString(CharTemplate(ado::StyleFormat(style), digits)));
 }
 
+QString PostgresDialect::TimeOnFirstDay(const QString& time) const {
+    return QStringLiteral("(DATE '1900-01-01' + %1)").arg(time);
+}
+
 QString PostgresDialect::TextToDate(const QString& text, DateOrder order) const {
     const char* pattern = order == DateOrder::DayMonthYear   ? "DD/MM/YYYY HH24:MI:SS.MS"
                           : order == DateOrder::MonthDayYear ? "MM/DD/YYYY HH24:MI:SS.MS"

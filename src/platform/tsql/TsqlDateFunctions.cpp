@@ -87,9 +87,22 @@ QString DateFunctionWriter::Call(const QString& name,
     if (function == u"DATENAME")
         return m_dialect.DateName(unit, DateValue(arguments[1]), m_settings.dateFirst,
                                   m_settings.spanish);
-    if (function == u"DATEADD")
-        return m_dialect.DateAdd(unit, arguments[1].sql.trimmed(), DateValue(arguments[2]));
-    return m_dialect.DateDiff(unit, DateValue(arguments[1]), DateValue(arguments[2]));
+    if (function == u"DATEADD") return DateAdd(unit, arguments[1], arguments[2]);
+    return m_dialect.DateDiff(unit, DateTimeValue(arguments[1]), DateTimeValue(arguments[2]));
+}
+
+// DATEADD answers a value of its date's type: a TIME wraps round midnight, a DATE stays a day.
+QString DateFunctionWriter::DateAdd(DateUnit unit, const CallArgument& count,
+                                    const CallArgument& date) const {
+    const QString added = m_dialect.DateAdd(unit, count.sql.trimmed(), DateTimeValue(date));
+    const auto type = date.dateType;
+    if (!type || type->kind == ado::DateTypeKind::DateTime) return added;
+    return m_dialect.AsDateType(added, *type);
+}
+
+QString DateFunctionWriter::DateTimeValue(const CallArgument& value) const {
+    const bool time = value.dateType && value.dateType->kind == ado::DateTypeKind::Time;
+    return time ? m_dialect.TimeOnFirstDay(value.sql.trimmed()) : DateValue(value);
 }
 
 QString DateFunctionWriter::CastLiteral(const CallArgument& value, const QString& type) const {

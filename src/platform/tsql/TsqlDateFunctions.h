@@ -45,6 +45,9 @@ public:
 
 private:
     QString DateValue(const CallArgument& value) const;
+    QString DateAdd(DateUnit unit, const CallArgument& count, const CallArgument& date) const;
+    // A date argument as a date and time: a TIME on 1900-01-01, as SQL Server widens it.
+    QString DateTimeValue(const CallArgument& value) const;
     // A text literal read as `type` reads it, as the engine's literal of that type.
     QString TypedLiteral(const QString& text, DateOrder order, ado::DateType type) const;
     QString DateValue(const CallArgument& value, DateOrder order) const;
