@@ -85,3 +85,20 @@ TEST_P(DateCastTest, DateVariablesReadBackAsTheirType) {
     EXPECT_EQ(result.firstRow[1].ToInvariantString(), u"1899-12-30 10:30:16");
     EXPECT_NE(result.firstRow[2].Get<Date>(), nullptr);
 }
+
+TEST_P(DateCastTest, AddingMicrosecondsOrNanosecondsIsRefusedByName) {
+    for (const char* unit : {"mcs", "ns"}) {
+        try {
+            Exec(QStringLiteral("SELECT DATEADD(%1, 5, SYSDATETIME())")
+                     .arg(QLatin1StringView(unit)));
+            ADD_FAILURE() << unit << " added";
+        } catch (const ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14));
+            EXPECT_EQ(error.Description(),
+                      QStringLiteral("Construcción T-SQL no soportada: DATEADD(%1)")
+                          .arg(QLatin1StringView(unit)));
+        }
+    }
+    EXPECT_EQ(Value(QStringLiteral("SELECT DATEPART(ns, CAST('10:20:30.5' AS TIME))")),
+              u"500000000");
+}
