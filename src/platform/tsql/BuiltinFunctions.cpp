@@ -29,6 +29,7 @@ constexpr FunctionSpelling kCommon[] = {
     {"QUOTENAME", 1, true, "zlx_quotename(%1, '[')"},
     {"QUOTENAME", 2, true, "zlx_quotename(%1, %2)"},
     {"DATEFROMPARTS", 3, true, "zlx_datefromparts(%1, %2, %3)"},
+    // Written as CASE before (CaseComparisons): here for a call of another count, refused.
     {"IIF", 3, true, "(CASE WHEN %1 THEN %2 ELSE %3 END)"},
     {"SQUARE", 1, true, "power(CAST(%1 AS float), 2)"},
     {"ATN2", 2, true, "atan2(%1, %2)"},

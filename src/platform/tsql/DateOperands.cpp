@@ -68,8 +68,7 @@ DateOperands::Kind DateOperands::CallKind(size_t name, size_t close) const {
         return DateFunctionWriter::IsDateType(m_t.ConversionType(name)) ? Kind::Date
                                                                         : Kind::NotDate;
     if (IsNotDateFunction(function)) return Kind::NotDate;
-    if (!IsAnyWord(function, {u"MIN", u"MAX", u"ISNULL", u"NULLIF", u"COALESCE"}))
-        return Kind::Unknown;
+    if (!IsAnyWord(function, {u"MIN", u"MAX", u"ISNULL", u"COALESCE"})) return Kind::Unknown;
     // The type of the first argument, or for COALESCE of any argument that is a date.
     const size_t open = name + 1;
     const auto arguments = m_t.Items(open, close, m_t.Commas(open, close));

@@ -39,7 +39,8 @@ const FunctionSpelling* EngineDialect::FindFunction(const QString& name) const {
     return nullptr;
 }
 
-QString EngineDialect::Cast(const QString& value, const QString& type, bool textLiteral) const {
+QString EngineDialect::Cast(const QString& value, const QString& tsqlType, bool textLiteral) const {
+    const QString type = MaxAsLength(tsqlType);
     static const QStringList integers = {QStringLiteral("INT"), QStringLiteral("INTEGER"),
                                          QStringLiteral("BIGINT"), QStringLiteral("SMALLINT"),
                                          QStringLiteral("TINYINT")};

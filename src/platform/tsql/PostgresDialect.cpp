@@ -126,11 +126,13 @@ QString PostgresDialect::CastType(const QString& type) const {
     return LookUpType(kCastTypes, type);
 }
 
-// A value of any type is a bpchar with its blanks (a text of another type through its output).
+// A value of any type is a bpchar with its blanks (a text of another type through its output),
+// compared as a column of the database (a literal's bpchar would take the engine's collation).
 QString PostgresDialect::TextCast(const QString& value, const QString& type) const {
     const auto text = SizedTextType(type);
     if (!text || !text->variable) return {};
-    return QStringLiteral("zlx_varchar(CAST(%1 AS bpchar), %2)").arg(value, text->length);
+    return QStringLiteral("(zlx_varchar(CAST(%1 AS bpchar), %2) COLLATE zlx_ci_ai)")
+        .arg(value, text->length);
 }
 
 // A database is a schema.

@@ -1,5 +1,8 @@
 #include "platform/tsql/RecursionLimit.h"
 
+#include "platform/tsql/TsqlErrors.h"
+#include "platform/tsql/TsqlTokenizer.h"
+
 namespace zlx::tsql {
 namespace {
 
@@ -73,6 +76,10 @@ std::optional<Tokens> RecursionLimit::ColumnNames(size_t listOpen, size_t bodyOp
     size_t from = m_t.Close(bodyOpen);
     for (const QStringView word : {u"FROM", u"UNION", u"EXCEPT", u"INTERSECT", u"WHERE"})
         from = std::min(from, m_t.DepthZeroWord(select + 1, word));
+    const bool star =
+        m_t.SymbolAt(from - 1, u"*") &&
+        (from == select + 2 || (from == select + 4 && m_t.SymbolAt(select + 2, u".")));
+    if (star) return StarColumns(from, m_t.Close(bodyOpen));
     // The select list as a parenthesised list: its items lie between `select` and `from`.
     size_t first = select + 1;
     for (size_t i = select + 1; i <= from; ++i) {
@@ -90,6 +97,31 @@ std::optional<Tokens> RecursionLimit::ColumnNames(size_t listOpen, size_t bodyOp
             return std::nullopt;
         first = i + 1;
     }
+    return names;
+}
+
+Tokens RecursionLimit::StarColumns(size_t from, size_t end) const {
+    const QString refused = QStringLiteral("SELECT * en una expresión de tabla común recursiva");
+    const size_t name = from + 1;
+    const size_t nameEnd = m_t.QualifiedNameEnd(name);
+    if (!m_t.WordAt(from, u"FROM") || nameEnd == name || !m_context.tableColumns)
+        ThrowUnsupported(refused);
+    // One table: no JOIN, APPLY nor comma before the query ends.
+    end = std::min(end, m_t.DepthZeroWord(nameEnd, u"UNION"));
+    for (size_t i = nameEnd; i < end; ++i) {
+        if (m_t[i].IsSymbol(u"("))
+            i = m_t.Close(i);
+        else if (m_t[i].IsSymbol(u",") || IsAnyWord(m_t[i], {u"JOIN", u"APPLY"}))
+            ThrowUnsupported(refused);
+    }
+    const TableColumns columns = m_context.tableColumns(
+        TokensToSql(Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(name),
+                           m_t.begin() + static_cast<std::ptrdiff_t>(nameEnd)))
+            .trimmed());
+    if (columns.empty()) ThrowUnsupported(refused);
+    Tokens names;
+    for (const TableColumn& column : columns)
+        names.push_back(Token{TokenKind::QuotedName, column.name, u" "_qs});
     return names;
 }
 

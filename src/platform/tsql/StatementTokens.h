@@ -42,6 +42,12 @@ public:
         m_t.erase(first, last);
     }
     void Replace(Tokens tokens) { m_t = std::move(tokens); }
+    // Puts `tokens` in place of the tokens [first, end).
+    void Splice(size_t first, size_t end, const Tokens& tokens) {
+        const auto at = m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(first),
+                                  m_t.begin() + static_cast<std::ptrdiff_t>(end));
+        m_t.insert(at, tokens.begin(), tokens.end());
+    }
 
     const Token* At(size_t i) const { return i < m_t.size() ? &m_t[i] : nullptr; }
     bool WordAt(size_t i, QStringView w) const { return At(i) && At(i)->IsWord(w); }

@@ -155,7 +155,7 @@ DateUnit DateFunctionWriter::Unit(const QString& function, const CallArgument& u
 
 // CONVERT(type, value[, style]): a style reads or writes dates; without one it is a CAST.
 QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) const {
-    const QString type = arguments[0].sql.simplified().toUpper();
+    const QString type = MaxAsLength(arguments[0].sql.simplified().toUpper());
     const CallArgument& value = arguments[1];
     if (arguments.size() == 3) {
         const int style = StyleNumber(arguments[2]);

@@ -1,5 +1,6 @@
 #include "platform/tsql/TsqlTranslator.h"
 
+#include "platform/tsql/CaseComparisons.h"
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/DistinctTexts.h"
 #include "platform/tsql/LargeTextRefusals.h"
@@ -80,8 +81,9 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
                                        u'(' + Expression(definitions.DeferredDefault()).trimmed() +
                                            u')'};
     DataStatementRewriter(tokens, DialectOf(m_context)).Rewrite();
+    CaseComparisons(tokens).Rewrite();
     MarkCtesRecursive(tokens);
-    RecursionLimit(tokens).Apply();
+    RecursionLimit(tokens, m_context).Apply();
     OffsetFetch(tokens).Rewrite();
     QueryHints(tokens).Remove();
     SelectAliases(tokens).Rewrite();

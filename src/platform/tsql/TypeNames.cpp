@@ -21,6 +21,12 @@ std::optional<SizedText> SizedTextType(const QString& type) {
                      match.captured(3).isEmpty() ? QStringLiteral("30") : match.captured(3)};
 }
 
+QString MaxAsLength(const QString& type) {
+    static const QRegularExpression unlimited(QStringLiteral("^(N?VARCHAR)\\s*\\(\\s*MAX\\s*\\)$"));
+    const auto match = unlimited.match(type);
+    return match.hasMatch() ? match.captured(1) + QStringLiteral("(2147483647)") : type;
+}
+
 std::optional<DecimalDigits> DecimalType(const QString& type) {
     static const QRegularExpression decimal(
         QStringLiteral("^(?:DECIMAL|NUMERIC)\\s*(?:\\(\\s*(\\d+)\\s*(?:,\\s*(\\d+)\\s*)?\\))?$"),
@@ -32,6 +38,14 @@ std::optional<DecimalDigits> DecimalType(const QString& type) {
     if (!match.hasMatch()) return std::nullopt;
     return DecimalDigits{match.captured(1).isEmpty() ? 18 : match.captured(1).toInt(),
                          match.captured(2).isEmpty() ? 0 : match.captured(2).toInt()};
+}
+
+std::optional<DecimalDigits> IntegerDigits(const QString& type) {
+    if (type == u"TINYINT") return DecimalDigits{3, 0};
+    if (type == u"SMALLINT") return DecimalDigits{5, 0};
+    if (type == u"INT" || type == u"INTEGER") return DecimalDigits{10, 0};
+    if (type == u"BIGINT") return DecimalDigits{19, 0};
+    return std::nullopt;
 }
 
 std::optional<DecimalDigits> LiteralDigits(const QString& text) {

@@ -21,6 +21,9 @@ struct SizedText {
     QString length;
 };
 std::optional<SizedText> SizedTextType(const QString& type);
+// VARCHAR(MAX) or NVARCHAR(MAX) as the sized type of a length no value reaches, so that a CAST
+// or CONVERT to it keeps the whole value; any other type as it is.
+QString MaxAsLength(const QString& type);
 
 // DECIMAL(p,s), NUMERIC(p,s) (18 digits and scale 0 when not written), MONEY (19,4) and
 // SMALLMONEY (10,4): the digits a value may have and the places it is rounded to.
@@ -29,6 +32,10 @@ struct DecimalDigits {
     int scale;
 };
 std::optional<DecimalDigits> DecimalType(const QString& type);
+
+// The digits of an integer type as a DECIMAL counts them (INT is DECIMAL(10,0)); none for any
+// other type.
+std::optional<DecimalDigits> IntegerDigits(const QString& type);
 
 // A number literal's own digits: 12.50 is DECIMAL(4,2), 3 is DECIMAL(1,0); none for a text
 // that is no plain number.

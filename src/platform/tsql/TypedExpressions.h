@@ -79,6 +79,8 @@ private:
     void TakeNumberType(Typed& text, const Typed& number, bool record);
     QString NumberTypeOf(const Typed& operand) const;
     static QString CommonNumberType(const std::vector<QString>& types);
+    // The type of a column of UNION, EXCEPT or INTERSECT whose branches give numbers of `types`.
+    static QString SetColumnType(const std::vector<QString>& types);
     void WrapAsNumber(const Typed& text, const QString& type);
 
     // CAST and CONVERT of numbers to text types (TypedExpressions_casts).

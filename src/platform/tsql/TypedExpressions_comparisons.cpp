@@ -130,7 +130,8 @@ void TypedExpressions::ConvertUnionTexts() {
         ConvertBranchColumns(branches);
 }
 
-// Each column of the branches: its texts become integers when the others are integers.
+// Each column of the branches: its texts become the column's number type when the others are
+// numbers.
 void TypedExpressions::ConvertBranchColumns(const std::vector<size_t>& selects) {
     std::vector<std::vector<Typed>> columns;
     for (size_t select : selects) {
@@ -139,25 +140,32 @@ void TypedExpressions::ConvertBranchColumns(const std::vector<size_t>& selects) 
             const size_t first = select + list.items[k].first;
             const size_t end = select + list.items[k].second;
             const auto whole = OperandAt(first) ? Chain(first, false) : std::nullopt;
+            // The value may be followed by its alias: AS name, or the name alone.
+            const size_t alias = whole && m_t.WordAt(whole->last, u"AS") ? whole->last + 1
+                                 : whole                                 ? whole->last
+                                                                         : end;
+            const bool valueAlone =
+                whole && (whole->last == end || (alias + 1 == end && IsName(m_t[alias])));
             if (columns.size() <= k) columns.emplace_back();
-            columns[k].push_back(whole && whole->last == end ? *whole
-                                                             : Typed{first, end, {}, false});
+            columns[k].push_back(valueAlone ? *whole : Typed{first, end, {}, false});
         }
     }
     for (const std::vector<Typed>& column : columns) {
-        std::vector<Typed> integers, texts;
+        std::vector<QString> numbers; // an integer by its own type, which counts its digits
+        std::vector<Typed> texts;
         bool other = false; // a type of other precedence, or one not known
         for (const Typed& item : column) {
-            if (!IntegerTypeOf(item.type).isEmpty())
-                integers.push_back(item);
+            if (const QString number = NumberTypeOf(item); !number.isEmpty())
+                numbers.push_back(IntegerTypeOf(item.type).isEmpty() ? number : item.type);
             else if (IsTextType(item.type))
                 texts.push_back(item);
             else
                 other = other || !(item.last == item.first + 1 && m_t[item.first].IsWord(u"NULL"));
         }
-        if (other) continue;
+        if (other || numbers.empty()) continue;
+        const QString type = SetColumnType(numbers);
         for (const Typed& text : texts)
-            ConvertTextSide(text, integers);
+            WrapAsNumber(text, type);
     }
 }
 

@@ -26,14 +26,6 @@ std::optional<Digits> DeclaredDecimal(const QString& type) {
     return Digits{match.captured(1).toInt(), match.captured(2).toInt()};
 }
 
-std::optional<Digits> IntegerDigits(const QString& type) {
-    if (type == u"TINYINT") return Digits{3, 0};
-    if (type == u"SMALLINT") return Digits{5, 0};
-    if (type == u"INT" || type == u"INTEGER") return Digits{10, 0};
-    if (type == u"BIGINT") return Digits{19, 0};
-    return std::nullopt;
-}
-
 // SQL Server keeps the integral digits of a product or quotient past 38 digits and gives up
 // scale down to 6; a sum or difference keeps its integral digits too.
 Digits Reduced(Digits result, bool product) {

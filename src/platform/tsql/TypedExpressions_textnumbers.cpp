@@ -71,6 +71,19 @@ QString TypedExpressions::CommonNumberType(const std::vector<QString>& types) {
     return Precedence(common) == 5 ? DecimalName(widest) : common;
 }
 
+// A DECIMAL column of a set operation holds each branch's whole digits and places, an integer
+// counted by its type's digits and MONEY as DECIMAL(19,4).
+QString TypedExpressions::SetColumnType(const std::vector<QString>& types) {
+    const QString common = CommonNumberType(types);
+    if (Precedence(common) != 5) return common;
+    std::vector<QString> decimals;
+    for (const QString& type : types) {
+        const auto digits = DecimalType(type) ? DecimalType(type) : IntegerDigits(type);
+        if (digits) decimals.push_back(DecimalName(*digits));
+    }
+    return CommonNumberType(decimals);
+}
+
 // The text read as CAST(text AS type) reads it: 245 for a word read as an integer, 8114 for a
 // DECIMAL or FLOAT, 8115 for a number past the DECIMAL's digits.
 void TypedExpressions::WrapAsNumber(const Typed& text, const QString& type) {
