@@ -140,6 +140,44 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
     }
 }
 
+// The recursion limit needs the names * stands for: one table's known columns, or a refusal.
+TEST(TsqlTranslator, RecursiveExpressionOverStarCountsLevelsOrIsRefused) {
+    TranslationContext context = Context(Target::SQLite);
+    context.tableColumns = [](const QString& table) {
+        if (table == u"a") return TableColumns{ColumnOfType(u"x"_qs, u"INT"_qs)};
+        if (table == u"b") return TableColumns{ColumnOfType(u"y"_qs, u"INT"_qs)};
+        return TableColumns();
+    };
+    const auto translate = [&](const char* sql) {
+        return TsqlTranslator(context)
+            .Translate(SplitBatch(Tokenize(QString::fromUtf8(sql))).front())
+            .sql;
+    };
+    EXPECT_TRUE(translate("WITH r AS (SELECT * FROM a UNION ALL SELECT x + 1 FROM r WHERE x < 3) "
+                          "SELECT x FROM r")
+                    .contains(u"zlx_recursion(r.zlx_level + 1, 100)"));
+    for (const char* sql : {"WITH r AS (SELECT * FROM a JOIN b ON a.x = b.y UNION ALL SELECT x, y "
+                            "FROM r) SELECT x FROM r",
+                            "WITH r AS (SELECT * FROM a, b UNION ALL SELECT x, y FROM r) SELECT x "
+                            "FROM r",
+                            "WITH r AS (SELECT * FROM nada UNION ALL SELECT * FROM r) SELECT 1 "
+                            "FROM r"}) {
+        try {
+            translate(sql);
+            ADD_FAILURE() << sql;
+        } catch (const zlx::ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14));
+            EXPECT_TRUE(error.Description().endsWith(
+                QStringLiteral("SELECT * en una expresión de tabla común recursiva")))
+                << sql;
+        }
+    }
+    // MAXRECURSION 0 counts nothing: the expression is left as written.
+    EXPECT_FALSE(translate("WITH r AS (SELECT * FROM nada UNION ALL SELECT * FROM r) SELECT 1 "
+                           "FROM r OPTION (MAXRECURSION 0)")
+                     .contains(u"zlx_recursion"));
+}
+
 TEST(TsqlTranslator, MalformedStatementsAreCommandErrors) {
     for (const char* sql : {"SELECT isnull(a) FROM t", "SELECT RIGHT(", "SELECT TOP",
                             "SELECT CAST(x) FROM t", "INSERT INTO t (a, b) VALUES (DEFAULT, (1)"}) {
