@@ -8,7 +8,6 @@
 #include <QRegularExpression>
 #include <QUuid>
 #include <cmath>
-#include <random>
 #include <string>
 
 namespace zlx::ado::SqliteBuiltins {
@@ -121,16 +120,41 @@ void Stuff(sqlite3_context* context, int, sqlite3_value** values) {
     ResultText(context, QString(text).replace(start - 1, length, Text(values[3])));
 }
 
-// ascii(text): the code page 1252 code of its first character ('?' for one it lacks).
+// The code page 1252 code of a character ('?' for one it lacks).
+int Cp1252Code(char16_t character) {
+    int code = character < 0x100 ? character : '?';
+    for (int i = 0; i < 32; ++i)
+        if (kCp1252High[i] == character) code = 0x80 + i;
+    return code;
+}
+
+// ascii(text): the code page 1252 code of its first character.
 void Ascii(sqlite3_context* context, int count, sqlite3_value** values) {
     if (AnyNull(context, count, values)) return;
     const QString text = Text(values[0]);
     if (text.isEmpty()) return sqlite3_result_null(context);
-    const char16_t first = text[0].unicode();
-    int code = first < 0x100 ? first : '?';
-    for (int i = 0; i < 32; ++i)
-        if (kCp1252High[i] == first) code = 0x80 + i;
-    sqlite3_result_int(context, code);
+    sqlite3_result_int(context, Cp1252Code(text[0].unicode()));
+}
+
+// zlx_text_bytes(text, national): the bytes SQL Server keeps of a text, a byte a character in
+// code page 1252 or, national, two a character (UTF-16, the low byte first); a blob as it is.
+void TextBytes(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    if (sqlite3_value_type(values[0]) == SQLITE_BLOB)
+        return sqlite3_result_value(context, values[0]);
+    const QString text = Text(values[0]);
+    const bool national = sqlite3_value_int(values[1]) != 0;
+    std::string bytes;
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        if (national) {
+            bytes += static_cast<char>(unit & 0xFF);
+            bytes += static_cast<char>(unit >> 8);
+        } else {
+            bytes += static_cast<char>(Cp1252Code(unit));
+        }
+    }
+    sqlite3_result_blob(context, bytes.data(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT);
 }
 
 // char(code): the character of code page 1252; NULL outside 0-255.
@@ -189,18 +213,6 @@ void QuoteName(sqlite3_context* context, int count, sqlite3_value** values) {
     const QChar open = opening[kind];
     const QChar close = closing[kind];
     ResultText(context, open + QString(name).replace(close, QString(2, close)) + close);
-}
-
-std::mt19937_64& RandomEngine() {
-    thread_local std::mt19937_64 engine{std::random_device{}()};
-    return engine;
-}
-
-// rand([seed]): a seed starts the sequence again, so that the same seed gives the same values.
-void Rand(sqlite3_context* context, int count, sqlite3_value** values) {
-    if (count == 1 && !IsNull(values[0]))
-        RandomEngine().seed(static_cast<std::uint64_t>(sqlite3_value_int64(values[0])));
-    sqlite3_result_double(context, std::uniform_real_distribution<double>(0, 1)(RandomEngine()));
 }
 
 void NewId(sqlite3_context* context, int, sqlite3_value**) {
@@ -281,6 +293,7 @@ void Install(sqlite3* db) {
         {"zlx_reverse", 1, &Reverse},
         {"zlx_stuff", 4, &Stuff},
         {"zlx_ascii", 1, &Ascii},
+        {"zlx_text_bytes", 2, &TextBytes},
         {"zlx_char", 1, &Char},
         {"zlx_nchar", 1, &NationalChar},
         {"zlx_concat", -1, &Concat},
@@ -291,8 +304,6 @@ void Install(sqlite3* db) {
     };
     InstallDeterministic(db, functions);
     // Not deterministic: each call draws anew.
-    sqlite3_create_function(db, "zlx_rand", 0, SQLITE_UTF8, nullptr, &Rand, nullptr, nullptr);
-    sqlite3_create_function(db, "zlx_rand", 1, SQLITE_UTF8, nullptr, &Rand, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_newid", 0, SQLITE_UTF8, nullptr, &NewId, nullptr, nullptr);
     const struct {
         const char* name;

@@ -106,11 +106,11 @@ BuiltinFunctionWriter::BuiltinFunctionWriter(const TranslationContext& context)
 
 bool BuiltinFunctionWriter::Handles(const QString& function) {
     static const QSet<QString> names = [] {
-        QSet<QString> all = {
-            QStringLiteral("CONCAT"),    QStringLiteral("REVERSE"), QStringLiteral("UNICODE"),
-            QStringLiteral("CHARINDEX"), QStringLiteral("RAND"),    QStringLiteral("NEWID"),
-            QStringLiteral("STDEV"),     QStringLiteral("STDEVP"),  QStringLiteral("VAR"),
-            QStringLiteral("VARP"),      QStringLiteral("ROUND")};
+        QSet<QString> all = {QStringLiteral("CONCAT"),  QStringLiteral("REVERSE"),
+                             QStringLiteral("UNICODE"), QStringLiteral("CHARINDEX"),
+                             QStringLiteral("NEWID"),   QStringLiteral("STDEV"),
+                             QStringLiteral("STDEVP"),  QStringLiteral("VAR"),
+                             QStringLiteral("VARP"),    QStringLiteral("ROUND")};
         for (const FunctionSpelling& spelling : kCommon)
             all.insert(QString::fromLatin1(spelling.name));
         for (const QString& name : OwnFunctions())

@@ -67,6 +67,11 @@ QString EngineDialect::NumberText(const QString& value, QChar format, int scale,
         .arg(target);
 }
 
+// Both engines have the function, made with their other functions.
+QString EngineDialect::TextBytes(const QString& value, bool national) const {
+    return QStringLiteral("zlx_text_bytes(%1, %2)").arg(value).arg(national ? 1 : 0);
+}
+
 QString EngineDialect::DateCast(const QString& value, const QString& type) const {
     if (KindOfTsqlType(type) != ColumnKind::Integer) return {};
     return Cast(DateDays(value), type, false);

@@ -135,6 +135,9 @@ public:
         (void)value, (void)type;
         return {};
     }
+    // `value`, a text, as the bytes SQL Server keeps of it: a byte a character in code page 1252,
+    // or two (UTF-16) for a `national` text.
+    QString TextBytes(const QString& value, bool national) const;
     // `value`, a number, written as SQL Server's CAST to text type `target` (lower case, no
     // length) writes it: `format` 'i' an integer, 'd' a DECIMAL of `scale` places, 'm' MONEY,
     // 'f' a FLOAT or REAL; past `length` characters (0: any) "*" or error 8115 as SQL Server.

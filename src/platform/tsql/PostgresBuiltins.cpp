@@ -116,11 +116,6 @@ SELECT CASE WHEN char_length(s) > 128 OR char_length(q) <> 1 OR k = 0 THEN NULL
 ELSE substr('[["''((<<{{`', k, 1) || replace(s COLLATE "C", c, c || c) || c END
 FROM (SELECT strpos('[]"''()<>{}`', q COLLATE "C") AS k) x,
 LATERAL (SELECT substr(']]"''))>>}}`', k, 1) AS c) y $f$;
-CREATE FUNCTION zlx_rand(seed bigint) RETURNS double precision LANGUAGE plpgsql VOLATILE AS $f$
-BEGIN
-  IF seed IS NOT NULL THEN PERFORM setseed((seed % 2147483648) / 2147483648.0); END IF;
-  RETURN random();
-END $f$;
 CREATE FUNCTION zlx_datefromparts(y integer, m integer, d integer) RETURNS timestamp
 LANGUAGE plpgsql IMMUTABLE STRICT AS $f$
 BEGIN

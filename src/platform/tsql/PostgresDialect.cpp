@@ -8,6 +8,7 @@
 #include "platform/tsql/PostgresFixedText.h"
 #include "platform/tsql/PostgresNumberText.h"
 #include "platform/tsql/PostgresNumbers.h"
+#include "platform/tsql/PostgresTextBytes.h"
 #include "platform/tsql/PostgresTextDomains.h"
 #include "platform/tsql/PostgresTextFunctions.h"
 #include "platform/tsql/PostgresTextSearch.h"
@@ -71,6 +72,7 @@ constexpr TypeName kCastTypes[] = {
     {"SMALLINT", "integer"},
     {"TINYINT", "integer"},
     {"MONEY", "numeric(19,4)"},
+    {"VARBINARY(MAX)", "bytea"},
 };
 
 // clang-format off
@@ -302,8 +304,9 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
             TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
-            FixedTextFunctions() + BitFunctions() + NumberFunctions() + NumberTextFunctions() +
-            DateReadingFunctions() + DateTypeFunctions() + BuiltinFunctionsSql() +
+            FixedTextFunctions() + TextBytesFunction() + BitFunctions() + NumberFunctions() +
+            NumberTextFunctions() + DateReadingFunctions() + DateTypeFunctions() +
+            BuiltinFunctionsSql() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),
@@ -509,13 +512,15 @@ QString TsqlDateTypeOf(const QString& type) {
     return {};
 }
 
-// The engine's number and date types back to what SQL Server's were (MONEY is numeric(19,4)
-// here, TINYINT is smallint, BIT the domain zlx_bit); empty for the others.
+// The engine's number, date and binary types back to what SQL Server's were (MONEY is
+// numeric(19,4) here, TINYINT is smallint, BIT the domain zlx_bit, a binary type of any length
+// bytea); empty for the others.
 QString TsqlTypeOf(const QString& type) {
     static const TypeName kinds[] = {
-        {"integer", "INT"},         {"smallint", "SMALLINT"},      {"bigint", "BIGINT"},
-        {"zlx_bit", "BIT"},         {"double precision", "FLOAT"}, {"real", "REAL"},
-        {"numeric(19,4)", "MONEY"}, {"numeric(10,4)", "MONEY"},    {"date", "DATE"},
+        {"integer", "INT"},          {"smallint", "SMALLINT"},      {"bigint", "BIGINT"},
+        {"zlx_bit", "BIT"},          {"double precision", "FLOAT"}, {"real", "REAL"},
+        {"numeric(19,4)", "MONEY"},  {"numeric(10,4)", "MONEY"},    {"date", "DATE"},
+        {"bytea", "VARBINARY(MAX)"},
     };
     QString tsql = LookUpType(kinds, type);
     if (tsql.isEmpty()) tsql = TsqlTypeOfTextDomain(type);

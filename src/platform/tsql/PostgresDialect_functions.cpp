@@ -5,15 +5,12 @@
 namespace zlx::tsql {
 namespace {
 
-// RAND is computed once per statement, as on SQL Server: an uncorrelated subquery runs once.
 // The spreads of numeric values are numeric on PostgreSQL, floats on SQL Server.
 constexpr FunctionSpelling kBuiltins[] = {
     {"REVERSE", 1, true, "reverse(CAST(%1 AS text))"},
     {"UNICODE", 1, true, "zlx_unicode(%1)"},
     {"CHARINDEX", 3, true, "zlx_charindex(%1, %2, %3)"},
     {"CONCAT", -1, true, "concat(%*)"},
-    {"RAND", 0, true, "(SELECT random())"},
-    {"RAND", 1, true, "(SELECT zlx_rand(%1))"},
     {"NEWID", 0, true, "gen_random_uuid()"},
     {"ROUND", 2, true, "zlx_round(%1, %2, 0)"},
     {"ROUND", 3, true, "zlx_round(%1, %2, %3)"},

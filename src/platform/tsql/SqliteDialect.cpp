@@ -37,10 +37,10 @@ constexpr FunctionSpelling kFunctions[] = {
 
 // Dates are ISO-8601 texts, so that they compare in order.
 constexpr TypeName kCastTypes[] = {
-    {"FLOAT", "REAL"},         {"REAL", "REAL"},        {"DATETIME", "TEXT"},
-    {"SMALLDATETIME", "TEXT"}, {"INT", "INTEGER"},      {"INTEGER", "INTEGER"},
-    {"BIGINT", "INTEGER"},     {"SMALLINT", "INTEGER"}, {"TINYINT", "INTEGER"},
-    {"MONEY", "NUMERIC"},
+    {"FLOAT", "REAL"},         {"REAL", "REAL"},           {"DATETIME", "TEXT"},
+    {"SMALLDATETIME", "TEXT"}, {"INT", "INTEGER"},         {"INTEGER", "INTEGER"},
+    {"BIGINT", "INTEGER"},     {"SMALLINT", "INTEGER"},    {"TINYINT", "INTEGER"},
+    {"MONEY", "NUMERIC"},      {"VARBINARY(MAX)", "BLOB"},
 };
 
 // clang-format off

@@ -5,15 +5,12 @@
 namespace zlx::tsql {
 namespace {
 
-// RAND is computed once per statement, as on SQL Server: an uncorrelated subquery runs once.
 constexpr FunctionSpelling kBuiltins[] = {
     {"REVERSE", 1, true, "zlx_reverse(%1)"},
     {"UNICODE", 1, true, "unicode(%1)"},
     {"CHARINDEX", 2, true, "charindex(%1, %2)"},
     {"CHARINDEX", 3, true, "charindex(%1, %2, %3)"},
     {"CONCAT", -1, true, "zlx_concat(%*)"},
-    {"RAND", 0, true, "(SELECT zlx_rand())"},
-    {"RAND", 1, true, "(SELECT zlx_rand(%1))"},
     {"NEWID", 0, true, "zlx_newid()"},
     {"ROUND", 2, true, "round(%1, %2)"},
     {"ROUND", 3, true, "round(%1, %2, %3)"},

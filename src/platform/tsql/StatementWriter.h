@@ -160,6 +160,8 @@ private:
 
     // CAST(x AS type); CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME) is the date of x at midnight.
     size_t EmitCast(size_t cast, size_t close, QString& out);
+    // RAND([seed]): the session's next value, written as a FLOAT literal.
+    size_t EmitRandom(size_t name, size_t close, QString& out);
 
     const TranslationContext& m_context;
     const EngineDialect& m_dialect;
@@ -171,6 +173,9 @@ private:
     std::vector<std::pair<size_t, size_t>> m_selected; // the values of a SELECT statement
     static constexpr size_t kNone = static_cast<size_t>(-1);
     size_t m_plainOperand = kNone; // the operand EmitDateArithmetic is writing
+    // The value each RAND call drew, by its position: a part of a statement may be written more
+    // than once, its RAND drawn once.
+    std::map<size_t, QString> m_randoms;
 };
 
 } // namespace zlx::tsql

@@ -1,6 +1,7 @@
 #include "platform/tsql/BuiltinFunctions.h"
 #include "platform/tsql/DateOperands.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/RandomSequence.h"
 #include "platform/tsql/StatementWriter.h"
 #include "platform/tsql/TsqlDateFunctions.h"
 #include "platform/tsql/TsqlErrors.h"
@@ -26,6 +27,7 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
         return Range(from, to).trimmed();
     };
     const QString lead = t.leading;
+    if (t.IsWord(u"RAND")) return EmitRandom(i, close, out);
     if (const FunctionSpelling* spelling = m_dialect.FindFunction(t.text)) {
         const int count = close == open + 1 ? 0 : static_cast<int>(commas.size()) + 1;
         if (!spelling->exact || count == spelling->arguments) {
@@ -82,6 +84,25 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
         return close + 1;
     }
     return i;
+}
+
+// The value is drawn when the statement is written, so that every row of the statement reads
+// the same one, as in SQL Server. A seed must be a whole number SQL Server's values are known for.
+size_t StatementWriter::EmitRandom(size_t name, size_t close, QString& out) {
+    auto drawn = m_randoms.find(name);
+    if (drawn == m_randoms.end()) {
+        const QString seedText = Range(name + 2, close).simplified().remove(u' ');
+        bool whole = seedText.isEmpty();
+        const std::int64_t seed = whole ? 0 : seedText.toLongLong(&whole);
+        if (!m_context.randomValue || !whole ||
+            (!seedText.isEmpty() && !RandomSequence::KnowsSeed(seed)))
+            ThrowUnsupported(QStringLiteral("RAND(%1)").arg(seedText));
+        const double value = m_context.randomValue(
+            seedText.isEmpty() ? std::nullopt : std::optional<std::int64_t>(seed));
+        drawn = m_randoms.emplace(name, QString::number(value, 'g', 17)).first;
+    }
+    out += m_t[name].leading + m_dialect.Cast(drawn->second, QStringLiteral("FLOAT"), false);
+    return close + 1;
 }
 
 bool StatementWriter::IsTypeName(size_t i) const {

@@ -46,6 +46,7 @@ void TranslationCache::Check(const StatementShape& shape, const Tokens& statemen
         consulted = true;
         return QString();
     };
+    checking.randomValue = CheckedRandomValue;
     const bool mayKeep = MayKeep(statement);
     // A column's one type in the database is read as a table's columns are: what the session's
     // own definitions change forgets the translation (DefinitionsChanged).
@@ -203,12 +204,12 @@ void TranslationCache::DefinitionsChanged() {
     m_kept.clear();
 }
 
-// @@ values (SCOPE_IDENTITY() too) are written into the text as they stand when it is
-// translated, @ variables may be too; the locks tables are named per database by the session.
+// @@ values (SCOPE_IDENTITY() too) and RAND's are written into the text as they stand when it
+// is translated, @ variables may be too; the locks tables are named per database by the session.
 bool TranslationCache::MayKeep(const Tokens& statement) {
     for (const Token& token : statement) {
         if (token.kind == TokenKind::Global || token.kind == TokenKind::Variable ||
-            token.IsWord(u"SCOPE_IDENTITY"))
+            token.IsWord(u"SCOPE_IDENTITY") || token.IsWord(u"RAND"))
             return false;
         if ((token.kind == TokenKind::Word || token.kind == TokenKind::QuotedName) &&
             token.text.compare(u"locks", Qt::CaseInsensitive) == 0)

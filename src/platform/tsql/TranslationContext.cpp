@@ -10,6 +10,10 @@ const EngineDialect& DialectOf(const TranslationContext& context) {
     return *context.dialect;
 }
 
+double CheckedRandomValue(std::optional<std::int64_t>) {
+    return 0;
+}
+
 DateFunctionWriter DateWriterFor(const TranslationContext& context) {
     DateSettings settings;
     settings.order = context.dayMonthYear ? DateOrder::DayMonthYear : DateOrder::MonthDayYear;

@@ -5,7 +5,9 @@
 #include "platform/tsql/TableColumns.h"
 
 #include <QString>
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 namespace zlx::tsql {
 
@@ -22,6 +24,9 @@ struct TranslationContext {
     bool jetDates = false;
     // The literal that stands for a @@ variable ("@@IDENTITY" -> "12"); empty: unsupported.
     std::function<QString(const QString& name)> globalValue;
+    // The next value of the session's RAND sequence, started again from `seed` when one is
+    // given (one RandomSequence::KnowsSeed accepts). Unset: RAND is refused.
+    std::function<double(std::optional<std::int64_t> seed)> randomValue;
     // SQLite: the default expression of a column, for "DEFAULT" in VALUES and SET lists.
     std::function<QString(const QString& table, const QString& column)> columnDefault;
     // The engine's name for a database named in db..table (an attached file or a schema);
@@ -54,6 +59,9 @@ struct TranslationContext {
 };
 
 const EngineDialect& DialectOf(const TranslationContext& context);
+// What a text that is only checked, never run, writes for RAND: nothing is drawn from the
+// session's sequence.
+double CheckedRandomValue(std::optional<std::int64_t> seed);
 // The date functions written under the session's DATEFORMAT, DATEFIRST and LANGUAGE.
 DateFunctionWriter DateWriterFor(const TranslationContext& context);
 

@@ -181,6 +181,10 @@ TranslationContext TsqlSession::Context() {
     context.spanishNames = SpanishNames();
     context.jetDates = m_dialect->JetDates();
     context.globalValue = [this](const QString& name) { return GlobalValue(name); };
+    context.randomValue = [this](std::optional<std::int64_t> seed) {
+        if (seed) m_random.Seed(*seed);
+        return m_random.Next();
+    };
     context.databaseAlias = [this](const QString& database) {
         return m_dialect->DatabaseAlias(database);
     };
@@ -461,6 +465,7 @@ TranslationContext TsqlSession::CheckingContext() {
     context.spanishNames = SpanishNames();
     context.jetDates = m_dialect->JetDates();
     context.globalValue = [this](const QString& name) { return GlobalValue(name); };
+    context.randomValue = CheckedRandomValue;
     return context;
 }
 

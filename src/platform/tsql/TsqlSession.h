@@ -8,6 +8,7 @@
 #include "platform/engines/WorkerExecution.h"
 #include "platform/tsql/BoundDefaults.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/RandomSequence.h"
 #include "platform/tsql/Savepoints.h"
 #include "platform/tsql/StatementPipeline.h"
 #include "platform/tsql/TranslationCache.h"
@@ -186,6 +187,7 @@ private:
     int m_tranCount = 0;
     std::int64_t m_rowCount = 0;
     std::optional<std::int64_t> m_identity;
+    RandomSequence m_random; // RAND's, the connection's own
     bool m_noCount = false;
     QString m_dateFormat = QStringLiteral("mdy");
     int m_dateFirst = 7;

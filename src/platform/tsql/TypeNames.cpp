@@ -67,6 +67,10 @@ bool IsTextType(const QString& type) {
     return false;
 }
 
+bool IsNationalType(const QString& type) {
+    return type.startsWith(u"NCHAR") || type.startsWith(u"NVARCHAR") || type == u"NTEXT";
+}
+
 QString IntegerTypeOf(const QString& type) {
     for (QStringView integer : {u"TINYINT", u"SMALLINT", u"INT", u"INTEGER", u"BIGINT"}) {
         if (type == integer) return type == u"BIGINT" ? type : QStringLiteral("INT");

@@ -44,6 +44,9 @@ std::optional<DecimalDigits> LiteralDigits(const QString& text);
 // CHAR, VARCHAR, NCHAR and NVARCHAR (with a length or not), TEXT and NTEXT.
 bool IsTextType(const QString& type);
 
+// NCHAR, NVARCHAR (with a length or not) and NTEXT: two bytes a character.
+bool IsNationalType(const QString& type);
+
 // The integer type a comparison converts to: INT for TINYINT, SMALLINT, INT and INTEGER, BIGINT
 // for BIGINT; empty for any other type.
 QString IntegerTypeOf(const QString& type);

@@ -2,6 +2,7 @@
 
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TypeNames.h"
 
 #include <algorithm>
 #include <limits>
@@ -44,10 +45,6 @@ bool IsIntegerType(const QString& type) {
 
 bool IsMoneyType(const QString& type) {
     return NumberRank(type) >= 5;
-}
-
-bool IsNationalType(const QString& type) {
-    return type.startsWith(u"NCHAR") || type.startsWith(u"NVARCHAR") || type == u"NTEXT";
 }
 
 QString NumberLiteralType(const QString& text) {

@@ -83,11 +83,14 @@ private:
     static QString SetColumnType(const std::vector<QString>& types);
     void WrapAsNumber(const Typed& text, const QString& type);
 
-    // CAST and CONVERT of numbers to text types (TypedExpressions_casts).
+    // CAST and CONVERT of numbers to text types and of texts to VARBINARY(MAX)
+    // (TypedExpressions_casts).
     void WrapNumberTextCasts();
     void WrapNumberText(const Typed& value, const QString& target, int length);
     void WrapStyledNumberText(const Typed& value, size_t comma, size_t close, const QString& target,
                               int length);
+    // CAST and CONVERT to VARBINARY(MAX) of a text (TypedExpressions_casts).
+    void WrapTextBytes(const Typed& value);
 
     // SUM, AVG, DATALENGTH and POWER calls whose result the engine's call gives.
     void WrapCalls();

@@ -2,11 +2,14 @@
 // VARCHAR(10)) is '12.50', where SQLite writes 12.5), MONEY with two places and a FLOAT with six
 // significant digits (PostgreSQL would write numeric(19,4)'s four places and every digit of a
 // float); a text too short for the number is '*' for an integer to CHAR or VARCHAR and error
-// 8115 otherwise, where the engines would cut it.
+// 8115 otherwise, where the engines would cut it. A text cast to VARBINARY(MAX) is the bytes SQL
+// Server keeps of it (a byte a character, two for a national text), where SQLite would give its
+// UTF-8 and PostgreSQL read it as escapes.
 
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlFormat.h"
+#include "platform/tsql/TsqlLiterals.h"
 #include "platform/tsql/TypeNames.h"
 #include "platform/tsql/TypedExpressions.h"
 
@@ -35,22 +38,25 @@ void TypedExpressions::WrapNumberTextCasts() {
     for (size_t i = 0; i + 1 < m_t.size(); ++i) {
         const bool cast = m_t[i].IsWord(u"CAST");
         if (!(cast || m_t[i].IsWord(u"CONVERT")) || !m_t.SymbolAt(i + 1, u"(")) continue;
-        const auto target = TextTargetOf(m_t.ConversionType(i));
-        if (!target) continue;
+        const QString type = m_t.ConversionType(i);
+        const auto target = TextTargetOf(type);
+        if (!target && type != u"VARBINARY(MAX)") continue;
         const size_t close = m_t.Close(i + 1);
         const std::vector<size_t> commas = m_t.Commas(i + 1, close);
         if (!cast && (commas.empty() || commas.size() > 2)) continue;
+        const bool styled = !cast && commas.size() == 2;
+        if (styled && !target)
+            ThrowUnsupported(QStringLiteral("CONVERT a VARBINARY(MAX) con estilo"));
         const size_t first = cast ? i + 2 : commas.front() + 1;
-        const size_t end = cast                              ? m_t.DepthZeroWord(i + 2, u"AS")
-                           : commas.back() == commas.front() ? close
-                                                             : commas.back();
-        const auto value = OperandAt(first) ? Chain(first, false) : std::nullopt;
-        if (!value || value->last != end) continue;
-        if (!cast && commas.size() == 2) {
-            WrapStyledNumberText(*value, commas.back(), close, target->name, target->length);
-            continue;
-        }
-        WrapNumberText(*value, target->name, target->length);
+        const size_t end = cast ? m_t.DepthZeroWord(i + 2, u"AS") : styled ? commas.back() : close;
+        const auto found = OperandAt(first) ? Chain(first, false) : std::nullopt;
+        const bool whole = found && found->last == end;
+        if (!target)
+            WrapTextBytes(whole ? *found : Typed{first, end, {}, false});
+        else if (whole && styled)
+            WrapStyledNumberText(*found, commas.back(), close, target->name, target->length);
+        else if (whole)
+            WrapNumberText(*found, target->name, target->length);
     }
 }
 
@@ -77,6 +83,21 @@ void TypedExpressions::WrapStyledNumberText(const Typed& value, size_t comma, si
         return AddWrap(value.first, value.last,
                        NumberSql(QStringLiteral("\x01"), 4, 4, 1, QString(), QStringLiteral(".")));
     WrapNumberText(value, target, length);
+}
+
+// A binary value stays as it is; a text becomes its bytes; any other value is refused.
+void TypedExpressions::WrapTextBytes(const Typed& value) {
+    const QString& type = value.type;
+    const bool binaryLiteral = value.last == value.first + 1 && IsBinaryLiteral(m_t[value.first]);
+    if (binaryLiteral || type.startsWith(u"VARBINARY") || type.startsWith(u"BINARY") ||
+        type == u"IMAGE")
+        return;
+    if (!IsTextType(type) || type == u"TEXT" || type == u"NTEXT")
+        ThrowUnsupported(
+            QStringLiteral("CAST AS VARBINARY(MAX) de %1")
+                .arg(type.isEmpty() ? QStringLiteral("un valor de tipo no conocido") : type));
+    AddWrap(value.first, value.last,
+            m_dialect.TextBytes(QStringLiteral("\x01"), IsNationalType(type)));
 }
 
 void TypedExpressions::WrapNumberText(const Typed& value, const QString& target, int length) {

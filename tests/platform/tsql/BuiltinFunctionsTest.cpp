@@ -91,6 +91,26 @@ TEST_P(BuiltinFunctionsTest, RandIsOneValuePerStatementAndRepeatsForASeed) {
     EXPECT_NE(Value(QStringLiteral("SELECT RAND(7)")), seeded);
 }
 
+// The connection's sequence goes on from a seed in its next statements (a WHILE's too), and a
+// seed whose values SQL Server's are not known for is refused.
+TEST_P(BuiltinFunctionsTest, RandGoesOnFromTheLastSeed) {
+    Exec(QStringLiteral("SELECT RAND(5)"));
+    const QStringList after = {Value(QStringLiteral("SELECT RAND()")),
+                               Value(QStringLiteral("SELECT RAND()"))};
+    EXPECT_NE(after[0], after[1]);
+    EXPECT_EQ(Value(QStringLiteral("DECLARE @i INT, @x FLOAT\nSET @i = 0\nSET @x = RAND(5)\n"
+                                   "WHILE @i < 2 BEGIN SET @x = RAND() SET @i = @i + 1 END\n"
+                                   "SELECT @x")),
+              after[1]);
+    try {
+        Exec(QStringLiteral("SELECT RAND(-1)"));
+        ADD_FAILURE() << "RAND(-1) answered";
+    } catch (const ado::AdoError& error) {
+        EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14));
+        EXPECT_TRUE(error.Description().endsWith(u"RAND(-1)")) << error.Description().toStdString();
+    }
+}
+
 TEST_P(BuiltinFunctionsTest, CharAndNcharStayTypesWhereATypeIsDue) {
     Exec(QStringLiteral("CREATE TABLE k (id INT, c CHAR(3), n NCHAR(2))"));
     Exec(QStringLiteral("INSERT INTO k VALUES (1, CHAR(65), NCHAR(66))"));
