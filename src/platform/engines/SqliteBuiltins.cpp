@@ -183,6 +183,15 @@ void Concat(sqlite3_context* context, int count, sqlite3_value** values) {
     ResultText(context, text);
 }
 
+// zlx_concat_ws(separator, value, ...): the values that are not NULL, the separator between them.
+void ConcatWithSeparator(sqlite3_context* context, int count, sqlite3_value** values) {
+    const QString separator = Text(values[0]);
+    QStringList parts;
+    for (int i = 1; i < count; ++i)
+        if (!IsNull(values[i])) parts << Text(values[i]);
+    ResultText(context, parts.join(separator));
+}
+
 // isnumeric(value): 1 for a number, and for a text that converts to some number type (an
 // integer, a real with an exponent, money with a currency sign and thousands commas, or the
 // bare sign, point or currency sign that money accepts); 0 otherwise and for NULL.
@@ -297,6 +306,7 @@ void Install(sqlite3* db) {
         {"zlx_char", 1, &Char},
         {"zlx_nchar", 1, &NationalChar},
         {"zlx_concat", -1, &Concat},
+        {"zlx_concat_ws", -1, &ConcatWithSeparator},
         {"zlx_isnumeric", 1, &IsNumeric},
         {"zlx_quotename", 2, &QuoteName},
         {"zlx_datefromparts", 3, &DateFromParts},

@@ -35,6 +35,8 @@ constexpr FunctionSpelling kCommon[] = {
     {"ATN2", 2, true, "atan2(%1, %2)"},
     {"DEGREES", 1, true, "degrees(%1)"},
     {"RADIANS", 1, true, "radians(%1)"},
+    // Both engines count in 64 bits.
+    {"COUNT_BIG", -1, false, "count(%*)"},
 };
 
 // Written by the writer itself rather than from a spelling.
@@ -106,11 +108,11 @@ BuiltinFunctionWriter::BuiltinFunctionWriter(const TranslationContext& context)
 
 bool BuiltinFunctionWriter::Handles(const QString& function) {
     static const QSet<QString> names = [] {
-        QSet<QString> all = {QStringLiteral("CONCAT"),  QStringLiteral("REVERSE"),
-                             QStringLiteral("UNICODE"), QStringLiteral("CHARINDEX"),
-                             QStringLiteral("NEWID"),   QStringLiteral("STDEV"),
-                             QStringLiteral("STDEVP"),  QStringLiteral("VAR"),
-                             QStringLiteral("VARP"),    QStringLiteral("ROUND")};
+        QSet<QString> all = {
+            QStringLiteral("CONCAT"),  QStringLiteral("CONCAT_WS"), QStringLiteral("REVERSE"),
+            QStringLiteral("UNICODE"), QStringLiteral("CHARINDEX"), QStringLiteral("NEWID"),
+            QStringLiteral("STDEV"),   QStringLiteral("STDEVP"),    QStringLiteral("VAR"),
+            QStringLiteral("VARP"),    QStringLiteral("ROUND")};
         for (const FunctionSpelling& spelling : kCommon)
             all.insert(QString::fromLatin1(spelling.name));
         for (const QString& name : OwnFunctions())
@@ -132,6 +134,9 @@ QString BuiltinFunctionWriter::Call(const QString& function,
     }
     if (name == u"CONCAT" && (count < 2 || count > 254))
         ThrowStatementError(QStringLiteral("The concat function requires 2 to 254 arguments."),
+                            ado::kNativeConcatArguments);
+    if (name == u"CONCAT_WS" && (count < 3 || count > 254))
+        ThrowStatementError(QStringLiteral("The concat_ws function requires 3 to 254 arguments."),
                             ado::kNativeConcatArguments);
     bool named = false;
     const FunctionSpelling* spelling = Find(m_dialect.BuiltinSpellings(), name, count, named);

@@ -280,6 +280,15 @@ public:
     }
     // Whether DEFAULT may stand for a value in VALUES and SET lists.
     virtual bool HasDefaultValues() const { return true; }
+    // STRING_AGG of `value` with `separator`, ordered by `order` ("ORDER BY ...", or empty).
+    virtual QString StringAggregate(const QString& value, const QString& separator,
+                                    const QString& order) const = 0;
+    // Whether the engine lacks `clause` of SQL Server's queries (ROLLUP, CUBE, GROUPING SETS,
+    // GROUPING, ALL, ANY, SOME), which is then refused.
+    virtual bool LacksClause(const QString& clause) const {
+        (void)clause;
+        return false;
+    }
     // ALTER COLUMN c <word> type; empty: as written.
     virtual QString AlterColumnTypeWord() const { return {}; }
     // What replaces the NULL or NOT NULL (`notNull`) that ends ALTER COLUMN `column` type ...;

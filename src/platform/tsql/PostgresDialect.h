@@ -13,6 +13,8 @@ public:
 
     QString QuoteName(const QString& name) const override;
     bool ReservesWord(const QString& word) const override;
+    QString StringAggregate(const QString& value, const QString& separator,
+                            const QString& order) const override;
     QString DatePart(DateUnit unit, const QString& value, int dateFirst) const override;
     QString DateName(DateUnit unit, const QString& value, int dateFirst,
                      bool spanish) const override;

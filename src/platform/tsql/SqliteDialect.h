@@ -60,7 +60,11 @@ public:
     IdentitySpelling Identity(std::int64_t seed, std::int64_t step) const override;
     QString Autoincrement() const override;
     bool MarksAutoincrementKey() const override { return true; }
+    QString StringAggregate(const QString& value, const QString& separator,
+                            const QString& order) const override;
     bool HasDefaultValues() const override { return false; }
+    // SQLite has no grouping sets and no comparison with a subquery's ALL, ANY or SOME.
+    bool LacksClause(const QString&) const override { return true; }
     bool SchemaOnIndexName() const override { return true; }
 
     QStringList CatalogStatements(const QString& applicationName) override;

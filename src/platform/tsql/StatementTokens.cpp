@@ -172,16 +172,22 @@ size_t StatementTokens::PrimaryEnd(size_t i) const {
     if (first->IsSymbol(u"(")) return Close(i) + 1;
     if (first->kind == TokenKind::String || first->kind == TokenKind::Number) return i + 1;
     if (first->kind != TokenKind::Word && first->kind != TokenKind::QuotedName) return i;
-    if (SymbolAt(i + 1, u"(")) return Close(i + 1) + 1;
+    if (SymbolAt(i + 1, u"(")) return WindowEnd(Close(i + 1) + 1);
     size_t end = i + 1;
     while (SymbolAt(end, u".") && At(end + 1) && !At(end + 1)->IsSymbol(u"."))
         end += 2;
     return end;
 }
 
+size_t StatementTokens::WindowEnd(size_t after) const {
+    return WordAt(after, u"OVER") && SymbolAt(after + 1, u"(") ? Close(after + 1) + 1 : after;
+}
+
 size_t StatementTokens::PrimaryStart(size_t last) const {
     if (SymbolAt(last, u")")) {
         const size_t open = Open(last);
+        if (open >= 2 && m_t[open - 1].IsWord(u"OVER") && m_t[open - 2].IsSymbol(u")"))
+            return PrimaryStart(open - 2);
         // A word before the parenthesis names a call, unless it is a keyword (IN (...)).
         static const QStringList keywords = {u"IN"_qs,   u"NOT"_qs,  u"EXISTS"_qs, u"WHEN"_qs,
                                              u"THEN"_qs, u"ELSE"_qs, u"SELECT"_qs, u"VALUES"_qs};

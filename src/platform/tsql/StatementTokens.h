@@ -88,8 +88,11 @@ public:
     bool IsValuesRowItem(size_t i) const { return tsql::IsValuesRowItem(m_t, i); }
 
     // The end of the operand that begins at `i`: a literal, a (qualified) name, a function
-    // call or a parenthesised expression; `i` itself when there is none.
+    // call (with its window) or a parenthesised expression; `i` itself when there is none.
     size_t PrimaryEnd(size_t i) const;
+
+    // Past the window (OVER (...)) of the call whose ")" is before `after`; `after` without one.
+    size_t WindowEnd(size_t after) const;
 
     // The start of the operand that ends with the token at `last`: a (qualified) name, a
     // function call or a parenthesised expression; `last` itself for any other token.

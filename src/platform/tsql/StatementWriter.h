@@ -162,6 +162,8 @@ private:
     size_t EmitCast(size_t cast, size_t close, QString& out);
     // RAND([seed]): the session's next value, written as a FLOAT literal.
     size_t EmitRandom(size_t name, size_t close, QString& out);
+    // STRING_AGG(value, separator) [WITHIN GROUP (ORDER BY ...)].
+    size_t EmitStringAggregate(size_t name, size_t close, QString& out);
 
     const TranslationContext& m_context;
     const EngineDialect& m_dialect;

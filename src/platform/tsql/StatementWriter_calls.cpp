@@ -8,6 +8,7 @@
 #include "platform/tsql/TsqlLiterals.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TsqlTranslator.h"
+#include "platform/tsql/TypeNames.h"
 
 #include <algorithm>
 
@@ -28,6 +29,7 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
     };
     const QString lead = t.leading;
     if (t.IsWord(u"RAND")) return EmitRandom(i, close, out);
+    if (t.IsWord(u"STRING_AGG")) return EmitStringAggregate(i, close, out);
     if (const FunctionSpelling* spelling = m_dialect.FindFunction(t.text)) {
         const int count = close == open + 1 ? 0 : static_cast<int>(commas.size()) + 1;
         if (!spelling->exact || count == spelling->arguments) {
@@ -64,10 +66,12 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
     }
     if (t.IsWord(u"AVG") && IsIntegerColumn(open + 1, close)) {
         // The average of integers is an integer, its fraction dropped.
+        const size_t end = m_t.WindowEnd(close + 1);
         out += lead + m_dialect.TruncatingCast(
-                          QStringLiteral("AVG(%1)").arg(Range(open + 1, close).trimmed()),
+                          QStringLiteral("AVG(%1)%2")
+                              .arg(Range(open + 1, close).trimmed(), Range(close + 1, end)),
                           m_dialect.CastType(QStringLiteral("BIGINT")));
-        return close + 1;
+        return end;
     }
     if (DateFunctionWriter::Handles(t.text)) {
         out += lead + DateWriterFor(m_context).Call(t.text, CallArguments(open, close, commas));
@@ -103,6 +107,34 @@ size_t StatementWriter::EmitRandom(size_t name, size_t close, QString& out) {
     }
     out += m_t[name].leading + m_dialect.Cast(drawn->second, QStringLiteral("FLOAT"), false);
     return close + 1;
+}
+
+// Texts and integers are joined as SQL Server writes them on both engines; a value of another
+// type would be written as the engine writes it (a date, a decimal on SQLite), so it is refused.
+size_t StatementWriter::EmitStringAggregate(size_t name, size_t close, QString& out) {
+    const auto commas = m_t.Commas(name + 1, close);
+    if (commas.size() != 1)
+        ThrowStatementError(QStringLiteral("The STRING_AGG function requires 2 argument(s)."),
+                            ado::kNativeArgumentCount);
+    const size_t valueEnd = commas.front();
+    const QString type =
+        m_t.NamedColumn(name + 2, valueEnd) ? m_columns.Type(valueEnd - 1) : QString();
+    if (IsDateOperand(name + 2, valueEnd) ||
+        (!type.isEmpty() && !IsTextType(type) && IntegerTypeOf(type).isEmpty()))
+        ThrowUnsupported(
+            QStringLiteral("STRING_AGG de %1").arg(type.isEmpty() ? u"una fecha"_qs : type));
+    QString order;
+    size_t end = close + 1;
+    if (m_t.WordAt(end, u"WITHIN") && m_t.WordAt(end + 1, u"GROUP") &&
+        m_t.SymbolAt(end + 2, u"(")) {
+        const size_t orderClose = m_t.Close(end + 2);
+        order = Range(end + 3, orderClose).trimmed();
+        end = orderClose + 1;
+    }
+    out +=
+        m_t[name].leading + m_dialect.StringAggregate(Range(name + 2, valueEnd).trimmed(),
+                                                      Range(valueEnd + 1, close).trimmed(), order);
+    return end;
 }
 
 bool StatementWriter::IsTypeName(size_t i) const {

@@ -13,6 +13,7 @@
 #include "platform/tsql/StoredValues.h"
 #include "platform/tsql/TableDefinitionRewriter.h"
 #include "platform/tsql/TypedExpressions.h"
+#include "platform/tsql/UnsupportedClauses.h"
 
 #include <QDate>
 #include <QRegularExpression>
@@ -73,6 +74,7 @@ TsqlTranslator::TsqlTranslator(TranslationContext context) : m_context(std::move
 // The passes that rewrite a statement's forms in place, then its writing in the engine's SQL.
 Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StatementTokens tokens(statement);
+    UnsupportedClauses(tokens, DialectOf(m_context)).Check();
     Translation translation;
     TableDefinitionRewriter definitions(tokens, m_context);
     translation.identityStart = definitions.Rewrite();

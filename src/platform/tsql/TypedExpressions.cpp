@@ -211,11 +211,11 @@ QString TypedExpressions::TypeOf(size_t first, size_t last) {
         break;
     }
     if (!IsName(token) || token.IsWord(u"NULL")) return {};
-    if (m_t.SymbolAt(first + 1, u"(")) return CallType(first, last);
+    if (m_t.SymbolAt(first + 1, u"(")) return CallType(first);
     return IsName(m_t[last - 1]) ? m_columns.Type(last - 1) : QString();
 }
 
-QString TypedExpressions::CallType(size_t name, size_t last) {
+QString TypedExpressions::CallType(size_t name) {
     static const QStringList integers = {u"COUNT"_qs,     u"LEN"_qs,      u"DATALENGTH"_qs,
                                          u"CHARINDEX"_qs, u"DATEDIFF"_qs, u"DATEPART"_qs,
                                          u"YEAR"_qs,      u"MONTH"_qs,    u"DAY"_qs};
@@ -226,8 +226,9 @@ QString TypedExpressions::CallType(size_t name, size_t last) {
         u"LTRIM"_qs,   u"RTRIM"_qs, u"UPPER"_qs, u"LOWER"_qs,  u"REPLACE"_qs, u"POWER"_qs};
     const QString function = m_t[name].text.toUpper();
     const size_t open = name + 1;
-    const size_t close = last - 1;
+    const size_t close = m_t.Close(open);
     if (integers.contains(function)) return QStringLiteral("INT");
+    if (function == u"COUNT_BIG") return QStringLiteral("BIGINT");
     if (function == u"CAST" || function == u"CONVERT") return m_t.ConversionType(name);
     const std::vector<size_t> commas = m_t.Commas(open, close);
     const size_t firstEnd = commas.empty() ? close : commas.front();
@@ -248,21 +249,27 @@ void TypedExpressions::WrapCalls() {
         const bool average = name.IsWord(u"AVG");
         const bool length = name.IsWord(u"DATALENGTH");
         const bool power = name.IsWord(u"POWER");
-        if (!(sum || average || length || power) || !m_t.SymbolAt(i + 1, u"(")) continue;
+        const bool characters = name.IsWord(u"LEN");
+        if (!(sum || average || length || power || characters) || !m_t.SymbolAt(i + 1, u"("))
+            continue;
         const size_t close = m_t.Close(i + 1);
-        if (length) {
+        if (length || characters) {
             const auto argument = OperandAt(i + 2) ? Chain(i + 2, false) : std::nullopt;
-            if (argument && argument->last == close && IsNationalType(argument->type))
+            if (!argument || argument->last != close) continue;
+            if (characters)
+                WrapLengthOfNumber(*argument);
+            else if (IsNationalType(argument->type))
                 AddWrap(i, close + 1, QStringLiteral("(2 * \x01)"));
             continue;
         }
-        const QString type = CallType(i, close + 1);
+        const QString type = CallType(i);
+        const size_t end = m_t.WindowEnd(close + 1);
         if (IsMoneyType(type))
-            AddWrap(i, close + 1, m_dialect.Cast(kValue, type, false));
+            AddWrap(i, end, m_dialect.Cast(kValue, type, false));
         else if (sum && IsIntegerType(type))
-            AddWrap(i, close + 1, m_dialect.IntegerResult(kValue, type));
+            AddWrap(i, end, m_dialect.IntegerResult(kValue, type));
         else if (power && IsIntegerType(type)) // POWER(2, -1) is 0, as an integer's power
-            AddWrap(i, close + 1, m_dialect.IntegerCast(kValue, type));
+            AddWrap(i, end, m_dialect.IntegerCast(kValue, type));
     }
 }
 

@@ -59,7 +59,7 @@ private:
     std::optional<Typed> CombineDecimals(const Typed& left, const QString& op, const Typed& right,
                                          bool record);
     QString TypeOf(size_t first, size_t last);
-    QString CallType(size_t name, size_t last);
+    QString CallType(size_t name);
 
     // Comparisons, IN lists and BETWEEN of a text with integers (TypedExpressions_comparisons).
     bool HasComparison() const;
@@ -91,8 +91,9 @@ private:
                               int length);
     // CAST and CONVERT to VARBINARY(MAX) of a text (TypedExpressions_casts).
     void WrapTextBytes(const Typed& value);
+    void WrapLengthOfNumber(const Typed& value);
 
-    // SUM, AVG, DATALENGTH and POWER calls whose result the engine's call gives.
+    // SUM, AVG, DATALENGTH, LEN and POWER calls whose result the engine's call gives.
     void WrapCalls();
     void WrapBitNegations();
     void AddWrap(size_t first, size_t last, const QString& call, bool operand = false);

@@ -32,6 +32,16 @@ std::optional<TextTarget> TextTargetOf(const QString& type) {
     return TextTarget{type.section(u'(', 0, 0).toLower(), sized->length.toInt()};
 }
 
+// How SQL Server writes a number of `type` as text: its NumberText format and scale; nullopt
+// for a type that is no number's.
+std::optional<std::pair<QChar, int>> NumberTextFormat(const QString& type) {
+    if (!IntegerTypeOf(type).isEmpty()) return std::pair{QChar(u'i'), 0};
+    if (type == u"MONEY" || type == u"SMALLMONEY") return std::pair{QChar(u'm'), 0};
+    if (type == u"FLOAT" || type == u"REAL") return std::pair{QChar(u'f'), 0};
+    if (const auto digits = DecimalType(type)) return std::pair{QChar(u'd'), digits->scale};
+    return std::nullopt;
+}
+
 } // namespace
 
 void TypedExpressions::WrapNumberTextCasts() {
@@ -102,22 +112,24 @@ void TypedExpressions::WrapTextBytes(const Typed& value) {
 
 void TypedExpressions::WrapNumberText(const Typed& value, const QString& target, int length) {
     const QString type = NumberTypeOf(value);
-    QChar format = u'd';
-    if (!IntegerTypeOf(type).isEmpty())
-        format = u'i';
-    else if (type == u"MONEY" || type == u"SMALLMONEY")
-        format = u'm';
-    else if (type == u"FLOAT" || type == u"REAL")
-        format = u'f';
-    const auto digits = DecimalType(type);
-    if (format == u'd' && !digits) return;
+    const auto format = NumberTextFormat(type);
+    if (!format) return;
     // The engines write an integer's digits as SQL Server does: only a length that may be too
     // short for them needs the call.
     const int widest = type == u"BIGINT" ? 20 : 11;
-    if (format == u'i' && (length == 0 || length >= widest)) return;
+    if (format->first == u'i' && (length == 0 || length >= widest)) return;
     AddWrap(value.first, value.last,
-            m_dialect.NumberText(QStringLiteral("\x01"), format, digits ? digits->scale : 0, length,
+            m_dialect.NumberText(QStringLiteral("\x01"), format->first, format->second, length,
                                  target));
+}
+
+// LEN of a number counts the characters of its text as CAST AS VARCHAR writes it (LEN(12.50) is
+// 5), where the engines would count their own text or have no LEN of a number.
+void TypedExpressions::WrapLengthOfNumber(const Typed& value) {
+    if (const auto format = NumberTextFormat(NumberTypeOf(value)))
+        AddWrap(value.first, value.last,
+                m_dialect.NumberText(QStringLiteral("\x01"), format->first, format->second, 0,
+                                     QStringLiteral("varchar")));
 }
 
 } // namespace zlx::tsql

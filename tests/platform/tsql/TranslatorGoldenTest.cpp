@@ -126,7 +126,19 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
     for (const char* sql :
          {"SELECT TOP 3 PERCENT WITH TIES * FROM t ORDER BY a", "SELECT @local",
           "SELECT TOP 10 PERCENT * FROM t GROUP BY a", "SELECT DATEPART(fortnight, f) FROM t",
-          "CREATE TABLE t (id INT IDENTITY(5,0))", "SELECT @@SPID"}) {
+          "CREATE TABLE t (id INT IDENTITY(5,0))", "SELECT @@SPID",
+          "INSERT INTO t (a) OUTPUT inserted.a VALUES (1)",
+          "DELETE FROM t OUTPUT DELETED.a WHERE a = 1",
+          "MERGE t USING u ON t.b = u.b WHEN MATCHED THEN DELETE",
+          "SELECT * FROM t CROSS APPLY (SELECT c FROM u WHERE u.b = t.b) x",
+          "SELECT * FROM t OUTER APPLY (SELECT c FROM u WHERE u.b = t.b) x",
+          "SELECT * FROM (SELECT a, n FROM t) s PIVOT (SUM(n) FOR a IN ([1], [2])) p",
+          "SELECT a, SUM(n) FROM t GROUP BY a WITH ROLLUP",
+          // What SQLite lacks itself.
+          "SELECT a, SUM(n) FROM t GROUP BY ROLLUP(a)",
+          "SELECT GROUPING(a), SUM(n) FROM t GROUP BY GROUPING SETS ((a), ())",
+          "SELECT a FROM t WHERE n > ALL (SELECT c FROM u)",
+          "SELECT a FROM t WHERE n = ANY (SELECT c FROM u)"}) {
         const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
         try {
             TsqlTranslator(Context(Target::SQLite)).Translate(statement.front());
@@ -137,6 +149,16 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
                 error.Description().startsWith(QStringLiteral("Construcción T-SQL no soportada: ")))
                 << sql;
         }
+    }
+}
+
+// PostgreSQL has grouping sets and comparisons with a subquery's ALL, ANY and SOME as SQL Server.
+TEST(TsqlTranslator, PostgresKeepsGroupingSetsAndQuantifiedComparisons) {
+    for (const char* sql : {"SELECT a, SUM(n) FROM t GROUP BY ROLLUP(a)",
+                            "SELECT a FROM t WHERE n > ALL (SELECT c FROM u) UNION ALL SELECT 1"}) {
+        const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
+        EXPECT_EQ(TsqlTranslator(Context(Target::PostgreSQL)).Translate(statement.front()).sql,
+                  QString::fromUtf8(sql));
     }
 }
 
