@@ -328,7 +328,19 @@ private:
 
 } // namespace
 
+void RefuseModules(const Tokens& tokens) {
+    for (size_t i = 0; i + 1 < tokens.size(); ++i) {
+        const bool create = tokens[i].IsWord(u"CREATE");
+        if (!create && !tokens[i].IsWord(u"ALTER")) continue;
+        const Token& kind = tokens[i + 1];
+        if (kind.IsWord(u"PROCEDURE") || kind.IsWord(u"PROC") || kind.IsWord(u"FUNCTION") ||
+            kind.IsWord(u"TRIGGER") || (!create && kind.IsWord(u"VIEW")))
+            ThrowUnsupported(tokens[i].text.toUpper() + u' ' + kind.text.toUpper());
+    }
+}
+
 ParsedBatch ParseBatch(const Tokens& tokens, TsqlVariables declared) {
+    RefuseModules(tokens);
     ParsedBatch batch;
     batch.variables = std::move(declared);
     batch.statements = BatchReader(tokens, batch.variables).ReadAll();

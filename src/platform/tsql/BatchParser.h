@@ -28,6 +28,10 @@ struct ParsedBatch {
     TsqlVariables variables; // every variable of the batch, NULL
 };
 
+// Procedures, functions and triggers (whose bodies the layer would have to keep and run) and
+// ALTER VIEW are refused by name, before their parameters read as undeclared variables.
+void RefuseModules(const Tokens& tokens);
+
 // A DECLARE becomes a block of "SET @v = value" statements, one per variable given a value.
 // `declared` are variables the batch has before its first statement (sp_executesql's
 // parameters).

@@ -283,8 +283,8 @@ public:
     // STRING_AGG of `value` with `separator`, ordered by `order` ("ORDER BY ...", or empty).
     virtual QString StringAggregate(const QString& value, const QString& separator,
                                     const QString& order) const = 0;
-    // Whether the engine lacks `clause` of SQL Server's queries (ROLLUP, CUBE, GROUPING SETS,
-    // GROUPING, ALL, ANY, SOME), which is then refused.
+    // Whether the engine lacks `clause` of SQL Server's statements (ROLLUP, CUBE, GROUPING SETS,
+    // GROUPING, ALL, ANY, SOME: refused; an index's INCLUDE: left out).
     virtual bool LacksClause(const QString& clause) const {
         (void)clause;
         return false;

@@ -122,15 +122,21 @@ void RefuseReferencedTable(const Tokens& statement, EngineDialect& dialect) {
     const bool drops = StartsWith(statement, {u"DROP", u"TABLE"});
     if (!drops && !StartsWith(statement, {u"TRUNCATE", u"TABLE"})) return;
     // The name as written (dbo.t), its last part the table's.
-    std::size_t end = 2;
+    const std::size_t start = drops && statement.size() > 4 && statement[2].IsWord(u"IF") &&
+                                      statement[3].IsWord(u"EXISTS")
+                                  ? 4
+                                  : 2;
+    std::size_t end = start;
     QString written;
-    while (end < statement.size() && (IsName(statement[end]) || statement[end].IsSymbol(u".")))
+    while (end < statement.size() &&
+           (statement[end].IsSymbol(u".") ||
+            (IsName(statement[end]) && (end == start || statement[end - 1].IsSymbol(u".")))))
         written += statement[end++].text;
-    const QString table = end > 2 ? statement[end - 1].text : QString();
+    const QString table = end > start ? statement[end - 1].text : QString();
     // A #temporary table is referenced by none.
     if (table.isEmpty() || table.startsWith(u'#')) return;
     for (const ForeignKey& key : dialect.ForeignKeysAround(
-             TokensToSql(Tokens(statement.begin() + 2, statement.begin() + end)).trimmed())) {
+             TokensToSql(Tokens(statement.begin() + start, statement.begin() + end)).trimmed())) {
         if (!SameName(key.referenced, table) || SameName(key.table, table)) continue;
         if (drops)
             ThrowStatementError(QStringLiteral("Could not drop object '%1' because it is "

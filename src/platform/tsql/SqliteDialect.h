@@ -63,7 +63,8 @@ public:
     QString StringAggregate(const QString& value, const QString& separator,
                             const QString& order) const override;
     bool HasDefaultValues() const override { return false; }
-    // SQLite has no grouping sets and no comparison with a subquery's ALL, ANY or SOME.
+    // SQLite has no grouping sets, no comparison with a subquery's ALL, ANY or SOME and no
+    // INCLUDE columns of an index.
     bool LacksClause(const QString&) const override { return true; }
     bool SchemaOnIndexName() const override { return true; }
 

@@ -61,8 +61,14 @@ QString StatementWriter::IndexDefinition(size_t index) {
     const size_t close = m_t.Close(open);
     QString keys;
     EmitOrderedItems(open + 1, close, keys);
+    // Columns an index only carries change no answer: an engine without them leaves them out.
+    size_t rest = close + 1;
+    if (m_t.WordAt(rest, u"INCLUDE") && m_t.SymbolAt(rest + 1, u"(") &&
+        m_dialect.LacksClause(QStringLiteral("INCLUDE")))
+        rest = m_t.Close(rest + 1) + 1;
     return Range(0, name) + m_t[name].leading + schema + indexName + QStringLiteral(" ON ") +
-           engineTable + m_t[open].leading + m_t[open].text + keys + Range(close, m_t.size());
+           engineTable + m_t[open].leading + m_t[open].text + keys + m_t[close].leading +
+           m_t[close].text + Range(rest, m_t.size());
 }
 
 QString StatementWriter::Range(size_t begin, size_t end) {

@@ -2,6 +2,7 @@
 
 #include "platform/engines/DriverErrors.h"
 #include "platform/engines/SqliteDriver.h"
+#include "platform/tsql/BatchParser.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/ColumnAdditions.h"
 #include "platform/tsql/ForeignKeyConflicts.h"
@@ -268,6 +269,7 @@ void TsqlSession::Execute(const QString& batch, ado::ResultSink& sink, int timeo
 // nothing (as a batch that does not compile on SQL Server) and leaves a transaction as it was.
 void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int timeoutSeconds) {
     const Tokens tokens = Tokenize(batch);
+    RefuseModules(tokens);
     if (TsqlBatchInterpreter::Needed(tokens))
         return TsqlBatchInterpreter(*this, sink, timeoutSeconds).Run(batch, tokens);
     const std::vector<Tokens> statements = SplitBatch(tokens);

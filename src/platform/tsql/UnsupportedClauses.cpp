@@ -24,6 +24,9 @@ QString UnsupportedClauses::ClauseAt(size_t i) const {
         return token.text.toUpper();
     if ((token.IsWord(u"CROSS") || token.IsWord(u"OUTER")) && m_t.WordAt(i + 1, u"APPLY"))
         return token.text.toUpper() + QStringLiteral(" APPLY");
+    if (token.IsWord(u"FOR") &&
+        (m_t.WordAt(i + 1, u"XML") || m_t.WordAt(i + 1, u"JSON") || m_t.WordAt(i + 1, u"BROWSE")))
+        return QStringLiteral("FOR ") + m_t[i + 1].text.toUpper();
     if (token.IsWord(u"WITH") && (m_t.WordAt(i + 1, u"ROLLUP") || m_t.WordAt(i + 1, u"CUBE")))
         return QStringLiteral("WITH ") + m_t[i + 1].text.toUpper();
     return {};

@@ -221,6 +221,31 @@ TEST_P(SessionTest, EngineErrorsCarrySqlServerNumbers) {
     EXPECT_EQ(NativeErrorOf(QStringLiteral("INSERT INTO clientes (Nombre) VALUES ('x')")), 2601);
 }
 
+// Procedures, functions, triggers and ALTER VIEW are refused by name, before their parameters
+// read as undeclared variables; DROP TABLE IF EXISTS and an index's INCLUDE columns work.
+TEST_P(SessionTest, ModulesAreRefusedByNameAndIndexesTakeIncludedColumns) {
+    for (const char* batch :
+         {"CREATE PROCEDURE alta @x INT AS SELECT @x * 2",
+          "CREATE FUNCTION doble (@x INT) RETURNS INT AS BEGIN RETURN @x * 2 END",
+          "CREATE TRIGGER t_alta ON clientes AFTER INSERT AS PRINT 'x'",
+          "ALTER VIEW v AS SELECT 1 AS a"}) {
+        try {
+            Exec(QString::fromUtf8(batch));
+            ADD_FAILURE() << batch;
+        } catch (const ado::AdoError& error) {
+            EXPECT_EQ(error.Description(), QStringLiteral("Construcción T-SQL no soportada: ") +
+                                               QString::fromUtf8(batch).section(u' ', 0, 1))
+                << batch;
+        }
+    }
+    Exec(QStringLiteral("CREATE TABLE piezas (a INT, b INT) "
+                        "CREATE INDEX piezas_a ON piezas (a) INCLUDE (b) "
+                        "INSERT INTO piezas VALUES (1, 2)"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT b FROM piezas WHERE a = 1")), QStringLiteral("2"));
+    Exec(QStringLiteral("DROP TABLE IF EXISTS piezas DROP TABLE IF EXISTS piezas"));
+    EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT * FROM piezas")), 208);
+}
+
 // A batch is checked whole before it runs: a refused construct anywhere runs none of it. A
 // BEGIN ... END block runs as one statement under its IF. A statement that fails on the engine
 // leaves the session usable: outside a transaction what ran before it stays (each statement
