@@ -1,6 +1,7 @@
 #include "platform/tsql/QualifiedNameWriter.h"
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlErrors.h"
 
 namespace zlx::tsql {
 
@@ -44,10 +45,12 @@ size_t QualifiedNameWriter::Write(size_t i, QString& out) {
     const bool inDatabase = parts.size() == 3 && isOwner(parts[1]);
     if (inDatabase) parts.erase(parts.begin() + 1);
     if (parts.size() == 2 && isOwner(parts[0])) parts.erase(parts.begin());
-    if (const QString view = InformationSchemaView(parts.front().name, parts.back().name);
-        parts.size() == 2 && !view.isEmpty()) {
-        out += m_t[i].leading + view;
-        return j;
+    if (parts.size() == 2) {
+        if (const QString view = InformationSchemaView(parts[0].name, parts[1].name);
+            !view.isEmpty()) {
+            out += m_t[i].leading + view;
+            return j;
+        }
     }
     const QString catalog = CatalogTable(parts.back().name);
     if (!catalog.isEmpty()) {
@@ -85,13 +88,32 @@ bool QualifiedNameWriter::IsCatalogTable(const QString& table) {
 }
 
 // INFORMATION_SCHEMA.TABLES and .COLUMNS are views the session makes, named zlx_information_*:
-// PostgreSQL's own have other names, types and cases, and SQLite has none.
+// PostgreSQL's own have other names, types and cases, and SQLite has none. The other views of
+// INFORMATION_SCHEMA and SQL Server's sys catalog views are refused.
 QString QualifiedNameWriter::InformationSchemaView(const QString& schema, const QString& view) {
+    static const QStringList catalogViews = {u"objects"_qs,
+                                             u"tables"_qs,
+                                             u"columns"_qs,
+                                             u"views"_qs,
+                                             u"indexes"_qs,
+                                             u"index_columns"_qs,
+                                             u"schemas"_qs,
+                                             u"types"_qs,
+                                             u"databases"_qs,
+                                             u"foreign_keys"_qs,
+                                             u"key_constraints"_qs,
+                                             u"check_constraints"_qs,
+                                             u"default_constraints"_qs,
+                                             u"identity_columns"_qs,
+                                             u"procedures"_qs};
+    if (schema.compare(u"sys", Qt::CaseInsensitive) == 0 &&
+        catalogViews.contains(view, Qt::CaseInsensitive))
+        ThrowUnsupported(QStringLiteral("sys.") + view);
     if (schema.compare(u"INFORMATION_SCHEMA", Qt::CaseInsensitive) != 0) return {};
     for (const char16_t* name : {u"tables", u"columns"})
         if (view.compare(QStringView(name), Qt::CaseInsensitive) == 0)
             return u"zlx_information_"_qs + QString::fromUtf16(name);
-    return {};
+    ThrowUnsupported(QStringLiteral("INFORMATION_SCHEMA.") + view);
 }
 
 QString QualifiedNameWriter::CatalogTable(const QString& table) {

@@ -697,8 +697,20 @@ QString SqliteDialect::LastIdentitySql() const {
     return QStringLiteral("SELECT last_insert_rowid()");
 }
 
+bool SqliteDialect::HasSchema(const QString& schema) {
+    if (schema.compare(u"main", Qt::CaseInsensitive) == 0 ||
+        schema.compare(u"temp", Qt::CaseInsensitive) == 0)
+        return true;
+    return !Access()
+                .Query(QStringLiteral("SELECT 1 FROM pragma_database_list WHERE name = %1 COLLATE "
+                                      "NOCASE")
+                           .arg(SqlString(Unquoted(schema))))
+                .empty();
+}
+
 QString SqliteDialect::FindIdentityColumn(const QString& table) {
     const auto [schema, bare] = SchemaAndCatalogName(table);
+    if (!HasSchema(schema)) return QString();
     NoteKeyConstraints(schema, bare);
     // What was noted of a table of that name (dropped, or in another database) goes.
     m_keyless.removeIf(
@@ -750,6 +762,7 @@ void SqliteDialect::NoteKeyConstraints(const QString& schema, const QString& tab
 TableColumns SqliteDialect::ColumnsOf(const QString& table) {
     const auto [schema, bare] = SchemaAndCatalogName(table);
     TableColumns columns;
+    if (!HasSchema(schema)) return columns;
     // The identity is the AUTOINCREMENT key.
     for (const auto& row : Access().Query(
              QStringLiteral("SELECT p.name, p.type, p.pk = 1 AND m.sql LIKE '%AUTOINCREMENT%', "

@@ -110,6 +110,9 @@ protected:
     std::span<const FunctionSpelling> BuiltinSpellings() const override;
 
 private:
+    // Whether `schema` is the main file, temp or an attached database (another name holds no
+    // tables, and reading its catalog would fail).
+    bool HasSchema(const QString& schema);
     static QString ColumnCount(const QString& column, const char* typeCondition);
     ado::SqliteServerFolder Folder() const;
     void RequireDatabaseFile(const QString& database) const;

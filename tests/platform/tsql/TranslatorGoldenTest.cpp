@@ -135,6 +135,8 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
           "SELECT * FROM (SELECT a, n FROM t) s PIVOT (SUM(n) FOR a IN ([1], [2])) p",
           "SELECT a, SUM(n) FROM t GROUP BY a WITH ROLLUP",
           "SELECT STUFF((SELECT ',' + a FROM t FOR XML PATH('')), 1, 1, '')",
+          "SELECT name FROM sys.tables",
+          "SELECT * FROM INFORMATION_SCHEMA.TABLE_CONSTRAINTS",
           // What SQLite lacks itself.
           "SELECT a, SUM(n) FROM t GROUP BY ROLLUP(a)",
           "SELECT GROUPING(a), SUM(n) FROM t GROUP BY GROUPING SETS ((a), ())",
