@@ -99,6 +99,23 @@ void MoneyQuotient(sqlite3_context* context, int, sqlite3_value** values) {
     sqlite3_result_double(context, static_cast<double>(quotient) / 10000.0);
 }
 
+// zlx_remainder(a, b, places): a % b of decimals of `places` places, computed on their scaled
+// integers, the sign the dividend's (on reals 0.3 % 0.1 would be 0.1, not 0.0).
+void Remainder(sqlite3_context* context, int, sqlite3_value** values) {
+    if (sqlite3_value_type(values[0]) == SQLITE_NULL ||
+        sqlite3_value_type(values[1]) == SQLITE_NULL)
+        return sqlite3_result_null(context);
+    const double unit = std::pow(10.0, sqlite3_value_int(values[2]));
+    const double dividend = sqlite3_value_double(values[0]) * unit;
+    const double divisor = sqlite3_value_double(values[1]) * unit;
+    if (std::llround(divisor) == 0 && std::fabs(divisor) < 1)
+        return sqlite3_result_error(context, "Divide by zero error encountered.", -1);
+    if (std::fabs(dividend) >= 9e18 || std::fabs(divisor) >= 9e18)
+        return sqlite3_result_double(context, std::fmod(dividend, divisor) / unit);
+    const sqlite3_int64 rest = std::llround(dividend) % std::llround(divisor);
+    sqlite3_result_double(context, static_cast<double>(rest) / unit);
+}
+
 // CAST(x AS FLOAT): a text is a number between blanks, with a fraction and an exponent or not,
 // and a blank text 0 (SQLite reads any text, "doce" as 0).
 void Real(sqlite3_context* context, int, sqlite3_value** values) {
@@ -169,6 +186,8 @@ void Install(sqlite3* db) {
                             &Decimal, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_money_quotient", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                             nullptr, &MoneyQuotient, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_remainder", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                            &Remainder, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_float", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Real,
                             nullptr, nullptr);
     for (const int arguments : {2, 3})

@@ -215,6 +215,12 @@ public:
     // `dividend` / `divisor` whose result is MONEY: four places kept, the rest dropped (not
     // rounded).
     virtual QString MoneyQuotient(const QString& dividend, const QString& divisor) const = 0;
+    // `dividend` % `divisor` of decimals of `scale` places; empty: the engine's % does it.
+    virtual QString DecimalRemainder(const QString& dividend, const QString& divisor,
+                                     int scale) const {
+        (void)dividend, (void)divisor, (void)scale;
+        return {};
+    }
     // `value` as a BIT column stores it (1 for any number but 0, the words TRUE and FALSE);
     // empty: the engine stores it as it is.
     virtual QString StoredBit(const QString& value) const {

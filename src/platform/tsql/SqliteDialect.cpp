@@ -253,6 +253,12 @@ QString SqliteDialect::MoneyQuotient(const QString& dividend, const QString& div
     return QStringLiteral("zlx_money_quotient(%1, %2)").arg(dividend, divisor);
 }
 
+// SQLite's % works on integers: 7.5 % 2 would be 1.
+QString SqliteDialect::DecimalRemainder(const QString& dividend, const QString& divisor,
+                                        int scale) const {
+    return QStringLiteral("zlx_remainder(%1, %2, %3)").arg(dividend, divisor).arg(scale);
+}
+
 QString SqliteDialect::IntegerResult(const QString& value, const QString& type) const {
     return QStringLiteral("zlx_integer_result(%1, '%2')").arg(value, IntegerTypeName(type));
 }

@@ -38,6 +38,8 @@ public:
     QString IntegerCast(const QString& value, const QString& type) const override;
     QString IntegerResult(const QString& value, const QString& type) const override;
     QString MoneyQuotient(const QString& dividend, const QString& divisor) const override;
+    QString DecimalRemainder(const QString& dividend, const QString& divisor,
+                             int scale) const override;
     bool ChecksIntegerArithmetic(const QString&) const override { return false; }
     QString ScaledDecimal(const QString& value, int precision, int scale) const override;
     QString StoredBit(const QString& value) const override;

@@ -100,6 +100,11 @@ void TableDefinitionRewriter::PrepareDefinitions() {
     if (!m_t.IsDdl()) return;
     for (size_t i = 0; i < m_t.size(); ++i) {
         AddColumnCheck(i);
+        // The engines keep a computed column apart from the others (SQLite's catalog does not
+        // list it, PostgreSQL needs its type).
+        if (m_t[i].IsWord(u"AS") && FollowsColumnName(i) && i >= 2 &&
+            (m_t[i - 2].IsSymbol(u"(") || m_t[i - 2].IsSymbol(u",") || m_t[i - 2].IsWord(u"ADD")))
+            ThrowUnsupported(QStringLiteral("columna calculada (%1 AS ...)").arg(m_t[i - 1].text));
         if (IsTextColumnType(i)) {
             UseSizedTextType(i);
             CollateWithoutCase(i);

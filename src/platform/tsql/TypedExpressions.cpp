@@ -179,14 +179,14 @@ TypedExpressions::Typed TypedExpressions::Combine(Typed left, const QString& op,
         }
         return result;
     }
-    if (op == u"/") WrapMoneyQuotient(left, right);
+    if (op == u"/") WrapOperatorCall(left, right, m_dialect.MoneyQuotient(kValue, kDivisor));
     AddWrap(result.first, result.last, m_dialect.Cast(kValue, result.type, false));
     return result;
 }
 
-// The engine's call takes both operands in place of the "/" between them.
-void TypedExpressions::WrapMoneyQuotient(const Typed& left, const Typed& right) {
-    const QString call = m_dialect.MoneyQuotient(kValue, kDivisor);
+// The engine's call (kValue, kDivisor) takes both operands in place of the operator between them.
+void TypedExpressions::WrapOperatorCall(const Typed& left, const Typed& right,
+                                        const QString& call) {
     AddWrap(left.first, left.last, call.section(kValue, 0, 0) + kValue, true);
     AddWrap(right.first, right.last,
             call.section(kValue, 1).section(kDivisor, 0, 0) + kValue + call.section(kDivisor, 1),

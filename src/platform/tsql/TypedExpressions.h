@@ -53,8 +53,8 @@ private:
     std::optional<Typed> Chain(size_t first, bool record);
     // `left` and `right` are copies: a text operand takes a number neighbour's type.
     Typed Combine(Typed left, const QString& op, Typed right, bool record);
-    // left / right whose result is MONEY: the engine's truncating quotient.
-    void WrapMoneyQuotient(const Typed& left, const Typed& right);
+    // left <op> right as the engine's `call` of both (a MONEY quotient, a decimal remainder).
+    void WrapOperatorCall(const Typed& left, const Typed& right, const QString& call);
     // An operation whose result is a DECIMAL (TypedExpressions_decimals); nullopt for others.
     std::optional<Typed> CombineDecimals(const Typed& left, const QString& op, const Typed& right,
                                          bool record);

@@ -61,8 +61,11 @@ std::optional<TypedExpressions::Typed> TypedExpressions::CombineDecimals(const T
     const auto rightDecimal = DeclaredDecimal(right.type);
     if (!leftDecimal && !rightDecimal) return std::nullopt;
     const auto digits = [&](const Typed& operand, const std::optional<Digits>& declared) {
-        if (operand.literal && operand.last == operand.first + 1)
-            return LiteralDigits(m_t[operand.first].text);
+        // A literal, with its sign or not.
+        const bool signedLiteral =
+            operand.last == operand.first + 2 && m_t[operand.first].kind == TokenKind::Symbol;
+        if (operand.literal && (operand.last == operand.first + 1 || signedLiteral))
+            return LiteralDigits(m_t[operand.last - 1].text);
         return declared ? declared : IntegerDigits(operand.type);
     };
     const auto a = digits(left, leftDecimal);
@@ -79,6 +82,11 @@ std::optional<TypedExpressions::Typed> TypedExpressions::CombineDecimals(const T
         AddWrap(
             left.first, left.last,
             QStringLiteral("CAST(\x01 AS %1)").arg(m_dialect.CastType(QStringLiteral("FLOAT"))));
+    if (op == u"%")
+        if (const QString call = m_dialect.DecimalRemainder(QStringLiteral("\x01"),
+                                                            QStringLiteral("\x02"), result.scale);
+            !call.isEmpty())
+            WrapOperatorCall(left, right, call);
     AddWrap(typed.first, typed.last, m_dialect.Cast(QStringLiteral("\x01"), typed.type, false));
     return typed;
 }

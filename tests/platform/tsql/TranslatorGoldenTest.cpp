@@ -136,6 +136,8 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
           "SELECT a, SUM(n) FROM t GROUP BY a WITH ROLLUP",
           "SELECT STUFF((SELECT ',' + a FROM t FOR XML PATH('')), 1, 1, '')",
           "SELECT name FROM sys.tables",
+          "CREATE TABLE calculos (a INT, doble AS (a * 2))",
+          "ALTER TABLE calculos ADD triple AS a * 3",
           "SELECT * FROM INFORMATION_SCHEMA.TABLE_CONSTRAINTS",
           // What SQLite lacks itself.
           "SELECT a, SUM(n) FROM t GROUP BY ROLLUP(a)",
