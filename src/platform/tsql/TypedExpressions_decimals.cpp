@@ -1,7 +1,8 @@
 // Arithmetic whose result is a DECIMAL: SQL Server's result precision and scale (its table of
 // e1 + e2, e1 * e2, e1 / e2 ... with the reduction past 38 digits), the result rounded to that
 // scale on every engine. An integer operand counts as DECIMAL(10,0) (an INT column) or by its
-// digits (a literal); MONEY and FLOAT operands are left to the other rules.
+// digits (a literal), a MONEY beside a DECIMAL as DECIMAL(19,4) (DECIMAL comes first in SQL
+// Server's precedence); other MONEY and FLOAT operations are left to the other rules.
 
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TypeNames.h"
@@ -66,6 +67,8 @@ std::optional<TypedExpressions::Typed> TypedExpressions::CombineDecimals(const T
             operand.last == operand.first + 2 && m_t[operand.first].kind == TokenKind::Symbol;
         if (operand.literal && (operand.last == operand.first + 1 || signedLiteral))
             return LiteralDigits(m_t[operand.last - 1].text);
+        if (operand.type == u"MONEY") return std::optional<Digits>(Digits{19, 4});
+        if (operand.type == u"SMALLMONEY") return std::optional<Digits>(Digits{10, 4});
         return declared ? declared : IntegerDigits(operand.type);
     };
     const auto a = digits(left, leftDecimal);

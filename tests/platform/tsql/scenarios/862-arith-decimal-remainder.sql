@@ -1,5 +1,6 @@
 -- The remainder (%) of decimals is a decimal, with the dividend's sign, computed exactly (0.3 %
--- 0.1 is 0.0); of integers an integer; by zero error 8134.
+-- 0.1 is 0.0); of integers an integer; by zero error 8134. MONEY beside a DECIMAL computes as a
+-- DECIMAL(19,4) (12.25125, where SQLite would answer 12.251249999999999).
 -- run
 SELECT 7.5 % 2, -7.5 % 2, 0.3 % 0.1, 10 % 3, -10 % 3, CAST(7.25 AS DECIMAL(5,2)) % 1
 -- expect
@@ -25,3 +26,12 @@ error 8134
 SELECT d % (n - n) FROM restos
 -- expect
 error 8134
+-- run
+CREATE TABLE saldos (saldo MONEY, corto SMALLMONEY)
+INSERT INTO saldos VALUES (10.125, 2.5)
+-- run
+SELECT saldo * 1.21, corto * 1.5, saldo / 3.0, saldo * 2, saldo / 3 FROM saldos
+-- expect
+rowset
+row 12.25125|3.75|3.375|20.25|3.375
+end
