@@ -1,6 +1,7 @@
 #include "platform/tsql/TsqlTranslator.h"
 
 #include "platform/tsql/CaseComparisons.h"
+#include "platform/tsql/ConditionPlacement.h"
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/DistinctTexts.h"
 #include "platform/tsql/LargeTextRefusals.h"
@@ -73,6 +74,7 @@ TsqlTranslator::TsqlTranslator(TranslationContext context) : m_context(std::move
 // The passes that rewrite a statement's forms in place, then its writing in the engine's SQL.
 Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StatementTokens tokens(statement);
+    ConditionPlacement(tokens).Check();
     Translation translation;
     TableDefinitionRewriter definitions(tokens, m_context);
     translation.identityStart = definitions.Rewrite();
