@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QUuid>
 #include <cmath>
+#include <optional>
 #include <string>
 
 namespace zlx::ado::SqliteBuiltins {
@@ -68,18 +69,23 @@ int SoundexDigit(char16_t letter) {
     return kDigits[letter - u'A'] - '0';
 }
 
-// SQL Server's SOUNDEX: the first character in capitals and the digits of the consonants after
-// it up to the first character that is no letter, neighbours of one digit (H or W between them
-// too) written once, padded with zeros to four characters.
-QString SoundexCode(const QString& text) {
-    if (text.isEmpty()) return QStringLiteral("0000");
-    const QString upper = text.toUpper();
-    QString code(upper.front());
-    const char16_t first = upper.front().unicode();
-    int last = first >= u'A' && first <= u'Z' ? SoundexDigit(first) : 0;
-    for (qsizetype i = 1; i < upper.size() && code.size() < 4; ++i) {
-        const char16_t letter = upper[i].unicode();
-        if (letter < u'A' || letter > u'Z') break;
+// SQL Server's SOUNDEX: the first letter in capitals and the digits of the consonants after it
+// up to the first character that is no letter, neighbours of one digit (H or W between them
+// too) written once, padded with zeros to four characters. None for a text that does not start
+// with an English letter or holds a character past ASCII before its code is whole.
+std::optional<QString> SoundexCode(const QString& text) {
+    const auto upper = [&text](qsizetype i) -> char16_t {
+        const char16_t c = text[i].unicode();
+        return c >= u'a' && c <= u'z' ? c - (u'a' - u'A') : c;
+    };
+    const auto english = [](char16_t c) { return c >= u'A' && c <= u'Z'; };
+    if (text.isEmpty() || !english(upper(0))) return std::nullopt;
+    QString code(QChar(upper(0)));
+    int last = SoundexDigit(upper(0));
+    for (qsizetype i = 1; i < text.size() && code.size() < 4; ++i) {
+        const char16_t letter = upper(i);
+        if (letter >= 0x80) return std::nullopt;
+        if (!english(letter)) break;
         const int digit = SoundexDigit(letter);
         if (digit < 0) continue;
         if (digit > 0 && digit != last) code += QChar(u'0' + digit);
@@ -88,18 +94,33 @@ QString SoundexCode(const QString& text) {
     return code.leftJustified(4, u'0');
 }
 
+// The code, or the refusal of a text SQL Server's SOUNDEX is not known to code alike.
+bool ResultSoundex(sqlite3_context* context, sqlite3_value* value, QString& code) {
+    const std::optional<QString> found = SoundexCode(Text(value));
+    if (!found) {
+        sqlite3_result_error(
+            context,
+            "Construcción T-SQL no soportada: SOUNDEX de un texto que no es de letras ASCII", -1);
+        return false;
+    }
+    code = *found;
+    return true;
+}
+
 // zlx_soundex(text)
 void Soundex(sqlite3_context* context, int count, sqlite3_value** values) {
-    if (AnyNull(context, count, values)) return;
-    ResultText(context, SoundexCode(Text(values[0])));
+    QString code;
+    if (AnyNull(context, count, values) || !ResultSoundex(context, values[0], code)) return;
+    ResultText(context, code);
 }
 
 // zlx_difference(a, b): 4 for the same SOUNDEX codes; otherwise 1 for the same first character
 // and 1 for each digit of b's code found in a's, each search going on from the last one found.
 void Difference(sqlite3_context* context, int count, sqlite3_value** values) {
-    if (AnyNull(context, count, values)) return;
-    const QString a = SoundexCode(Text(values[0]));
-    const QString b = SoundexCode(Text(values[1]));
+    QString a, b;
+    if (AnyNull(context, count, values) || !ResultSoundex(context, values[0], a) ||
+        !ResultSoundex(context, values[1], b))
+        return;
     if (a == b) return sqlite3_result_int(context, 4);
     int level = a.front() == b.front() ? 1 : 0;
     qsizetype from = 1;

@@ -137,18 +137,19 @@ END IF;
 IF to_regprocedure('zlx_difference(text,text)') IS NULL THEN
 CREATE FUNCTION zlx_soundex(s text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT AS $f$
 DECLARE
-  u text COLLATE "C" := upper(s);
+  u text COLLATE "C" := translate(s, 'abcdefghijklmnopqrstuvwxyz', 'ABCDEFGHIJKLMNOPQRSTUVWXYZ');
   code text COLLATE "C" := left(u, 1);
   c integer;
   d integer;
   last integer := 0;
 BEGIN
-  IF u = '' THEN RETURN '0000'; END IF;
-  FOR i IN 1 .. char_length(u) LOOP
+  FOR i IN 1 .. greatest(char_length(u), 1) LOOP
     EXIT WHEN char_length(code) = 4;
-    c := ascii(substr(u, i, 1));
-    EXIT WHEN i > 1 AND (c < 65 OR c > 90);
-    CONTINUE WHEN c < 65 OR c > 90;
+    c := coalesce(ascii(substr(u, i, 1)), 0);
+    IF (i = 1 AND (c < 65 OR c > 90)) OR c > 127 THEN
+      RAISE EXCEPTION 'Construcción T-SQL no soportada: SOUNDEX de un texto que no es de letras ASCII';
+    END IF;
+    EXIT WHEN c < 65 OR c > 90;
     d := CASE WHEN c IN (72, 87) THEN -1
          ELSE CAST(substr('01230120022455012623010202', c - 64, 1) AS integer) END;
     CONTINUE WHEN d < 0;

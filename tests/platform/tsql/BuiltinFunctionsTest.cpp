@@ -146,3 +146,20 @@ TEST_P(BuiltinFunctionsTest, TryConversionsKeepTheOperandsOwnErrors) {
               QStringList{QStringLiteral("error 8134")});
     EXPECT_EQ(Value(QStringLiteral("SELECT ISNULL(TRY_CAST('x' + 'y' AS BIGINT), -1)")), "-1");
 }
+
+// SOUNDEX codes only texts of English letters alike on every engine; others are refused by name
+// when the statement runs, DIFFERENCE's too.
+TEST_P(BuiltinFunctionsTest, SoundexRefusesTextsOfOtherCharacters) {
+    for (const char* sql : {"SELECT SOUNDEX('Muñoz')", "SELECT SOUNDEX('')",
+                            "SELECT SOUNDEX(' Smith')", "SELECT DIFFERENCE('Smith', '1abc')"}) {
+        try {
+            Exec(QString::fromUtf8(sql));
+            ADD_FAILURE() << sql;
+        } catch (const ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14)) << sql;
+            EXPECT_TRUE(error.Description().contains(u"no soportada: SOUNDEX")) << sql;
+        }
+    }
+    EXPECT_EQ(Value(QStringLiteral("SELECT SOUNDEX('smith jones'), SOUNDEX('Lloyd-Ñ')")),
+              "S530|L300");
+}

@@ -1,6 +1,7 @@
 -- SOUNDEX answers SQL Server's four-character code (the first letter, then the digits of the
 -- consonants; vowels, H, W and Y left out, letters of one digit side by side or across H or W
--- written once, zeros to four) and DIFFERENCE how much two codes match, from 0 to 4.
+-- written once, the code ending at the first character that is no letter, zeros to four) and
+-- DIFFERENCE how much two codes match, from 0 to 4.
 -- run
 SELECT SOUNDEX('Smith'), SOUNDEX('Smythe'), SOUNDEX('Green'), SOUNDEX('Blotchet-Halls'), SOUNDEX('Ashcraft'), SOUNDEX('Tymczak'), SOUNDEX('Lee'), SOUNDEX(NULL)
 -- expect
