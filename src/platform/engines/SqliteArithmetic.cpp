@@ -1,11 +1,15 @@
 #include "platform/engines/SqliteArithmetic.h"
 
+#include "platform/engines/SqliteValues.h"
+
 #include <QRegularExpression>
 #include <QString>
 #include <cmath>
 #include <sqlite3.h>
 
 namespace zlx::ado::SqliteArithmetic {
+
+using SqliteValues::FailConversion;
 
 // The digits of a plain decimal text ("-12.345") rounded half away from zero to `scale`
 // places; empty when the text is no such number.
@@ -61,14 +65,14 @@ void Decimal(sqlite3_context* context, int, sqlite3_value** values) {
     const int scale = sqlite3_value_int(values[2]);
     const QString rounded = RoundedDecimal(NumberText(values[0]), scale);
     if (rounded.isEmpty())
-        return sqlite3_result_error(context, "Error converting data type varchar to numeric.", -1);
+        return FailConversion(context, "Error converting data type varchar to numeric.");
     QString whole = rounded.section(u'.', 0, 0);
     whole.remove(u'-');
     while (whole.size() > 1 && whole.startsWith(u'0'))
         whole.remove(0, 1);
     if (whole != u"0" && whole.size() > precision - scale)
-        return sqlite3_result_error(
-            context, "Arithmetic overflow error converting numeric to data type numeric.", -1);
+        return FailConversion(context,
+                              "Arithmetic overflow error converting numeric to data type numeric.");
     if (scale > 0 || whole.size() > 18)
         sqlite3_result_double(context, rounded.toDouble());
     else
@@ -129,7 +133,7 @@ void Real(sqlite3_context* context, int, sqlite3_value** values) {
                                            sqlite3_value_bytes(value));
     if (text.trimmed().isEmpty()) return sqlite3_result_double(context, 0);
     if (!number.match(text).hasMatch())
-        return sqlite3_result_error(context, "Error converting data type varchar to float.", -1);
+        return FailConversion(context, "Error converting data type varchar to float.");
     sqlite3_result_double(context, text.trimmed().toDouble());
 }
 
@@ -190,6 +194,12 @@ void Install(sqlite3* db) {
                             &Remainder, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_float", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, &Real,
                             nullptr, nullptr);
+    // The conversions of TRY_CAST and TRY_CONVERT, which answer NULL where these fail.
+    void* const tryConversion = const_cast<char*>(SqliteValues::kTryConversion);
+    sqlite3_create_function(db, "zlx_try_decimal", 3, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                            tryConversion, &Decimal, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_try_float", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
+                            tryConversion, &Real, nullptr, nullptr);
     for (const int arguments : {2, 3})
         sqlite3_create_function(db, "round", arguments, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                                 &Round, nullptr, nullptr);

@@ -8,6 +8,7 @@
 #include <QRegularExpression>
 #include <QUuid>
 #include <cmath>
+#include <optional>
 #include <string>
 
 namespace zlx::ado::SqliteBuiltins {
@@ -47,6 +48,89 @@ void SquareRoot(sqlite3_context* context, int count, sqlite3_value** values) {
     const double x = sqlite3_value_double(values[0]);
     if (x < 0) return sqlite3_result_error(context, kInvalidFloat, -1);
     sqlite3_result_double(context, std::sqrt(x));
+}
+
+// power(x, y): a negative x to a fraction and 0 to a negative power have no real result (SQLite
+// answers NULL and infinity).
+void Power(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const double x = sqlite3_value_double(values[0]);
+    const double y = sqlite3_value_double(values[1]);
+    if ((x < 0 && y != std::trunc(y)) || (x == 0 && y < 0))
+        return sqlite3_result_error(context, kInvalidFloat, -1);
+    sqlite3_result_double(context, std::pow(x, y));
+}
+
+// The digit SOUNDEX gives an English letter (upper case): 0 for a vowel or Y, -1 for H and W,
+// which leave the letters around them neighbours.
+int SoundexDigit(char16_t letter) {
+    static constexpr char kDigits[] = "01230120022455012623010202";
+    if (letter == u'H' || letter == u'W') return -1;
+    return kDigits[letter - u'A'] - '0';
+}
+
+// SQL Server's SOUNDEX: the first letter in capitals and the digits of the consonants after it
+// up to the first character that is no letter, neighbours of one digit (H or W between them
+// too) written once, padded with zeros to four characters. None for a text that does not start
+// with an English letter or holds a character past ASCII before its code is whole.
+std::optional<QString> SoundexCode(const QString& text) {
+    const auto upper = [&text](qsizetype i) -> char16_t {
+        const char16_t c = text[i].unicode();
+        return c >= u'a' && c <= u'z' ? c - (u'a' - u'A') : c;
+    };
+    const auto english = [](char16_t c) { return c >= u'A' && c <= u'Z'; };
+    if (text.isEmpty() || !english(upper(0))) return std::nullopt;
+    QString code(QChar(upper(0)));
+    int last = SoundexDigit(upper(0));
+    for (qsizetype i = 1; i < text.size() && code.size() < 4; ++i) {
+        const char16_t letter = upper(i);
+        if (letter >= 0x80) return std::nullopt;
+        if (!english(letter)) break;
+        const int digit = SoundexDigit(letter);
+        if (digit < 0) continue;
+        if (digit > 0 && digit != last) code += QChar(u'0' + digit);
+        last = digit;
+    }
+    return code.leftJustified(4, u'0');
+}
+
+// The code, or the refusal of a text SQL Server's SOUNDEX is not known to code alike.
+bool ResultSoundex(sqlite3_context* context, sqlite3_value* value, QString& code) {
+    const std::optional<QString> found = SoundexCode(Text(value));
+    if (!found) {
+        sqlite3_result_error(
+            context,
+            "Construcción T-SQL no soportada: SOUNDEX de un texto que no es de letras ASCII", -1);
+        return false;
+    }
+    code = *found;
+    return true;
+}
+
+// zlx_soundex(text)
+void Soundex(sqlite3_context* context, int count, sqlite3_value** values) {
+    QString code;
+    if (AnyNull(context, count, values) || !ResultSoundex(context, values[0], code)) return;
+    ResultText(context, code);
+}
+
+// zlx_difference(a, b): 4 for the same SOUNDEX codes; otherwise 1 for the same first character
+// and 1 for each digit of b's code found in a's, each search going on from the last one found.
+void Difference(sqlite3_context* context, int count, sqlite3_value** values) {
+    QString a, b;
+    if (AnyNull(context, count, values) || !ResultSoundex(context, values[0], a) ||
+        !ResultSoundex(context, values[1], b))
+        return;
+    if (a == b) return sqlite3_result_int(context, 4);
+    int level = a.front() == b.front() ? 1 : 0;
+    qsizetype from = 1;
+    for (qsizetype i = 1; i < 4; ++i) {
+        const qsizetype found = a.indexOf(b[i], from);
+        if (found < 0) continue;
+        ++level;
+        from = found;
+    }
+    sqlite3_result_int(context, level);
 }
 
 // zlx_str(value, length, decimals): the value rounded to `decimals` places and right-aligned
@@ -296,6 +380,9 @@ void Install(sqlite3* db) {
         {"zlx_log", 1, &Log},
         {"zlx_log", 2, &Log},
         {"zlx_sqrt", 1, &SquareRoot},
+        {"zlx_power", 2, &Power},
+        {"zlx_soundex", 1, &Soundex},
+        {"zlx_difference", 2, &Difference},
         {"zlx_str", 3, &Str},
         {"zlx_number", 6, &Number},
         {"zlx_replicate", 2, &Replicate},

@@ -1,5 +1,7 @@
 #include "platform/engines/SqliteIntegers.h"
 
+#include "platform/engines/SqliteValues.h"
+
 #include <QByteArray>
 #include <QRegularExpression>
 #include <QString>
@@ -34,7 +36,7 @@ const IntegerType& TypeNamed(sqlite3_value* name) {
 }
 
 void Fail(sqlite3_context* context, const QString& message) {
-    sqlite3_result_error(context, message.toUtf8().constData(), -1);
+    SqliteValues::FailConversion(context, message.toUtf8().constData());
 }
 
 void FailExpression(sqlite3_context* context, const IntegerType& type) {
@@ -175,6 +177,9 @@ void Bit(sqlite3_context* context, int, sqlite3_value** values) {
 void Install(sqlite3* db) {
     const int flags = SQLITE_UTF8 | SQLITE_DETERMINISTIC;
     sqlite3_create_function(db, "zlx_integer", 2, flags, nullptr, &Cast, nullptr, nullptr);
+    sqlite3_create_function(db, "zlx_try_integer", 2, flags,
+                            const_cast<char*>(SqliteValues::kTryConversion), &Cast, nullptr,
+                            nullptr);
     sqlite3_create_function(db, "zlx_integer_result", 2, flags, nullptr, &Result, nullptr, nullptr);
     sqlite3_create_function(db, "zlx_bit", 1, flags, nullptr, &Bit, nullptr, nullptr);
 }

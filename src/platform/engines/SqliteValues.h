@@ -34,4 +34,13 @@ inline void ResultText(sqlite3_context* context, const QString& text) {
                         SQLITE_TRANSIENT);
 }
 
+// The user data of a conversion registered a second time, as TRY_CAST's: its failures answer NULL.
+inline constexpr char kTryConversion[] = "try";
+
+// A conversion's failure: SQL Server's error, or NULL in the conversion of a TRY_CAST.
+inline void FailConversion(sqlite3_context* context, const char* message) {
+    if (sqlite3_user_data(context) == kTryConversion) return sqlite3_result_null(context);
+    sqlite3_result_error(context, message, -1);
+}
+
 } // namespace zlx::ado::SqliteValues

@@ -7,6 +7,7 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QSysInfo>
+#include <algorithm>
 
 namespace zlx::tsql {
 namespace {
@@ -37,7 +38,17 @@ constexpr FunctionSpelling kCommon[] = {
     {"RADIANS", 1, true, "radians(%1)"},
     // Both engines count in 64 bits.
     {"COUNT_BIG", -1, false, "count(%*)"},
+    {"OBJECT_NAME", 1, true, "(SELECT name FROM sysobjects WHERE xtype IN ('U', 'V') AND id = %1)"},
+    {"SOUNDEX", 1, true, "zlx_soundex(%1)"},
+    {"DIFFERENCE", 2, true, "zlx_difference(%1, %2)"},
 };
+
+// The functions that answer of a table's identity, by the table's name.
+const QStringList& IdentityFunctions() {
+    static const QStringList names = {QStringLiteral("IDENT_SEED"), QStringLiteral("IDENT_INCR"),
+                                      QStringLiteral("IDENT_CURRENT")};
+    return names;
+}
 
 // Written by the writer itself rather than from a spelling.
 const QStringList& OwnFunctions() {
@@ -115,7 +126,7 @@ bool BuiltinFunctionWriter::Handles(const QString& function) {
             QStringLiteral("VARP"),    QStringLiteral("ROUND")};
         for (const FunctionSpelling& spelling : kCommon)
             all.insert(QString::fromLatin1(spelling.name));
-        for (const QString& name : OwnFunctions())
+        for (const QString& name : OwnFunctions() + IdentityFunctions())
             all.insert(name);
         return all;
     }();
@@ -128,6 +139,7 @@ QString BuiltinFunctionWriter::Call(const QString& function,
     const int count = static_cast<int>(arguments.size());
     if (name == u"FORMAT") return FormatWriter(m_context).Call(arguments);
     if (name == u"COL_LENGTH") return ColumnLength(arguments);
+    if (IdentityFunctions().contains(name)) return TableIdentity(name, arguments);
     if (OwnFunctions().contains(name)) {
         if (count != 0) ThrowUnsupported(name + QStringLiteral(" with arguments"));
         return SystemValue(name);
@@ -144,6 +156,8 @@ QString BuiltinFunctionWriter::Call(const QString& function,
     if (!spelling) ThrowArgumentCount(function);
     const QString sql = Fill(*spelling, arguments);
     if (name == u"DEGREES" || name == u"RADIANS") return Angle(sql, arguments.front());
+    // A name compares under the database's collation, as SQL Server's names do.
+    if (name == u"OBJECT_NAME") return m_dialect.CollatedText(sql);
     if (name == u"STR") return SizedText(sql, count == 1 ? QStringLiteral("10") : arguments[1].sql);
     return sql;
 }
@@ -166,6 +180,22 @@ QString BuiltinFunctionWriter::ColumnLength(const std::vector<CallArgument>& arg
     return QStringLiteral("(SELECT length FROM syscolumns WHERE id = %1 AND name = %2)")
         .arg(FillPattern(objectId->pattern, {arguments[0].sql.trimmed()}),
              arguments[1].sql.trimmed());
+}
+
+// IDENT_SEED, IDENT_INCR and IDENT_CURRENT('t'): NULL for a table without identity or no table.
+QString BuiltinFunctionWriter::TableIdentity(const QString& function,
+                                             const std::vector<CallArgument>& arguments) const {
+    if (arguments.size() != 1) ThrowArgumentCount(function.toLower());
+    const CallArgument& table = arguments.front();
+    if (!table.isText || table.text.contains(u'.') || !m_context.tableColumns)
+        ThrowUnsupported(function + QStringLiteral(" de una expresión o un nombre con esquema"));
+    const TableColumns columns = m_context.tableColumns(table.text);
+    const auto identity = std::find_if(columns.begin(), columns.end(),
+                                       [](const TableColumn& column) { return column.identity; });
+    if (identity == columns.end()) return QStringLiteral("NULL");
+    if (function == u"IDENT_SEED") return QString::number(identity->seed);
+    if (function == u"IDENT_INCR") return QString::number(identity->step);
+    return m_dialect.CurrentIdentity(table.text, *identity);
 }
 
 // STR is a varchar of its length when that is a literal.

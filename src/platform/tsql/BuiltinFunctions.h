@@ -4,8 +4,9 @@
 // UNICODE, CONCAT, QUOTENAME, FORMAT), numbers (LOG, SQUARE, ATN2, DEGREES, RADIANS, RAND,
 // ISNUMERIC), the statistical aggregates (STDEV, STDEVP, VAR, VARP) and the system ones
 // (NEWID, HOST_NAME, APP_NAME, SUSER_SNAME, SUSER_NAME, USER_NAME, COL_LENGTH, DATEFROMPARTS,
-// IIF), each written as its dialect spells it or alike on every engine over the zlx_ functions
-// both engines get.
+// IIF, OBJECT_NAME, IDENT_SEED, IDENT_INCR, IDENT_CURRENT) and SOUNDEX and DIFFERENCE, each
+// written as its dialect spells it or alike on every engine over the zlx_ functions both
+// engines get.
 
 #include "platform/tsql/TranslationContext.h"
 #include "platform/tsql/TsqlDateFunctions.h"
@@ -33,6 +34,8 @@ public:
 private:
     QString SystemValue(const QString& function) const;
     QString ColumnLength(const std::vector<CallArgument>& arguments) const;
+    QString TableIdentity(const QString& function,
+                          const std::vector<CallArgument>& arguments) const;
     // DEGREES and RADIANS keep an integer argument's type, the fraction dropped.
     QString Angle(const QString& sql, const CallArgument& argument) const;
     QString SizedText(const QString& sql, const QString& length) const;

@@ -1,5 +1,7 @@
 #include "platform/tsql/CaseComparisons.h"
 
+#include "platform/tsql/TsqlErrors.h"
+
 namespace zlx::tsql {
 namespace {
 
@@ -31,6 +33,8 @@ void CaseComparisons::Rewrite() {
             RewriteNullIf(i);
         else if (t.IsWord(u"IIF") && m_t.SymbolAt(i + 1, u"("))
             RewriteIif(i);
+        else if (t.IsWord(u"CHOOSE") && m_t.SymbolAt(i + 1, u"("))
+            RewriteChoose(i);
     }
 }
 
@@ -97,6 +101,37 @@ void CaseComparisons::RewriteIif(size_t name) {
     Append(out, Copy(m_t, commas[0] + 1, commas[1]));
     out.push_back(Word(u"ELSE"_qs));
     Append(out, Copy(m_t, commas[1] + 1, close));
+    out.push_back(Word(u"END"_qs));
+    out.push_back(Raw(u")"_qs));
+    m_t.Splice(name, close + 1, out);
+}
+
+// CHOOSE(i, a, b ...): the i-th value, NULL out of range; an index of another number type is
+// taken as the INT it converts to (2.9 chooses the second).
+void CaseComparisons::RewriteChoose(size_t name) {
+    const size_t close = m_t.Close(name + 1);
+    const std::vector<size_t> commas = m_t.Commas(name + 1, close);
+    if (commas.empty())
+        ThrowStatementError(QStringLiteral("The choose function requires 2 to 254 arguments."),
+                            ado::kNativeConcatArguments);
+    Tokens index = Copy(m_t, name + 2, commas.front());
+    const bool whole = index.size() == 1 && index.front().kind == TokenKind::Number &&
+                       !index.front().text.contains(u'.');
+    if (!whole) {
+        Tokens cast{Word(u"CAST"_qs), Raw(u"("_qs)};
+        Append(cast, index);
+        Append(cast, {Word(u"AS"_qs), Word(u"INT"_qs), Raw(u")"_qs)});
+        index = std::move(cast);
+    }
+    Tokens out{Raw(u"("_qs, m_t[name].leading), Word(u"CASE"_qs)};
+    for (size_t k = 0; k < commas.size(); ++k) {
+        out.push_back(Word(u"WHEN"_qs));
+        Append(out, index);
+        out.push_back(Raw(u"="_qs, u" "_qs));
+        out.push_back(Token{TokenKind::Number, QString::number(k + 1), u" "_qs});
+        out.push_back(Word(u"THEN"_qs));
+        Append(out, Copy(m_t, commas[k] + 1, k + 1 < commas.size() ? commas[k + 1] : close));
+    }
     out.push_back(Word(u"END"_qs));
     out.push_back(Raw(u")"_qs));
     m_t.Splice(name, close + 1, out);

@@ -57,6 +57,22 @@ QString EngineDialect::Cast(const QString& value, const QString& tsqlType, bool 
     return QStringLiteral("CAST(%1 AS %2)").arg(value, engineType);
 }
 
+QString EngineDialect::TryConversion(const QString& value, const QString& tsqlType) const {
+    const QString type = tsqlType.simplified().remove(u' ').toUpper();
+    switch (KindOfTsqlType(type)) {
+    case ColumnKind::Integer:
+        return TryInteger(value, IntegerTypeName(type));
+    case ColumnKind::Float:
+        return type == u"FLOAT" ? TryFloat(value) : QString();
+    case ColumnKind::Decimal:
+        if (const auto digits = DecimalType(type))
+            return TryDecimal(value, digits->precision, digits->scale);
+        return {};
+    default:
+        return {};
+    }
+}
+
 // Both engines have the function, made with their other functions.
 QString EngineDialect::NumberText(const QString& value, QChar format, int scale, int length,
                                   const QString& target) const {

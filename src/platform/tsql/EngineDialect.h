@@ -146,6 +146,9 @@ public:
     // CAST(value AS type), type in upper case, truncating to an integer type as SQL Server does
     // (`textLiteral`: value is a text literal, which must hold an integer); empty: not supported.
     QString Cast(const QString& value, const QString& type, bool textLiteral) const;
+    // TRY_CAST and TRY_CONVERT of `value` to an integer type, DECIMAL, NUMERIC or FLOAT: what
+    // CAST answers, NULL where it fails; empty for another type.
+    QString TryConversion(const QString& value, const QString& type) const;
     // CAST(value AS type) of a date `value`: to an integer type its number of days (DateDays);
     // empty for other types, which take a date as any value.
     QString DateCast(const QString& value, const QString& type) const;
@@ -398,6 +401,9 @@ public:
         (void)table, (void)value;
     }
     virtual void IdentitiesRolledBack(bool ended) { (void)ended; }
+    // IDENT_CURRENT: the last value the identity of the engine table `table` handed out, its
+    // seed before the first.
+    virtual QString CurrentIdentity(const QString& table, const TableColumn& identity) const = 0;
     virtual void IdentitiesCommitted() {}
     virtual QString ReindexSql(const QString& table) const = 0;
     // The schema, written "x.", that an index of the T-SQL table must name ("" when the index
@@ -413,6 +419,10 @@ protected:
     explicit EngineDialect(EngineAccess* access) : m_access(access) {}
     EngineAccess& Access() const;
     virtual std::span<const FunctionSpelling> Functions() const = 0;
+    // The conversions of TryConversion: `type` an integer type's lower-case name.
+    virtual QString TryInteger(const QString& value, const QString& type) const = 0;
+    virtual QString TryDecimal(const QString& value, int precision, int scale) const = 0;
+    virtual QString TryFloat(const QString& value) const = 0;
 
 private:
     EngineAccess* m_access;

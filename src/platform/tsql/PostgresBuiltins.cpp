@@ -5,7 +5,9 @@ namespace zlx::tsql {
 // Texts are searched and compared under "C" inside these functions: an argument from a column
 // brings the database's collation, which PostgreSQL's substring searches and regular
 // expressions refuse. A double precision becomes numeric with its 15 significant digits, which
-// round(numeric) rounds half away from zero, as SQL Server rounds.
+// round(numeric) rounds half away from zero, as SQL Server rounds. zlx_soundex and
+// zlx_difference answer as SQL Server's SOUNDEX and DIFFERENCE; the zlx_try_ functions are the
+// conversions of TRY_CAST and TRY_CONVERT, NULL where CAST's fail.
 QString BuiltinFunctionsSql() {
     return QStringLiteral(
         R"sql(IF to_regprocedure('zlx_str(double precision,integer,integer)') IS NULL THEN
@@ -131,6 +133,80 @@ END IF;
 IF to_regprocedure('zlx_stuff(bpchar,bigint,bigint,text)') IS NULL THEN
 CREATE FUNCTION zlx_stuff(s bpchar, st bigint, n bigint, r text) RETURNS bpchar LANGUAGE sql
 IMMUTABLE AS $f$ SELECT CAST(zlx_stuff(textin(bpcharout(s)), st, n, r) AS bpchar) $f$;
+END IF;
+IF to_regprocedure('zlx_difference(text,text)') IS NULL THEN
+CREATE FUNCTION zlx_soundex(s text) RETURNS text LANGUAGE plpgsql IMMUTABLE STRICT AS $f$
+DECLARE
+  u text COLLATE "C" := translate(s, 'abcdefghijklmnopqrstuvwxyz', 'ABCDEFGHIJKLMNOPQRSTUVWXYZ');
+  code text COLLATE "C" := left(u, 1);
+  c integer;
+  d integer;
+  last integer := 0;
+BEGIN
+  FOR i IN 1 .. greatest(char_length(u), 1) LOOP
+    EXIT WHEN char_length(code) = 4;
+    c := coalesce(ascii(substr(u, i, 1)), 0);
+    IF (i = 1 AND (c < 65 OR c > 90)) OR c > 127 THEN
+      RAISE EXCEPTION 'Construcción T-SQL no soportada: SOUNDEX de un texto que no es de letras ASCII';
+    END IF;
+    EXIT WHEN c < 65 OR c > 90;
+    d := CASE WHEN c IN (72, 87) THEN -1
+         ELSE CAST(substr('01230120022455012623010202', c - 64, 1) AS integer) END;
+    CONTINUE WHEN d < 0;
+    IF i > 1 AND d > 0 AND d <> last THEN code := code || CAST(d AS text); END IF;
+    last := d;
+  END LOOP;
+  RETURN rpad(code, 4, '0');
+END $f$;
+CREATE FUNCTION zlx_difference(a text, b text) RETURNS integer LANGUAGE plpgsql IMMUTABLE STRICT
+AS $f$
+DECLARE
+  x text COLLATE "C" := zlx_soundex(a);
+  y text COLLATE "C" := zlx_soundex(b);
+  level integer := CASE WHEN left(x, 1) = left(y, 1) THEN 1 ELSE 0 END;
+  pos integer := 2;
+  found integer;
+BEGIN
+  IF x = y THEN RETURN 4; END IF;
+  FOR i IN 2 .. 4 LOOP
+    found := strpos(substr(x, pos), substr(y, i, 1));
+    IF found > 0 THEN level := level + 1; pos := pos + found - 1; END IF;
+  END LOOP;
+  RETURN level;
+END $f$;
+END IF;
+IF to_regprocedure('zlx_try_float(text)') IS NULL THEN
+CREATE FUNCTION zlx_try_trunc(v text, type text) RETURNS numeric LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$ BEGIN RETURN zlx_trunc(v, type);
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_trunc(v numeric, type text) RETURNS numeric LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$ BEGIN RETURN zlx_trunc(v, type);
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_trunc(v double precision, type text) RETURNS numeric LANGUAGE plpgsql
+IMMUTABLE STRICT AS $f$ BEGIN RETURN zlx_trunc(v, type);
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_trunc(v integer, type text) RETURNS numeric LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$ BEGIN RETURN zlx_trunc(v, type);
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_trunc(v bigint, type text) RETURNS numeric LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$ BEGIN RETURN zlx_trunc(v, type);
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_numeric(v text, p integer, s integer) RETURNS numeric LANGUAGE plpgsql
+IMMUTABLE STRICT AS $f$ DECLARE r numeric; BEGIN
+EXECUTE format('SELECT CAST($1 AS numeric(%s, %s))', p, s) INTO r USING v; RETURN r;
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_numeric(v numeric, p integer, s integer) RETURNS numeric
+LANGUAGE plpgsql IMMUTABLE STRICT AS $f$ DECLARE r numeric; BEGIN
+EXECUTE format('SELECT CAST($1 AS numeric(%s, %s))', p, s) INTO r USING v; RETURN r;
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_numeric(v double precision, p integer, s integer) RETURNS numeric
+LANGUAGE plpgsql IMMUTABLE STRICT AS $f$ DECLARE r numeric; BEGIN
+EXECUTE format('SELECT CAST($1 AS numeric(%s, %s))', p, s) INTO r USING v; RETURN r;
+EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_float(v text) RETURNS double precision LANGUAGE plpgsql IMMUTABLE STRICT
+AS $f$ BEGIN RETURN zlx_float(v); EXCEPTION WHEN data_exception THEN RETURN NULL; END $f$;
+CREATE FUNCTION zlx_try_float(v double precision) RETURNS double precision LANGUAGE sql
+IMMUTABLE AS $f$ SELECT v $f$;
 END IF;)sql");
 }
 

@@ -9,7 +9,8 @@ namespace zlx::tsql {
 // The PL/pgSQL that makes zlx_log, zlx_str, zlx_number, zlx_replicate, zlx_stuff (of a bpchar
 // value too, keeping its trailing blanks), zlx_patindex,
 // zlx_charindex, zlx_ascii and zlx_char (code page 1252), zlx_nchar, zlx_unicode,
-// zlx_isnumeric, zlx_quotename, zlx_datefromparts and zlx_zeropad: each answers NULL
+// zlx_isnumeric, zlx_quotename, zlx_datefromparts, zlx_zeropad, zlx_soundex and
+// zlx_difference: each answers NULL
 // for a NULL argument where SQL Server does and fails with SQL Server's text.
 QString BuiltinFunctionsSql();
 

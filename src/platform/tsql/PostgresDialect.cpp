@@ -154,6 +154,24 @@ QString PostgresDialect::IntegerCast(const QString& value, const QString& type) 
         .arg(value, IntegerTypeName(type), CastType(type));
 }
 
+// zlx_try_trunc, zlx_try_numeric and zlx_try_float catch the failures of the conversions CAST
+// makes (zlx_trunc, the numeric cast, zlx_float) and answer NULL.
+QString PostgresDialect::TryInteger(const QString& value, const QString& type) const {
+    return QStringLiteral("CAST(zlx_try_trunc(%1, '%2') AS %3)")
+        .arg(value, type, CastType(type.toUpper()));
+}
+
+QString PostgresDialect::TryDecimal(const QString& value, int precision, int scale) const {
+    return QStringLiteral("CAST(zlx_try_numeric(%1, %2, %3) AS numeric(%2, %3))")
+        .arg(value)
+        .arg(precision)
+        .arg(scale);
+}
+
+QString PostgresDialect::TryFloat(const QString& value) const {
+    return QStringLiteral("zlx_try_float(%1)").arg(value);
+}
+
 // PostgreSQL's smallint arithmetic fails with an error of its own (220 as a stored value's), and
 // TINYINT is a smallint: both are computed as integers and held to their type by zlx_int_result.
 bool PostgresDialect::ChecksIntegerArithmetic(const QString& type) const {
@@ -623,6 +641,13 @@ bool PostgresDialect::IdentityTaken(const QString& table, const QString& column)
                        "regclass)) IS NOT NULL")
             .arg(SqlString(table), SqlString(column)));
     return !rows.empty() && rows[0][0].ToBool();
+}
+
+QString PostgresDialect::CurrentIdentity(const QString& table, const TableColumn& identity) const {
+    return QStringLiteral("COALESCE(pg_sequence_last_value(CAST(pg_get_serial_sequence(%1, %2) AS "
+                          "regclass)), %3)")
+        .arg(SqlString(table), SqlString(identity.name))
+        .arg(identity.seed);
 }
 
 QString PostgresDialect::ReindexSql(const QString& table) const {

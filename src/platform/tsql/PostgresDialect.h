@@ -90,6 +90,7 @@ public:
     TableColumns ColumnsOf(const QString& table) override;
     void SetIdentity(const QString& table, const QString& column, std::int64_t value) override;
     bool IdentityTaken(const QString& table, const QString& column) override;
+    QString CurrentIdentity(const QString& table, const TableColumn& identity) const override;
     void RaiseIdentity(const QString& table, const QString& column) override;
     QString ReindexSql(const QString& table) const override;
     ado::ErrorRecord MapRecord(const ado::ErrorRecord& record) const override;
@@ -97,6 +98,9 @@ public:
 protected:
     std::span<const FunctionSpelling> Functions() const override;
     std::span<const FunctionSpelling> BuiltinSpellings() const override;
+    QString TryInteger(const QString& value, const QString& type) const override;
+    QString TryDecimal(const QString& value, int precision, int scale) const override;
+    QString TryFloat(const QString& value) const override;
 
 private:
     KeyConstraints m_keyConstraints; // by constraint name

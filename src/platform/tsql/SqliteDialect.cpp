@@ -27,6 +27,7 @@ constexpr FunctionSpelling kFunctions[] = {
     {"GETDATE", 0, false, "datetime('now', 'localtime')"},
     {"GETUTCDATE", 0, false, "datetime('now')"},
     {"SQRT", 1, true, "zlx_sqrt(%1)"},
+    {"POWER", 2, true, "zlx_power(%1, %2)"},
     {"SYSDATETIME", 0, true, "strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime')"},
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
     {"RIGHT", 2, true, "zlx_right(%1, %2)"},
@@ -246,6 +247,19 @@ QString SqliteDialect::PaddedText(const QString& value, int length) const {
 // SQLite's CAST reads "doce" as 0 and "12.5" as 12, and its integers go on to 64 bits.
 QString SqliteDialect::IntegerCast(const QString& value, const QString& type) const {
     return QStringLiteral("zlx_integer(%1, '%2')").arg(value, IntegerTypeName(type));
+}
+
+// zlx_integer, zlx_decimal and zlx_float registered again to answer NULL where they fail.
+QString SqliteDialect::TryInteger(const QString& value, const QString& type) const {
+    return QStringLiteral("zlx_try_integer(%1, '%2')").arg(value, type);
+}
+
+QString SqliteDialect::TryDecimal(const QString& value, int precision, int scale) const {
+    return QStringLiteral("zlx_try_decimal(%1, %2, %3)").arg(value).arg(precision).arg(scale);
+}
+
+QString SqliteDialect::TryFloat(const QString& value) const {
+    return QStringLiteral("zlx_try_float(%1)").arg(value);
 }
 
 // SQLite would divide the reals that MONEY values are kept as.
@@ -799,6 +813,16 @@ bool SqliteDialect::IdentityTaken(const QString& table, const QString& column) {
     for (const TableColumn& found : ColumnsOf(table))
         if (found.name.compare(column, Qt::CaseInsensitive) == 0) start = found.seed - found.step;
     return SqliteIdentities::Taken(Access(), IdentityTable(table), start);
+}
+
+// The counter stands a step before the seed until the first value is handed out.
+QString SqliteDialect::CurrentIdentity(const QString& table, const TableColumn& identity) const {
+    const auto [schema, bare] = SchemaAndCatalogName(table);
+    return QStringLiteral("COALESCE((SELECT NULLIF(seq, %1) FROM %2.sqlite_sequence WHERE name = "
+                          "%3 COLLATE NOCASE), %4)")
+        .arg(identity.seed - identity.step)
+        .arg(schema, SqlString(bare))
+        .arg(identity.seed);
 }
 
 void SqliteDialect::RaiseIdentity(const QString& table, const QString& column) {

@@ -99,6 +99,7 @@ public:
     TableColumns ColumnsOf(const QString& table) override;
     void SetIdentity(const QString& table, const QString& column, std::int64_t value) override;
     bool IdentityTaken(const QString& table, const QString& column) override;
+    QString CurrentIdentity(const QString& table, const TableColumn& identity) const override;
     void RaiseIdentity(const QString& table, const QString& column) override;
     QString InsertReturningIdentity(const QString& insert, const QString& column) const override;
     void NoteIdentityTaken(const QString& table, std::int64_t value) override;
@@ -110,6 +111,9 @@ public:
 protected:
     std::span<const FunctionSpelling> Functions() const override;
     std::span<const FunctionSpelling> BuiltinSpellings() const override;
+    QString TryInteger(const QString& value, const QString& type) const override;
+    QString TryDecimal(const QString& value, int precision, int scale) const override;
+    QString TryFloat(const QString& value) const override;
 
 private:
     // Whether `schema` is the main file, temp or an attached database (another name holds no

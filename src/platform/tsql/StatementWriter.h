@@ -160,6 +160,7 @@ private:
 
     // CAST(x AS type); CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME) is the date of x at midnight.
     size_t EmitCast(size_t cast, size_t close, QString& out);
+    size_t EmitTryConversion(size_t name, size_t close, QString& out);
     // RAND([seed]): the session's next value, written as a FLOAT literal.
     size_t EmitRandom(size_t name, size_t close, QString& out);
     // STRING_AGG(value, separator) [WITHIN GROUP (ORDER BY ...)].

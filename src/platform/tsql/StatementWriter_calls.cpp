@@ -83,6 +83,7 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
         return close + 1;
     }
     if (t.IsWord(u"CAST")) return EmitCast(i, close, out);
+    if (t.IsWord(u"TRY_CAST") || t.IsWord(u"TRY_CONVERT")) return EmitTryConversion(i, close, out);
     if (t.IsWord(u"LEN")) {
         out += lead + QStringLiteral("length(rtrim(%1))").arg(arg(0));
         return close + 1;
@@ -295,6 +296,40 @@ size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
     const QString sql = m_dialect.Cast(Range(cast + 2, as).trimmed(), type, textLiteral);
     if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CAST AS ") + type);
     out += lead + sql;
+    return close + 1;
+}
+
+// TRY_CAST(x AS type) and TRY_CONVERT(type, x[, style]) to a number type: CAST's answer, NULL
+// where it fails (a style changes nothing for numbers). A DATE, TIME or DATETIME2 may not become
+// a number (529); other conversions are refused.
+size_t StatementWriter::EmitTryConversion(size_t name, size_t close, QString& out) {
+    const QString function = m_t[name].text.toUpper();
+    const bool cast = function == u"TRY_CAST";
+    const std::vector<size_t> commas = m_t.Commas(name + 1, close);
+    const size_t as = std::min(m_t.DepthZeroWord(name + 2, u"AS"), close);
+    if (cast ? as == close : commas.empty() || commas.size() > 2)
+        ThrowStatementError(QStringLiteral("Incorrect syntax near '%1'.").arg(m_t[name].text),
+                            ado::kNativeSyntax);
+    const size_t first = cast ? name + 2 : commas.front() + 1;
+    const size_t end = cast ? as : commas.size() == 2 ? commas.back() : close;
+    const QString type = TokensToSql(Tokens(m_t.begin() + (cast ? as + 1 : name + 2),
+                                            m_t.begin() + (cast ? close : commas.front())))
+                             .simplified()
+                             .toUpper();
+    const QString sql = m_dialect.TryConversion(Range(first, end).trimmed(), type);
+    if (!sql.isEmpty() && IsDateOperand(first, end)) {
+        const auto date =
+            DateOperands(m_t, m_context, m_stored, m_columns).DeclaredType(first, end);
+        if (!date || date->kind == ado::DateTypeKind::DateTime ||
+            date->kind == ado::DateTypeKind::SmallDateTime)
+            ThrowUnsupported(function + QStringLiteral(" de una fecha"));
+        ThrowStatementError(
+            QStringLiteral("Explicit conversion from data type %1 to %2 is not allowed.")
+                .arg(date->Name().toLower(), type.section(u'(', 0, 0).toLower()),
+            529);
+    }
+    if (sql.isEmpty()) ThrowUnsupported(function + QStringLiteral(" AS ") + type);
+    out += m_t[name].leading + sql;
     return close + 1;
 }
 

@@ -1,6 +1,7 @@
 #include "platform/tsql/TsqlTranslator.h"
 
 #include "platform/tsql/CaseComparisons.h"
+#include "platform/tsql/ConditionPlacement.h"
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/DistinctTexts.h"
 #include "platform/tsql/LargeTextRefusals.h"
@@ -75,6 +76,7 @@ TsqlTranslator::TsqlTranslator(TranslationContext context) : m_context(std::move
 Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StatementTokens tokens(statement);
     UnsupportedClauses(tokens, DialectOf(m_context)).Check();
+    ConditionPlacement(tokens).Check();
     Translation translation;
     TableDefinitionRewriter definitions(tokens, m_context);
     translation.identityStart = definitions.Rewrite();

@@ -120,3 +120,46 @@ TEST_P(BuiltinFunctionsTest, CharAndNcharStayTypesWhereATypeIsDue) {
                                    "COL_LENGTH('k', 'd') FROM k")),
               "3|[A  ]|[B ]|66|7|4");
 }
+
+// TRY_CAST and TRY_CONVERT answer only the conversions to numbers they can make as SQL Server
+// does; IDENT_SEED, IDENT_INCR and IDENT_CURRENT only of a table named by a literal.
+TEST_P(BuiltinFunctionsTest, TryConversionsAndIdentitiesRefuseWhatTheyCannotAnswer) {
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT TRY_CAST('2024-03-15' AS DATE)"))
+                    .contains(u"TRY_CAST AS DATE"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT TRY_CONVERT(DATETIME, '15/03/2024', 103)"))
+                    .contains(u"TRY_CONVERT AS DATETIME"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT TRY_CAST(1.5 AS MONEY)")).contains(u"MONEY"));
+    EXPECT_TRUE(
+        Refusal(QStringLiteral("SELECT TRY_CAST(GETDATE() AS INT)")).contains(u"de una fecha"));
+    Exec(QStringLiteral("CREATE TABLE ident_t (id INT IDENTITY(10, 2), n INT)"));
+    EXPECT_TRUE(
+        Refusal(QStringLiteral("SELECT IDENT_SEED('dbo.ident_t')")).contains(u"IDENT_SEED"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT IDENT_CURRENT(CONCAT('ident', '_t'))"))
+                    .contains(u"IDENT_CURRENT"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT IDENT_SEED('ident_t') * 100 + IDENT_INCR('ident_t')")),
+              "1002");
+}
+
+// The failures of a TRY_ conversion are NULL; the operand's own errors are not.
+TEST_P(BuiltinFunctionsTest, TryConversionsKeepTheOperandsOwnErrors) {
+    EXPECT_EQ(Outcome(QStringLiteral("SELECT TRY_CAST(1 / 0 AS INT)")),
+              QStringList{QStringLiteral("error 8134")});
+    EXPECT_EQ(Value(QStringLiteral("SELECT ISNULL(TRY_CAST('x' + 'y' AS BIGINT), -1)")), "-1");
+}
+
+// SOUNDEX codes only texts of English letters alike on every engine; others are refused by name
+// when the statement runs, DIFFERENCE's too.
+TEST_P(BuiltinFunctionsTest, SoundexRefusesTextsOfOtherCharacters) {
+    for (const char* sql : {"SELECT SOUNDEX('Muñoz')", "SELECT SOUNDEX('')",
+                            "SELECT SOUNDEX(' Smith')", "SELECT DIFFERENCE('Smith', '1abc')"}) {
+        try {
+            Exec(QString::fromUtf8(sql));
+            ADD_FAILURE() << sql;
+        } catch (const ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14)) << sql;
+            EXPECT_TRUE(error.Description().contains(u"no soportada: SOUNDEX")) << sql;
+        }
+    }
+    EXPECT_EQ(Value(QStringLiteral("SELECT SOUNDEX('smith jones'), SOUNDEX('Lloyd-Ñ')")),
+              "S530|L300");
+}

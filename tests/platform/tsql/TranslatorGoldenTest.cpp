@@ -303,3 +303,52 @@ TEST(TsqlTranslator, TextsWrittenAsDatesAreDatesOnlyWhereADateMeetsThem) {
                        "COLLATE NOCASE CONSTRAINT \"zlx_8152_s\" CHECK (length(rtrim(s)) <= 8) "
                        "DEFAULT '17530101')"));
 }
+
+// A condition written where a value goes is SQL Server's syntax error, near its operator (102)
+// or keyword (156); conditions where conditions go, and name = value in a list, translate.
+TEST(TsqlTranslator, ConditionsWrittenAsValuesAreSyntaxErrors) {
+    const struct {
+        const char* sql;
+        std::int32_t native;
+        const char* near;
+    } misplaced[] = {
+        {"SELECT a < b FROM t", 102, "'<'"},
+        {"SELECT 1 = 1", 102, "'='"},
+        {"SELECT t.a = 1 + 2 = 3 FROM t", 102, "'='"},
+        {"SELECT id, a <> b AS distinto FROM t", 102, "'<>'"},
+        {"SELECT x IS NULL FROM t", 156, "'IS'"},
+        {"SELECT NOT x FROM t", 156, "'NOT'"},
+        {"SELECT x BETWEEN 1 AND 2 FROM t", 156, "'BETWEEN'"},
+        {"SELECT COALESCE(a >= b, 0) FROM t", 102, "'>='"},
+        {"SELECT CASE WHEN a > 0 THEN b = 1 END FROM t", 102, "'='"},
+        {"SELECT IIF(a > 0, b < 1, 0) FROM t", 102, "'<'"},
+        {"SET @v = a > b", 102, "'>'"},
+        {"SELECT @v = x LIKE 'a%' FROM t", 156, "'LIKE'"},
+        {"INSERT INTO t (a) VALUES (1 != 2)", 102, "'!='"},
+        {"UPDATE t SET a = b < c WHERE id = 1", 102, "'<'"},
+        {"SELECT id FROM t WHERE a IN (SELECT b > 1 FROM u)", 102, "'>'"},
+    };
+    for (const auto& [sql, native, near] : misplaced) {
+        const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
+        try {
+            TsqlTranslator(Context(Target::PostgreSQL)).Translate(statement.front());
+            ADD_FAILURE() << sql;
+        } catch (const zlx::ado::AdoError& error) {
+            EXPECT_EQ(error.Records().front().nativeError, native) << sql;
+            EXPECT_TRUE(error.Description().contains(QString::fromUtf8(near))) << sql;
+        }
+    }
+    for (const char* sql :
+         {"SELECT CASE WHEN a < b THEN 1 ELSE 0 END, IIF(a = b, 'x', 'y') FROM t WHERE NOT a > b",
+          "SELECT total = a + b, 'nombre' = c, t.d = 1 FROM t",
+          "SELECT TOP (5) WITH TIES a FROM t ORDER BY CASE WHEN a IS NULL THEN 1 END",
+          "SELECT (SELECT COUNT(*) FROM u WHERE u.a >= t.a) FROM t JOIN v ON (t.a = v.a)",
+          "UPDATE t SET a = a + 1, t.b = 2 FROM t JOIN u ON u.id = t.id WHERE u.c LIKE 'x%'",
+          "SELECT CASE WHEN EXISTS (SELECT 1 FROM t WHERE a <> 0) THEN 1 END",
+          "SELECT id FROM t GROUP BY id HAVING COUNT(*) > 1",
+          "CREATE TABLE t (a INT CHECK (a > 0))"}) {
+        const auto statement = SplitBatch(Tokenize(QString::fromUtf8(sql)));
+        EXPECT_NO_THROW(TsqlTranslator(Context(Target::SQLite)).Translate(statement.front()))
+            << sql;
+    }
+}
