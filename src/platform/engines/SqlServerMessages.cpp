@@ -79,6 +79,8 @@ constexpr Message kMessages[] = {
      "La subconsulta ha devuelto más de un valor, lo que no es correcto cuando va a continuación "
      "de "
      "=, !=, <, <= , >, >= o cuando se utiliza como expresión."},
+    {529, "Explicit conversion from data type %1 to %2 is not allowed.",
+     "No se permite la conversión explícita del tipo de datos %1 a %2."},
     {530,
      "The statement terminated. The maximum recursion %1 has been exhausted before statement "
      "completion.",
@@ -183,9 +185,13 @@ constexpr Message kMessages[] = {
      "Error de desbordamiento aritmético al convertir %1 al tipo de datos %2."},
     {8116, "Argument data type %1 is invalid for argument %2 of %3 function.",
      "El tipo de datos %1 del argumento no es válido para el argumento %2 de la función %3."},
+    {8117, "Operand data type %1 is invalid for %2 operator.",
+     "El tipo de datos %1 del operando no es válido para el operador %2."},
     {8134, "Divide by zero error encountered.", "Error de división entre cero."},
     {8152, "String or binary data would be truncated.",
      "Los datos de cadena o binarios se truncarían."},
+    {9810, "The datepart %1 is not supported by date function %2 for data type %3.",
+     "La función de fecha %2 no admite la parte de fecha %1 para el tipo de datos %3."},
     {10741, "A TOP cannot be used in the same query or sub-query as an OFFSET.",
      "No se puede usar TOP en la misma consulta o subconsulta que OFFSET."},
     {10742, "The offset specified in an OFFSET clause may not be negative.",
