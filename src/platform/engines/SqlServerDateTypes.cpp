@@ -108,10 +108,11 @@ DateReading FitToType(const DateReading& moment, DateType type) {
     }
 }
 
-DateReading ReadAsType(const QString& text, DateOrder order, DateType type) {
+DateReading ReadAsType(const QString& text, DateOrder order, DateType type, MonthNames names) {
     const bool wide =
         type.kind != DateTypeKind::DateTime && type.kind != DateTypeKind::SmallDateTime;
-    const DateReading reading = wide ? ReadWideDate(text, order) : ReadDate(text, order);
+    const DateReading reading =
+        wide ? ReadWideDate(text, order, names) : ReadDate(text, order, names);
     // An impossible date is no date for these types (241), where DATETIME says out of range.
     if (reading.error) return {{}, wide ? kNativeDateConversion : reading.error};
     return FitToType(reading, type);

@@ -34,7 +34,8 @@ struct DateType {
 DateReading FitToType(const DateReading& moment, DateType type);
 
 // A text read as `type` reads it (under `order`) and fitted to it.
-DateReading ReadAsType(const QString& text, DateOrder order, DateType type);
+DateReading ReadAsType(const QString& text, DateOrder order, DateType type,
+                       MonthNames names = MonthNames::None);
 
 // The text the embedded engine stores a value of `type` as: 'hh:mm:ss[.fff]' for a TIME,
 // IsoDateText for the others (a DATE at midnight, so that it compares with DATETIME values); a

@@ -199,9 +199,40 @@ DateOrder DateOrderNamed(const QString& name) {
 
 namespace {
 
+// The month (1-12) that `word` names in the language, full or short, in any case; 0: none.
+int NamedMonth(const QString& word, MonthNames names) {
+    if (names == MonthNames::None) return 0;
+    const bool spanish = names == MonthNames::Spanish;
+    for (int month = 1; month <= 12; ++month) {
+        if (word.compare(MonthName(month, spanish), Qt::CaseInsensitive) == 0 ||
+            word.compare(ShortMonthName(month, spanish), Qt::CaseInsensitive) == 0)
+            return month;
+    }
+    return 0;
+}
+
+// A date written with its month's name, 'Mar 15 2024', 'Mar 15, 2024' or '15 Mar 2024' (a two-
+// digit year too), then a time or not; nullopt when the text is not written so.
+std::optional<std::variant<Fields, int>> NamedMonthFields(const QString& text, MonthNames names) {
+    static const QRegularExpression named(QStringLiteral(
+        R"(^(?:(\p{L}+)\s+(\d{1,2}),?|(\d{1,2})\s+(\p{L}+),?)\s+(\d{4}|\d{2})(?:\s+(.+))?$)"));
+    const auto match = named.match(text.simplified());
+    if (!match.hasMatch()) return std::nullopt;
+    const bool monthFirst = match.capturedLength(1) > 0;
+    Fields fields;
+    fields.month = NamedMonth(match.captured(monthFirst ? 1 : 4), names);
+    if (fields.month == 0) return std::nullopt;
+    fields.day = match.captured(monthFirst ? 2 : 3).toInt();
+    fields.year = FullYear(match.captured(5));
+    if (match.capturedLength(6) > 0 && !ReadTime(match.captured(6), fields))
+        return kNativeDateConversion;
+    return fields;
+}
+
 // The fields of a text date read in `order`, or the error that reading it raises.
-std::variant<Fields, int> ReadFields(const QString& input, DateOrder order) {
+std::variant<Fields, int> ReadFields(const QString& input, DateOrder order, MonthNames names) {
     const QString text = input.trimmed();
+    if (const auto named = NamedMonthFields(text, names)) return *named;
     static const QRegularExpression iso(QStringLiteral(
         R"(^(\d{4})-(\d{1,2})-(\d{1,2})T(\d{1,2}:\d{1,2}(?::\d{1,2}(?:\.\d{1,7})?)?)$)"));
     Fields fields;
@@ -226,19 +257,26 @@ std::variant<Fields, int> ReadFields(const QString& input, DateOrder order) {
 
 } // namespace
 
-DateReading ReadDate(const QString& input, DateOrder order) {
-    const auto fields = ReadFields(input, order);
+DateReading ReadDate(const QString& input, DateOrder order, MonthNames names) {
+    const auto fields = ReadFields(input, order, names);
     if (const int* error = std::get_if<int>(&fields)) return {{}, *error};
     return Reading(std::get<Fields>(fields));
 }
 
-DateReading ReadWideDate(const QString& input, DateOrder order) {
+DateReading ReadWideDate(const QString& input, DateOrder order, MonthNames names) {
     // A year written first is followed by the month: these types know no ydm order.
     static const QRegularExpression yearFirst(QStringLiteral(R"(^\s*\d{3,4}[/.-])"));
-    const auto fields =
-        ReadFields(input, yearFirst.match(input).hasMatch() ? DateOrder::YearMonthDay : order);
+    const auto fields = ReadFields(
+        input, yearFirst.match(input).hasMatch() ? DateOrder::YearMonthDay : order, names);
     if (const int* error = std::get_if<int>(&fields)) return {{}, *error};
     return WideReading(std::get<Fields>(fields));
+}
+
+std::optional<DateReading> ReadNamedMonthDate(const QString& text, MonthNames names) {
+    const auto fields = NamedMonthFields(text.trimmed(), names);
+    if (!fields) return std::nullopt;
+    if (const int* error = std::get_if<int>(&*fields)) return DateReading{{}, *error};
+    return Reading(std::get<Fields>(*fields));
 }
 
 std::optional<DateOrder> StyleOrder(int style) {
@@ -308,13 +346,57 @@ QString StyleFormat(int style) {
         {21, "yyyy-MM-dd HH:mm:ss.zzz"},
         {121, "yyyy-MM-dd HH:mm:ss.zzz"},
         {23, "yyyy-MM-dd"},
+        {0, "MMM _d yyyy _h:mmAP"},
+        {100, "MMM _d yyyy _h:mmAP"},
+        {6, "dd MMM yy"},
+        {106, "dd MMM yyyy"},
+        {7, "MMM dd, yy"},
+        {107, "MMM dd, yyyy"},
+        {9, "MMM _d yyyy _h:mm:ss:zzzAP"},
+        {109, "MMM _d yyyy _h:mm:ss:zzzAP"},
+        {13, "dd MMM yyyy HH:mm:ss:zzz"},
+        {113, "dd MMM yyyy HH:mm:ss:zzz"},
+        {14, "HH:mm:ss:zzz"},
+        {114, "HH:mm:ss:zzz"},
+        {kTimeOfDayStyle, "HH:mm:ss.zzz"},
     };
     const auto found = formats.find(style);
     return found == formats.end() ? QString() : QString::fromLatin1(found->second);
 }
 
-QString StyleText(const DateReading& moment, int style, int digits) {
-    QString format = StyleFormat(style);
+bool StyleNamesMonth(int style) {
+    return StyleFormat(style).contains(u"MMM");
+}
+
+bool StyleHasColonMilliseconds(int style) {
+    return StyleFormat(style).contains(u":zzz");
+}
+
+namespace {
+
+// A field of text quoted in a Qt format.
+QString Quoted(const QString& text) {
+    return u'\'' + text + u'\'';
+}
+
+// `format` with the fields Qt does not write (month names, fields aligned with a blank, AM or PM)
+// written for `value` as quoted text.
+QString NamedFieldsWritten(QString format, const QDateTime& value, bool spanish) {
+    const int hour = value.time().hour();
+    return format
+        .replace(QStringLiteral("MMM"), Quoted(ShortMonthName(value.date().month(), spanish)))
+        .replace(QStringLiteral("_d"),
+                 Quoted(QString::number(value.date().day()).rightJustified(2)))
+        .replace(QStringLiteral("_h"),
+                 Quoted(QString::number((hour + 11) % 12 + 1).rightJustified(2)))
+        .replace(QStringLiteral("AP"),
+                 Quoted(hour < 12 ? QStringLiteral("AM") : QStringLiteral("PM")));
+}
+
+} // namespace
+
+QString StyleText(const DateReading& moment, int style, int digits, bool spanish) {
+    QString format = NamedFieldsWritten(StyleFormat(style), moment.value, spanish);
     if (format.isEmpty() || digits == 3 || !format.endsWith(u".zzz"))
         return moment.value.toString(format);
     format.chop(4);
@@ -427,6 +509,19 @@ QString MonthName(int month, bool spanish) {
         QStringLiteral("April"),   QStringLiteral("May"),      QStringLiteral("June"),
         QStringLiteral("July"),    QStringLiteral("August"),   QStringLiteral("September"),
         QStringLiteral("October"), QStringLiteral("November"), QStringLiteral("December")};
+    return (spanish ? spanishNames : englishNames).value(month - 1);
+}
+
+// As SQL Server's languages write them in dates (sys.syslanguages' shortmonths).
+QString ShortMonthName(int month, bool spanish) {
+    static const QStringList spanishNames = {
+        QStringLiteral("Ene"), QStringLiteral("Feb"), QStringLiteral("Mar"), QStringLiteral("Abr"),
+        QStringLiteral("May"), QStringLiteral("Jun"), QStringLiteral("Jul"), QStringLiteral("Ago"),
+        QStringLiteral("Sep"), QStringLiteral("Oct"), QStringLiteral("Nov"), QStringLiteral("Dic")};
+    static const QStringList englishNames = {
+        QStringLiteral("Jan"), QStringLiteral("Feb"), QStringLiteral("Mar"), QStringLiteral("Apr"),
+        QStringLiteral("May"), QStringLiteral("Jun"), QStringLiteral("Jul"), QStringLiteral("Aug"),
+        QStringLiteral("Sep"), QStringLiteral("Oct"), QStringLiteral("Nov"), QStringLiteral("Dec")};
     return (spanish ? spanishNames : englishNames).value(month - 1);
 }
 

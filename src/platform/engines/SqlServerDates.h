@@ -46,11 +46,18 @@ struct DateReading {
     int ticks = 0; // 0-9999
 };
 
-DateReading ReadDate(const QString& text, DateOrder order);
+// The month names a text date may be written with ('Mar 15 2024', '15 marzo 2024 10:00'): the
+// session language's full and short names, whatever DATEFORMAT says; None: numbers only.
+enum class MonthNames { None, English, Spanish };
+
+DateReading ReadDate(const QString& text, DateOrder order, MonthNames names = MonthNames::None);
 // A text read as DATE, TIME, DATETIME2 and SMALLDATETIME read it: from year 1, up to seven
 // digits of a second (the value and its ticks), a text that starts with its year read year,
 // month, day whatever `order` says; the value is not rounded.
-DateReading ReadWideDate(const QString& text, DateOrder order);
+DateReading ReadWideDate(const QString& text, DateOrder order, MonthNames names = MonthNames::None);
+// A text written with its month's name read as a DATETIME (ReadDate); nullopt for a text that is
+// not written so.
+std::optional<DateReading> ReadNamedMonthDate(const QString& text, MonthNames names);
 // The order a CONVERT style reads; nullopt for a style that has no date order.
 std::optional<DateOrder> StyleOrder(int style);
 // The message of a failed reading, as SQL Server words it.
@@ -62,11 +69,21 @@ QDateTime RoundedToDatetime(const QDateTime& value);
 
 // 'yyyy-mm-dd hh:mm:ss', with '.mmm' when the milliseconds are not zero.
 QString IsoDateText(const QDateTime& value);
-// The Qt format of a CONVERT style (103: "dd/MM/yyyy"); empty for an unknown style.
+// The text a TIME(n) is written as by CAST to a text type, 'hh:mi:ss.nnnnnnn': a style of the
+// layer's own, which no CONVERT takes.
+constexpr int kTimeOfDayStyle = -1;
+// The Qt format of a CONVERT style (103: "dd/MM/yyyy"), besides Qt's fields: MMM the month's short
+// name in the session language, _d the day and _h the hour of twelve each right-aligned in two
+// places with a blank, AP AM or PM. Empty for an unknown style.
 QString StyleFormat(int style);
+// Whether a style writes the month's name (0, 100, 6, 106, 7, 107, 9, 109, 13, 113).
+bool StyleNamesMonth(int style);
+// Whether a style writes milliseconds after a colon (9, 109, 13, 113, 14, 114), three digits.
+bool StyleHasColonMilliseconds(int style);
 // `moment` written in a CONVERT style, its fraction of a second (styles 21 and 121) to `digits`
-// digits: DATETIME's three, DATETIME2(n)'s n. Empty for an unknown style.
-QString StyleText(const DateReading& moment, int style, int digits);
+// digits: DATETIME's three, DATETIME2(n)'s n; month names in Spanish or English. Empty for an
+// unknown style.
+QString StyleText(const DateReading& moment, int style, int digits, bool spanish);
 
 // DATEPART: `dateFirst` is SET DATEFIRST (1 Monday ... 7 Sunday); microseconds and nanoseconds
 // count the moment's ticks too.
@@ -81,6 +98,8 @@ qint64 DateDiff(DateUnit unit, const QDateTime& from, const QDateTime& to);
 
 // The Spanish or English name of a month (1-12) or of a weekday (1 Monday ... 7 Sunday).
 QString MonthName(int month, bool spanish);
+// The month's short name as the session language writes it in dates ("Ene", "Jan").
+QString ShortMonthName(int month, bool spanish);
 QString WeekdayName(int isoWeekday, bool spanish);
 
 } // namespace zlx::ado

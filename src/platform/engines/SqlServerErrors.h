@@ -26,6 +26,7 @@ constexpr std::int32_t kNativeDateConstruction = 289;  // DATEFROMPARTS of no da
 constexpr std::int32_t kNativeTextOverflowInt = 248;   // a text past INT
 constexpr std::int32_t kNativeSubqueryRows = 512;      // a scalar subquery with several rows
 constexpr std::int32_t kNativeNullNotAllowed = 515;
+constexpr std::int32_t kNativeExplicitConversion = 529; // CAST of a DATE to FLOAT
 constexpr std::int32_t kNativeMaxRecursion = 530; // a common table expression past MAXRECURSION
 constexpr std::int32_t kNativeInvalidLength = 536;          // RIGHT of a negative length
 constexpr std::int32_t kNativeInvalidSubstringLength = 537; // LEFT or SUBSTRING of one
@@ -53,8 +54,10 @@ constexpr std::int32_t kNativeNullableKeyColumn = 8111; // PRIMARY KEY over a nu
 constexpr std::int32_t kNativeNumericConversion = 8114;
 constexpr std::int32_t kNativeArithmeticOverflow = 8115;
 constexpr std::int32_t kNativeInvalidArgumentType = 8116; // FORMAT of a text
+constexpr std::int32_t kNativeInvalidOperand = 8117;      // a DATE minus a DATE
 constexpr std::int32_t kNativeDivideByZero = 8134;
 constexpr std::int32_t kNativeTruncation = 8152;
+constexpr std::int32_t kNativeDatePartNotSupported = 9810; // DATEADD(hour, 1, a DATE)
 
 // The SQLSTATE of a broken link, whatever the engine reported.
 inline constexpr char kSqlStateLinkLost[] = "08S01";

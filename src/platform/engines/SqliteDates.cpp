@@ -94,7 +94,8 @@ void DateNameFunction(sqlite3_context* context, int, sqlite3_value** values) {
                                        sqlite3_value_int(values[3]) != 0));
 }
 
-// zlx_datestyle(d, style, digits): d written in the style, a fraction of a second to `digits`.
+// zlx_datestyle(d, style, digits, spanish): d written in the style, a fraction of a second to
+// `digits`, month names in Spanish or English.
 void DateStyleFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const int style = sqlite3_value_int(values[1]);
     if (StyleFormat(style).isEmpty()) {
@@ -104,7 +105,8 @@ void DateStyleFunction(sqlite3_context* context, int, sqlite3_value** values) {
         return;
     }
     if (const auto date = MomentArgument(context, values[0]))
-        ResultText(context, StyleText(*date, style, sqlite3_value_int(values[2])));
+        ResultText(context, StyleText(*date, style, sqlite3_value_int(values[2]),
+                                      sqlite3_value_int(values[3]) != 0));
 }
 
 void ToDateFunction(sqlite3_context* context, int, sqlite3_value** values) {
@@ -164,7 +166,7 @@ void Install(sqlite3* db) {
     static constexpr SqliteScalarFunction functions[] = {
         {"zlx_dateadd", 3, &DateAddFunction},     {"zlx_datediff", 3, &DateDiffFunction},
         {"zlx_datepart", 3, &DatePartFunction},   {"zlx_datename", 4, &DateNameFunction},
-        {"zlx_datestyle", 3, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
+        {"zlx_datestyle", 4, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
         {"zlx_isdate", 2, &IsDateFunction},       {"zlx_eomonth", 2, &EndOfMonthFunction},
         {"zlx_dateplus", 2, &DatePlusFunction},   {"zlx_astype", 2, &AsTypeFunction},
     };

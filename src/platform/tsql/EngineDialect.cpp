@@ -89,8 +89,11 @@ QString EngineDialect::TextBytes(const QString& value, bool national) const {
 }
 
 QString EngineDialect::DateCast(const QString& value, const QString& type) const {
-    if (KindOfTsqlType(type) != ColumnKind::Integer) return {};
-    return Cast(DateDays(value), type, false);
+    if (KindOfTsqlType(type) == ColumnKind::Integer) return Cast(DateDays(value), type, false);
+    if (type == u"FLOAT" || type == u"REAL" || type.startsWith(u"DECIMAL") ||
+        type.startsWith(u"NUMERIC"))
+        return Cast(DateNumber(value), type, false);
+    return {};
 }
 
 QString EngineDialect::TruncatingCast(const QString& value, const QString& engineType) const {

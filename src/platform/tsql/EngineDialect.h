@@ -97,8 +97,8 @@ public:
     // EOMONTH(value, months): the last day of the month `months` after value's.
     virtual QString EndOfMonth(const QString& value, const QString& months) const = 0;
     // CONVERT(VARCHAR, value, style), for a style that StyleFormat knows, a fraction of a second
-    // to `digits` digits (DATETIME's 3, DATETIME2(n)'s n).
-    virtual QString DateText(const QString& value, int style, int digits) const = 0;
+    // to `digits` digits (DATETIME's 3, DATETIME2(n)'s n), month names in Spanish or English.
+    virtual QString DateText(const QString& value, int style, int digits, bool spanish) const = 0;
     // A TIME value as the date and time it is on 1900-01-01 (an engine that reads times so: as
     // it is).
     virtual QString TimeOnFirstDay(const QString& time) const { return time; }
@@ -149,8 +149,9 @@ public:
     // TRY_CAST and TRY_CONVERT of `value` to an integer type, DECIMAL, NUMERIC or FLOAT: what
     // CAST answers, NULL where it fails; empty for another type.
     QString TryConversion(const QString& value, const QString& type) const;
-    // CAST(value AS type) of a date `value`: to an integer type its number of days (DateDays);
-    // empty for other types, which take a date as any value.
+    // CAST(value AS type) of a date `value`: to an integer type its number of days (DateDays), to
+    // FLOAT, REAL, DECIMAL and NUMERIC its days with the fraction of the day (DateNumber); empty
+    // for other types, which take a date as any value.
     QString DateCast(const QString& value, const QString& type) const;
     // The engine's type for a column declared `type` in CREATE/ALTER TABLE; empty: as written.
     virtual QString ColumnType(const QString&) const { return {}; }
@@ -238,6 +239,10 @@ public:
     }
     // The date `value` as an integer: its days since 1900-01-01, one more from noon on.
     virtual QString DateDays(const QString& value) const = 0;
+    // The date `value` as a FLOAT: its days since 1900-01-01 and the fraction of its day.
+    virtual QString DateNumber(const QString& value) const = 0;
+    // `later` minus `earlier`, two dates, as the date that many days after 1900-01-01.
+    virtual QString DateDifference(const QString& later, const QString& earlier) const = 0;
     // CAST(value AS BIT), which reads back as a Boolean; empty: not supported.
     virtual QString BitCast(const QString& value) const {
         (void)value;

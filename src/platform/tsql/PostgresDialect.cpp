@@ -232,6 +232,18 @@ QString PostgresDialect::DateDays(const QString& value) const {
         .arg(value);
 }
 
+// The time of day counts in SQL Server's three-hundredths of a second (25920000 a day).
+QString PostgresDialect::DateNumber(const QString& value) const {
+    return QStringLiteral("CAST((CAST(%1 AS date) - DATE '1900-01-01') + round(EXTRACT(EPOCH FROM "
+                          "%1 - date_trunc('day', %1)) * 300) / 25920000.0 AS double precision)")
+        .arg(value);
+}
+
+QString PostgresDialect::DateDifference(const QString& later, const QString& earlier) const {
+    return QStringLiteral("CAST(TIMESTAMP '1900-01-01' + (%1 - %2) AS timestamp(3))")
+        .arg(later, earlier);
+}
+
 QString PostgresDialect::ColumnType(const QString& type) const {
     return LookUpType(kColumnTypes, type.toUpper());
 }
@@ -526,6 +538,10 @@ QString TsqlDateTypeOf(const QString& type) {
         return QStringLiteral("DATETIME2(%1)").arg(match.captured(1));
     if (type.startsWith(u"timestamp(0)")) return QStringLiteral("SMALLDATETIME");
     if (type.startsWith(u"timestamp")) return QStringLiteral("DATETIME");
+    // time(6) stands for TIME and TIME(7) too: the engine keeps six digits at most.
+    static const QRegularExpression fewerDigits(QStringLiteral("^time\\(([0-5])\\)"));
+    if (const auto match = fewerDigits.match(type); match.hasMatch())
+        return QStringLiteral("TIME(%1)").arg(match.captured(1));
     if (type.startsWith(u"time")) return QStringLiteral("TIME");
     return {};
 }

@@ -22,7 +22,7 @@ public:
     QString DateDiff(DateUnit unit, const QString& from, const QString& to) const override;
     QString DatePlusDays(const QString& value, const QString& days) const override;
     QString EndOfMonth(const QString& value, const QString& months) const override;
-    QString DateText(const QString& value, int style, int digits) const override;
+    QString DateText(const QString& value, int style, int digits, bool spanish) const override;
     int SecondDigits() const override { return 6; }
     QString TimeOnFirstDay(const QString& time) const override;
     QString TextToDate(const QString& text, DateOrder order) const override;
@@ -48,6 +48,8 @@ public:
     QString StoredBit(const QString& value) const override;
     QString BitCast(const QString& value) const override;
     QString DateDays(const QString& value) const override;
+    QString DateNumber(const QString& value) const override;
+    QString DateDifference(const QString& later, const QString& earlier) const override;
     QString RealCast(const QString& value) const override;
     bool KeepsTypeLength(const QString& type) const override;
     QString BinaryLiteral(const QString& hexDigits) const override;

@@ -89,40 +89,68 @@ QString FractionTemplate(int digits) {
     return digits > 0 ? QStringLiteral("FF%1").arg(digits) : QString();
 }
 
-// A Qt date format as to_char's template, its fraction of a second to `digits` digits.
-QString CharTemplate(QString qtFormat, int digits) {
-    if (digits == 0 && qtFormat.endsWith(u".zzz")) qtFormat.chop(4);
-    static const std::pair<const char*, const char*> fields[] = {
-        {"yyyy", "YYYY"}, {"yy", "YY"}, {"MM", "MM"}, {"dd", "DD"},
-        {"HH", "HH24"},   {"mm", "MI"}, {"ss", "SS"}};
-    QString out;
-    for (qsizetype i = 0; i < qtFormat.size();) {
-        bool matched = false;
-        for (const auto& [qt, pg] : fields) {
-            const QLatin1StringView field(qt);
-            if (QStringView(qtFormat).mid(i).startsWith(field)) {
-                out += QLatin1StringView(pg);
-                i += field.size();
-                matched = true;
-                break;
-            }
-        }
-        if (matched) continue;
-        if (QStringView(qtFormat).mid(i).startsWith(u"zzz")) {
-            out += FractionTemplate(digits);
-            i += 3;
-        } else {
-            out += qtFormat[i++];
-        }
-    }
-    return out;
+QString ArrayOf(const QStringList& names) {
+    QStringList literals;
+    for (const QString& name : names)
+        literals << SqlString(name);
+    return QStringLiteral("(ARRAY[%1])").arg(literals.join(u", "));
 }
 
 QString NameArray(bool spanish, bool months) {
     QStringList names;
     for (int k = 1; k <= (months ? 12 : 7); ++k)
-        names << SqlString(months ? ado::MonthName(k, spanish) : ado::WeekdayName(k, spanish));
-    return QStringLiteral("(ARRAY[%1])").arg(names.join(u", "));
+        names << (months ? ado::MonthName(k, spanish) : ado::WeekdayName(k, spanish));
+    return ArrayOf(names);
+}
+
+// A style's field that to_char does not write (StyleFormat): the month's short name in the
+// session language, the day or the hour of twelve right-aligned in two places with a blank.
+QString FieldSql(QLatin1StringView field, const QString& value, bool spanish) {
+    if (field == u"MMM") {
+        QStringList names;
+        for (int month = 1; month <= 12; ++month)
+            names << ado::ShortMonthName(month, spanish);
+        return ArrayOf(names) + u'[' + Extract("MONTH", value) + u']';
+    }
+    return QStringLiteral("lpad(to_char(%1, '%2'), 2)")
+        .arg(value, field == u"_d" ? QStringLiteral("FMDD") : QStringLiteral("FMHH12"));
+}
+
+// A style's Qt format (StyleFormat) written for `value`: to_char's templates for the fields it
+// writes, the fraction of a second to `digits` digits, joined to the fields it does not.
+QString StyleSql(QString qtFormat, const QString& value, int digits, bool spanish) {
+    if (digits == 0 && qtFormat.endsWith(u".zzz")) qtFormat.chop(4);
+    static const std::pair<const char*, const char*> fields[] = {
+        {"yyyy", "YYYY"}, {"yy", "YY"},    {"MMM", nullptr}, {"MM", "MM"},
+        {"dd", "DD"},     {"_d", nullptr}, {"_h", nullptr},  {"HH", "HH24"},
+        {"mm", "MI"},     {"ss", "SS"},    {"zzz", ""},      {"AP", "AM"}};
+    QStringList parts;
+    QString pattern;
+    const auto flush = [&] {
+        if (!pattern.isEmpty())
+            parts << QStringLiteral("to_char(%1, %2)").arg(value, SqlString(pattern));
+        pattern.clear();
+    };
+    for (qsizetype i = 0; i < qtFormat.size();) {
+        const auto field = std::find_if(std::begin(fields), std::end(fields), [&](const auto& f) {
+            return QStringView(qtFormat).mid(i).startsWith(QLatin1StringView(f.first));
+        });
+        if (field == std::end(fields)) {
+            pattern += qtFormat[i++];
+            continue;
+        }
+        const QLatin1StringView name(field->first);
+        i += name.size();
+        if (!field->second) {
+            flush();
+            parts << FieldSql(name, value, spanish);
+        } else {
+            pattern += name == u"zzz" ? FractionTemplate(digits)
+                                      : QString(QLatin1StringView(field->second));
+        }
+    }
+    flush();
+    return parts.size() == 1 ? parts.front() : u'(' + parts.join(QStringLiteral(" || ")) + u')';
 }
 
 } // namespace
@@ -200,9 +228,8 @@ QString PostgresDialect::EndOfMonth(const QString& value, const QString& months)
         .arg(value, months);
 }
 
-QString PostgresDialect::DateText(const QString& value, int style, int digits) const {
-    return QStringLiteral("to_char(%1, %2)")
-        .arg(value, SqlString(CharTemplate(ado::StyleFormat(style), digits)));
+QString PostgresDialect::DateText(const QString& value, int style, int digits, bool spanish) const {
+    return StyleSql(ado::StyleFormat(style), value, digits, spanish);
 }
 
 QString PostgresDialect::TimeOnFirstDay(const QString& time) const {

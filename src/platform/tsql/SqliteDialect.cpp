@@ -229,6 +229,18 @@ QString SqliteDialect::DateDays(const QString& value) const {
         .arg(value);
 }
 
+// The time of day counts in SQL Server's three-hundredths of a second (25920000 a day).
+QString SqliteDialect::DateNumber(const QString& value) const {
+    return QStringLiteral("(julianday(date(%1)) - 2415020.5 + round((julianday(%1) - "
+                          "julianday(date(%1))) * 25920000) / 25920000.0)")
+        .arg(value);
+}
+
+QString SqliteDialect::DateDifference(const QString& later, const QString& earlier) const {
+    return QStringLiteral("zlx_dateplus('1900-01-01', julianday(%1) - julianday(%2))")
+        .arg(later, earlier);
+}
+
 // An expression's column is read by the kind of its first value, a column's by its declared type:
 // the value is found in a table whose BIT column gives the expression that type (a Boolean).
 QString SqliteDialect::BitCast(const QString& value) const {

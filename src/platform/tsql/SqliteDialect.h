@@ -25,7 +25,7 @@ public:
     QString DateDiff(DateUnit unit, const QString& from, const QString& to) const override;
     QString DatePlusDays(const QString& value, const QString& days) const override;
     QString EndOfMonth(const QString& value, const QString& months) const override;
-    QString DateText(const QString& value, int style, int digits) const override;
+    QString DateText(const QString& value, int style, int digits, bool spanish) const override;
     QString TextToDate(const QString& text, DateOrder order) const override;
     QString IsDate(const QString& text, DateOrder order) const override;
     QString AsDateType(const QString& value, const ado::DateType& type) const override;
@@ -46,6 +46,8 @@ public:
     QString BitCast(const QString& value) const override;
     QString RealCast(const QString& value) const override;
     QString DateDays(const QString& value) const override;
+    QString DateNumber(const QString& value) const override;
+    QString DateDifference(const QString& later, const QString& earlier) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
     QString TextCast(const QString& value, const QString& type) const override;

@@ -66,8 +66,12 @@ QString SqliteDialect::EndOfMonth(const QString& value, const QString& months) c
     return QStringLiteral("zlx_eomonth(%1, %2)").arg(value, months);
 }
 
-QString SqliteDialect::DateText(const QString& value, int style, int digits) const {
-    return QStringLiteral("zlx_datestyle(%1, %2, %3)").arg(value).arg(style).arg(digits);
+QString SqliteDialect::DateText(const QString& value, int style, int digits, bool spanish) const {
+    return QStringLiteral("zlx_datestyle(%1, %2, %3, %4)")
+        .arg(value)
+        .arg(style)
+        .arg(digits)
+        .arg(spanish ? 1 : 0);
 }
 
 QString SqliteDialect::TextToDate(const QString& text, DateOrder order) const {

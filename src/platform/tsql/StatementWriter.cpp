@@ -3,6 +3,7 @@
 #include "platform/tsql/DateOperands.h"
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/SelectList.h"
+#include "platform/tsql/TsqlDateFunctions.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlLiterals.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -103,6 +104,12 @@ size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
         }
         if (const QString typed = ComparedDateLiteral(i); !typed.isEmpty()) {
             out += t.leading + typed;
+            return i + 1;
+        }
+        if (DateWriterFor(m_context).NamesMonth(t.text) &&
+            DateOperands(m_t, m_context, m_stored, m_columns).ReadsAsDate(i)) {
+            out += t.leading + DateWriterFor(m_context).CastLiteral(
+                                   CallArgument::TextLiteral(t.text), QStringLiteral("DATETIME"));
             return i + 1;
         }
         QString iso = NormalizedDateLiteral(t.text, m_context.dayMonthYear);

@@ -141,6 +141,10 @@ private:
     // value + n and value - n, value a date: n days later or earlier. Answers `i` when the
     // operand at `i` is no date with a number added.
     size_t EmitDateArithmetic(size_t i, QString& out);
+    // date - date and date - 'text' over the operand [first, minus) and the one after `minus`:
+    // the difference as a DATETIME, that many days after 1900-01-01. Answers `first` when the
+    // operands are not so.
+    size_t EmitDateDifference(size_t first, size_t minus, QString& out);
 
     // The number of days that begins at `at` after a date's + or -, into `days`: a number, or
     // CAST(n AS SMALLINT) of an integer type. Returns where it ends, `at` when there is none.

@@ -169,6 +169,8 @@ size_t StatementWriter::EmitDateArithmetic(size_t i, QString& out) {
     const size_t end = m_t.PrimaryEnd(i);
     const bool plus = m_t.SymbolAt(end, u"+");
     if (end == i || !(plus || m_t.SymbolAt(end, u"-"))) return i;
+    if (!plus)
+        if (const size_t after = EmitDateDifference(i, end, out); after != i) return after;
     QString days;
     const size_t daysEnd = DaysOperandEnd(end + 1, days);
     if (daysEnd == end + 1 || m_t.SymbolAt(daysEnd, u"*") || m_t.SymbolAt(daysEnd, u"/") ||
@@ -181,6 +183,34 @@ size_t StatementWriter::EmitDateArithmetic(size_t i, QString& out) {
     if (!plus) days = days.startsWith(u'-') ? days.mid(1) : u'-' + days;
     out += m_t[i].leading + m_dialect.DatePlusDays(value, days);
     return daysEnd;
+}
+
+// SQL Server takes the text for a DATETIME; DATE, TIME and DATETIME2 take no subtraction (8117).
+size_t StatementWriter::EmitDateDifference(size_t first, size_t minus, QString& out) {
+    const size_t right = minus + 1;
+    const size_t end = m_t.PrimaryEnd(right);
+    const bool text = end == right + 1 && m_t[right].kind == TokenKind::String;
+    if (end == right || m_t.SymbolAt(end, u"*") || m_t.SymbolAt(end, u"/") ||
+        m_t.SymbolAt(end, u"%") || !IsDateOperand(first, minus) ||
+        !(text || IsDateOperand(right, end)))
+        return first;
+    const DateOperands operands(m_t, m_context, m_stored, m_columns);
+    for (const auto type : {operands.DeclaredType(first, minus), operands.DeclaredType(right, end)})
+        if (type && type->kind != ado::DateTypeKind::DateTime &&
+            type->kind != ado::DateTypeKind::SmallDateTime)
+            ThrowStatementError(QStringLiteral("Operand data type %1 is invalid for subtract "
+                                               "operator.")
+                                    .arg(type->Name()),
+                                ado::kNativeInvalidOperand);
+    m_plainOperand = first;
+    const QString later = Range(first, minus).trimmed();
+    m_plainOperand = right;
+    const QString earlier = text ? DateWriterFor(m_context).CastLiteral(ArgumentOf(right, end),
+                                                                        QStringLiteral("DATETIME"))
+                                 : Range(right, end).trimmed();
+    m_plainOperand = kNone;
+    out += m_t[first].leading + m_dialect.DateDifference(later, earlier);
+    return end;
 }
 
 // DATE, TIME and DATETIME2 take no days by + or - (DATETIME and SMALLDATETIME do).
@@ -284,12 +314,12 @@ size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
         out += lead + typed;
         return close + 1;
     }
-    if (IsDateOperand(cast + 2, as))
-        if (const QString days = m_dialect.DateCast(Range(cast + 2, as).trimmed(), type);
-            !days.isEmpty()) {
-            out += lead + days;
-            return close + 1;
-        }
+    if (const QString converted =
+            DateWriterFor(m_context).DateCast(ArgumentOf(cast + 2, as), MaxAsLength(type));
+        !converted.isEmpty()) {
+        out += lead + converted;
+        return close + 1;
+    }
     const bool textLiteral = as == cast + 3 && m_t[cast + 2].kind == TokenKind::String;
     if (textLiteral && KindOfTsqlType(type) == ColumnKind::Integer)
         RequireIntegerText(m_t[cast + 2].text);

@@ -215,9 +215,11 @@ QString StoredValues::StoredText(size_t i) {
     // A BIT takes the words TRUE and FALSE.
     if (truth && *kind == ColumnKind::Bit)
         return word == u"TRUE" ? QStringLiteral("1") : QStringLiteral("0");
-    // A text of a date's shape that is no date (30/02/2024) is refused as SQL Server does.
-    if (*kind == ColumnKind::Date && HasDateShape(text) &&
-        NormalizedDateLiteral(text, m_context.dayMonthYear).isEmpty())
+    // A text of a date's shape that is no date (30/02/2024) is refused as SQL Server does; one
+    // with a month's name is read as SQL Server reads it.
+    if (*kind == ColumnKind::Date &&
+        ((HasDateShape(text) && NormalizedDateLiteral(text, m_context.dayMonthYear).isEmpty()) ||
+         DateWriterFor(m_context).NamesMonth(text)))
         return DateWriterFor(m_context).CastLiteral(CallArgument::TextLiteral(text),
                                                     QStringLiteral("DATETIME"));
     return {};

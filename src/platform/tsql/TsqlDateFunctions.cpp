@@ -6,6 +6,7 @@
 #include "platform/tsql/TsqlLiterals.h"
 #include "platform/tsql/TypeNames.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 
 namespace zlx::tsql {
@@ -30,8 +31,8 @@ std::pair<size_t, size_t> ArgumentCounts(const QString& function) {
 }
 
 // A literal's value read as a date, or SQL Server's conversion error.
-QString ReadLiteral(const QString& text, DateOrder order) {
-    const ado::DateReading reading = ado::ReadDate(text, order);
+QString ReadLiteral(const QString& text, DateOrder order, ado::MonthNames names) {
+    const ado::DateReading reading = ado::ReadDate(text, order, names);
     if (reading.error)
         ThrowStatementError(ado::DateErrorText(reading.error), reading.error,
                             QStringLiteral("22007"));
@@ -41,8 +42,45 @@ QString ReadLiteral(const QString& text, DateOrder order) {
 int StyleNumber(const CallArgument& style) {
     bool number = false;
     const int value = style.sql.trimmed().toInt(&number);
-    if (!number) ThrowUnsupported(QStringLiteral("CONVERT con estilo ") + style.sql.trimmed());
+    if (!number || value < 0)
+        ThrowUnsupported(QStringLiteral("CONVERT con estilo ") + style.sql.trimmed());
     return value;
+}
+
+// The style a date type is written in by CAST to a text: DATETIME's and SMALLDATETIME's 0, the
+// others' ISO text with their digits of a second.
+int DefaultStyle(const ado::DateType& type) {
+    switch (type.kind) {
+    case ado::DateTypeKind::Date:
+        return 23;
+    case ado::DateTypeKind::Time:
+        return ado::kTimeOfDayStyle;
+    case ado::DateTypeKind::DateTime2:
+        return 121;
+    default:
+        return 0;
+    }
+}
+
+// A TIME takes no style that writes a day, a TIME and a DATETIME2 none that writes milliseconds
+// after a colon (what SQL Server writes of their digits there is not known here).
+void RequireStyleOfType(int style, const ado::DateType& type) {
+    const bool wide =
+        type.kind == ado::DateTypeKind::Time || type.kind == ado::DateTypeKind::DateTime2;
+    if ((wide && ado::StyleHasColonMilliseconds(style)) ||
+        (type.kind == ado::DateTypeKind::Time && ado::StyleNamesMonth(style)))
+        ThrowUnsupported(QStringLiteral("CONVERT con estilo %1 de %2").arg(style).arg(type.Name()));
+}
+
+// DATEADD by a unit of the day on a TIME or of the time on a DATE is SQL Server's error 9810.
+void RequireUnitOfType(DateUnit unit, const ado::DateType& type) {
+    const bool timeUnit = unit >= DateUnit::Hour;
+    if (timeUnit ? type.HasTime() : type.HasDay()) return;
+    ThrowStatementError(
+        QStringLiteral(
+            "The datepart %1 is not supported by date function dateadd for data type %2.")
+            .arg(ado::DateUnitName(unit), type.Name()),
+        ado::kNativeDatePartNotSupported);
 }
 
 } // namespace
@@ -56,6 +94,10 @@ DateFunctionWriter::DateFunctionWriter(const EngineDialect& dialect, DateSetting
 
 bool DateFunctionWriter::Handles(const QString& function) {
     return DateFunctions().contains(function, Qt::CaseInsensitive);
+}
+
+bool DateFunctionWriter::NamesMonth(const QString& text) const {
+    return ado::ReadNamedMonthDate(text, m_settings.Names()).has_value();
 }
 
 bool DateFunctionWriter::IsDateType(const QString& type) {
@@ -94,6 +136,7 @@ QString DateFunctionWriter::Call(const QString& name,
 // DATEADD answers a value of its date's type: a TIME wraps round midnight, a DATE stays a day.
 QString DateFunctionWriter::DateAdd(DateUnit unit, const CallArgument& count,
                                     const CallArgument& date) const {
+    if (date.dateType) RequireUnitOfType(unit, *date.dateType);
     const QString added = m_dialect.DateAdd(unit, count.sql.trimmed(), DateTimeValue(date));
     const auto type = date.dateType;
     if (!type || type->kind == ado::DateTypeKind::DateTime) return added;
@@ -117,7 +160,7 @@ QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
                                          ado::DateType type) const {
     // An engine that keeps fewer digits gets the value rounded as SQL Server rounds to them.
     type.digits = std::min(type.digits, m_dialect.SecondDigits());
-    const ado::DateReading reading = ado::ReadAsType(text, order, type);
+    const ado::DateReading reading = ado::ReadAsType(text, order, type, m_settings.Names());
     if (reading.error == ado::kNativeDateOutOfRange)
         ThrowStatementError(ado::OutOfRangeText(QStringLiteral("varchar"), type), reading.error,
                             QStringLiteral("22008"));
@@ -129,9 +172,30 @@ QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
 
 QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& type) const {
     const auto dateType = ado::DateType::Named(type);
-    if (!dateType || dateType->kind == ado::DateTypeKind::DateTime) return {};
+    if (!dateType) return {};
+    if (const QString days = NumberAsDate(value, *dateType); !days.isEmpty()) return days;
+    if (dateType->kind == ado::DateTypeKind::DateTime) return {};
     if (value.isText) return TypedLiteral(value.text, m_settings.order, *dateType);
     return m_dialect.AsDateType(value.sql.trimmed(), *dateType);
+}
+
+// A number is the date that many days after 1900-01-01 for DATETIME and SMALLDATETIME; the other
+// date types take none (529).
+QString DateFunctionWriter::NumberAsDate(const CallArgument& value,
+                                         const ado::DateType& type) const {
+    static const QRegularExpression number(QStringLiteral(R"(^-?\s*(\d+)(\.\d*)?$)"));
+    const QString sql = value.sql.trimmed();
+    const auto match = number.match(sql);
+    if (value.isText || !match.hasMatch()) return {};
+    if (type.kind != ado::DateTypeKind::DateTime && type.kind != ado::DateTypeKind::SmallDateTime)
+        ThrowStatementError(
+            QStringLiteral("Explicit conversion from data type %1 to %2 is not allowed.")
+                .arg(match.capturedLength(2) ? QStringLiteral("numeric") : QStringLiteral("int"),
+                     type.Name()),
+            ado::kNativeExplicitConversion);
+    const QString date = m_dialect.DatePlusDays(
+        m_dialect.DateLiteral(QStringLiteral("'1900-01-01 00:00:00'")), QString(sql).remove(u' '));
+    return type.kind == ado::DateTypeKind::DateTime ? date : m_dialect.AsDateType(date, type);
 }
 
 QString DateFunctionWriter::DateValue(const CallArgument& value) const {
@@ -140,7 +204,7 @@ QString DateFunctionWriter::DateValue(const CallArgument& value) const {
 
 QString DateFunctionWriter::DateValue(const CallArgument& value, DateOrder order) const {
     if (!value.isText) return value.sql.trimmed();
-    return m_dialect.DateLiteral(SqlString(ReadLiteral(value.text, order)));
+    return m_dialect.DateLiteral(SqlString(ReadLiteral(value.text, order, m_settings.Names())));
 }
 
 DateUnit DateFunctionWriter::Unit(const QString& function, const CallArgument& unit) const {
@@ -159,47 +223,73 @@ QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) 
     const CallArgument& value = arguments[1];
     if (arguments.size() == 3) {
         const int style = StyleNumber(arguments[2]);
-        if (const auto dateType = ado::DateType::Named(type)) {
-            const auto order = ado::StyleOrder(style);
-            if (!order) ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
-            if (dateType->kind == ado::DateTypeKind::DateTime)
-                return value.isText ? DateValue(value, *order)
-                                    : m_dialect.TextToDate(value.sql.trimmed(), *order);
-            if (value.isText) return TypedLiteral(value.text, *order, *dateType);
-            return m_dialect.AsDateType(value.isDate
-                                            ? value.sql.trimmed()
-                                            : m_dialect.TextToDate(value.sql.trimmed(), *order),
-                                        *dateType);
-        }
+        if (const auto dateType = ado::DateType::Named(type))
+            return ConvertToDate(*dateType, value, style);
         if (SizedTextType(type)) return ConvertToText(type, value, style);
     }
     if (const QString literal = CastLiteral(value, type); !literal.isEmpty()) return literal;
     if (const QString typed = CastValue(value, type); !typed.isEmpty()) return typed;
-    if (value.isDate)
-        if (const QString days = m_dialect.DateCast(value.sql.trimmed(), type); !days.isEmpty())
-            return days;
+    if (const QString converted = DateCast(value, type); !converted.isEmpty()) return converted;
     if (value.isText && KindOfTsqlType(type) == ColumnKind::Integer) RequireIntegerText(value.text);
     const QString sql = m_dialect.Cast(value.sql.trimmed(), type, value.isText);
     if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CONVERT a ") + type);
     return sql;
 }
 
-// CONVERT(VARCHAR(n), date, style): the date written in the style, cut to n characters.
+// A text literal is read in the style's order, or the session's for a style of none (one that
+// names the month: the text's own form tells it); another text only in a style's order.
+QString DateFunctionWriter::ConvertToDate(const ado::DateType& type, const CallArgument& value,
+                                          int style) const {
+    auto order = ado::StyleOrder(style);
+    if (!order && value.isText && !ado::StyleFormat(style).isEmpty()) order = m_settings.order;
+    if (!order) ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
+    if (type.kind == ado::DateTypeKind::DateTime)
+        return value.isText ? DateValue(value, *order)
+                            : m_dialect.TextToDate(value.sql.trimmed(), *order);
+    if (value.isText) return TypedLiteral(value.text, *order, type);
+    return m_dialect.AsDateType(value.isDate ? value.sql.trimmed()
+                                             : m_dialect.TextToDate(value.sql.trimmed(), *order),
+                                type);
+}
+
+// CONVERT(VARCHAR(n), date, style): the date written in the style as the text type keeps it (cut
+// to n characters, a CHAR(n) padded).
 QString DateFunctionWriter::ConvertToText(const QString& type, const CallArgument& value,
                                           int style) const {
     if (ado::StyleFormat(style).isEmpty())
         ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
-    // DATETIME2(n) writes n digits of a second where DATETIME writes three.
-    const bool wide = value.dateType && value.dateType->kind == ado::DateTypeKind::DateTime2;
-    return QStringLiteral("substr(%1, 1, %2)")
-        .arg(m_dialect.DateText(DateValue(value), style, wide ? value.dateType->digits : 3),
-             SizedTextType(type)->length);
+    const ado::DateType dateType = value.dateType.value_or(ado::DateType{});
+    RequireStyleOfType(style, dateType);
+    // TIME(n) and DATETIME2(n) write n digits of a second where DATETIME writes three.
+    const bool wide =
+        dateType.kind == ado::DateTypeKind::DateTime2 || dateType.kind == ado::DateTypeKind::Time;
+    return m_dialect.Cast(
+        m_dialect.DateText(DateValue(value), style, wide ? dateType.digits : 3, m_settings.spanish),
+        type, false);
+}
+
+QString DateFunctionWriter::DateCast(const CallArgument& value, const QString& type) const {
+    if (!value.isDate) return {};
+    const ado::DateType dateType = value.dateType.value_or(ado::DateType{});
+    if (SizedTextType(type)) return ConvertToText(type, value, DefaultStyle(dateType));
+    const bool number = KindOfTsqlType(type) == ColumnKind::Integer || type == u"FLOAT" ||
+                        type == u"REAL" || type.startsWith(u"DECIMAL") ||
+                        type.startsWith(u"NUMERIC");
+    if (!number) return {};
+    if (dateType.kind != ado::DateTypeKind::DateTime &&
+        dateType.kind != ado::DateTypeKind::SmallDateTime)
+        ThrowStatementError(QStringLiteral("Explicit conversion from data type %1 to %2 is not "
+                                           "allowed.")
+                                .arg(dateType.Name(), type.section(u'(', 0, 0).toLower()),
+                            ado::kNativeExplicitConversion);
+    return m_dialect.DateCast(value.sql.trimmed(), type);
 }
 
 QString DateFunctionWriter::IsDate(const CallArgument& value) const {
     if (value.isText)
-        return ado::ReadDate(value.text, m_settings.order).error ? QStringLiteral("0")
-                                                                 : QStringLiteral("1");
+        return ado::ReadDate(value.text, m_settings.order, m_settings.Names()).error
+                   ? QStringLiteral("0")
+                   : QStringLiteral("1");
     // A date's text is always one (whatever DATEFORMAT says of the engine's stored text).
     if (value.isDate)
         return QStringLiteral("(CASE WHEN %1 IS NULL THEN 0 ELSE 1 END)").arg(value.sql.trimmed());

@@ -27,6 +27,11 @@ struct DateSettings {
     DateOrder order = DateOrder::MonthDayYear; // SET DATEFORMAT
     int dateFirst = 7;                         // SET DATEFIRST
     bool spanish = false;                      // SET LANGUAGE names months and days in Spanish
+
+    // The month names a text date is read with.
+    ado::MonthNames Names() const {
+        return spanish ? ado::MonthNames::Spanish : ado::MonthNames::English;
+    }
 };
 
 class DateFunctionWriter {
@@ -41,10 +46,20 @@ public:
     // CAST(value AS type) for a date type other than DATETIME (DATE, TIME(n), SMALLDATETIME,
     // DATETIME2(n)): the value as a column of that type keeps it; empty for other types.
     QString CastValue(const CallArgument& value, const QString& type) const;
+    // CAST(value AS type) of a date `value` to a type of no date: to a text type its text in the
+    // type's own style (DATETIME and SMALLDATETIME style 0, 'Mar 15 2024 12:00AM'), to a number
+    // type its days since 1900-01-01 (a whole number or with the fraction of the day; SQL Server's
+    // error 529 for the types that take no such conversion); empty for other types.
+    QString DateCast(const CallArgument& value, const QString& type) const;
     static bool IsDateType(const QString& type);
+    // Whether a text literal is written with a month's name of the session language ('Mar 15
+    // 2024'): a date wherever SQL Server reads a text as a DATETIME.
+    bool NamesMonth(const QString& text) const;
 
 private:
     QString DateValue(const CallArgument& value) const;
+    // CAST(number AS type) of a number literal; empty for any other value.
+    QString NumberAsDate(const CallArgument& value, const ado::DateType& type) const;
     QString DateAdd(DateUnit unit, const CallArgument& count, const CallArgument& date) const;
     // A date argument as a date and time: a TIME on 1900-01-01, as SQL Server widens it.
     QString DateTimeValue(const CallArgument& value) const;
@@ -54,6 +69,8 @@ private:
     DateUnit Unit(const QString& function, const CallArgument& unit) const;
     QString Convert(const std::vector<CallArgument>& arguments) const;
     QString ConvertToText(const QString& type, const CallArgument& value, int style) const;
+    // The value of CONVERT(type, value, style) for a date type, a style given.
+    QString ConvertToDate(const ado::DateType& type, const CallArgument& value, int style) const;
     QString IsDate(const CallArgument& value) const;
 
     const EngineDialect& m_dialect;

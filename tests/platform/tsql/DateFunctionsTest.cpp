@@ -21,6 +21,17 @@ protected:
         Exec(QStringLiteral("INSERT INTO citas VALUES (3, NULL, NULL)"));
     }
 
+    // The refusal's description of what the batch names, empty when it runs.
+    QString Refusal(const QString& batch) {
+        try {
+            Exec(batch);
+        } catch (const ado::AdoError& error) {
+            EXPECT_EQ(error.Number(), static_cast<std::int32_t>(0x80040E14));
+            return error.Description().section(QStringLiteral("no soportada: "), 1);
+        }
+        return {};
+    }
+
     QStringList Rows(const QString& query) {
         QStringList rows;
         for (const QString& event : Exec(query))
@@ -68,4 +79,32 @@ TEST_P(DateFunctionsTest, TextsConvertedAtRunTimeFailAsSqlServer) {
               242);
     EXPECT_EQ(Value(QStringLiteral("SELECT COUNT(*) FROM citas")), QStringLiteral("3"));
     EXPECT_EQ(NativeErrorOf(QStringLiteral("SELECT DATEPART(fortnight, d) FROM citas")), 102);
+}
+
+TEST_P(DateFunctionsTest, StylesATypeCannotBeWrittenInAreRefusedByName) {
+    // Hijri; a TIME or DATETIME2 written with milliseconds after a colon; a TIME with a day.
+    EXPECT_EQ(Refusal(QStringLiteral("SELECT CONVERT(VARCHAR(30), d, 130) FROM citas")),
+              u"CONVERT con estilo 130");
+    EXPECT_EQ(Refusal(QStringLiteral("SELECT CONVERT(VARCHAR(30), CAST(d AS DATETIME2), 109) "
+                                     "FROM citas")),
+              u"CONVERT con estilo 109 de datetime2");
+    EXPECT_EQ(
+        Refusal(QStringLiteral("SELECT CONVERT(VARCHAR(30), CAST(d AS TIME), 100) FROM citas")),
+        u"CONVERT con estilo 100 de time");
+    // A column's text in a style that names the month: the engine reads no month names.
+    EXPECT_EQ(Refusal(QStringLiteral("SELECT CONVERT(DATETIME, texto, 106) FROM citas")),
+              u"CONVERT con estilo 106");
+    EXPECT_EQ(Refusal(QStringLiteral("SELECT CONVERT(VARCHAR(30), d, -1) FROM citas")),
+              u"CONVERT con estilo -1");
+}
+
+TEST_P(DateFunctionsTest, DatesWrittenAsTextsReadBackAsTheSameDate) {
+    // Style 0 drops the seconds; styles 9 and 13 keep the milliseconds.
+    EXPECT_EQ(Rows(QStringLiteral("SELECT CAST(d AS VARCHAR(20)), CONVERT(VARCHAR(26), d, 109), "
+                                  "CONVERT(CHAR(24), d, 113) FROM citas WHERE id = 2")),
+              (QStringList{"Mar 24 2024 11:59PM|Mar 24 2024 11:59:59:000PM|24 Mar 2024 "
+                           "23:59:59:000"}));
+    EXPECT_EQ(Value(QStringLiteral("SELECT COUNT(*) FROM citas WHERE d = 'Ene 31 2024  9:30AM' OR "
+                                   "d = '24 marzo 2024 23:59:59:000'")),
+              u"2");
 }

@@ -95,10 +95,51 @@ TEST(SqlServerDates, AddClampsMonthEndsAndDiffCountsBoundaries) {
     EXPECT_EQ(DateDiff(DateUnit::Quarter, At("2023-12-31"), At("2024-01-01")), 1);
 }
 
+// Month names in the session language; the day and the hour of twelve right-aligned with a blank.
+TEST(SqlServerDates, NamedMonthStylesWriteTheLanguagesShortNames) {
+    const DateReading morning{At("2024-01-05 09:05:30.007")}, afternoon{At("2024-08-15 14:30:00")};
+    EXPECT_EQ(StyleText(morning, 100, 3, true), u"Ene  5 2024  9:05AM");
+    EXPECT_EQ(StyleText(morning, 0, 3, false), u"Jan  5 2024  9:05AM");
+    EXPECT_EQ(StyleText(afternoon, 0, 3, true), u"Ago 15 2024  2:30PM");
+    EXPECT_EQ(StyleText(DateReading{At("2024-12-31")}, 100, 3, true), u"Dic 31 2024 12:00AM");
+    EXPECT_EQ(StyleText(DateReading{At("2024-12-31 12:00")}, 100, 3, true), u"Dic 31 2024 12:00PM");
+    EXPECT_EQ(StyleText(morning, 109, 3, true), u"Ene  5 2024  9:05:30:007AM");
+    EXPECT_EQ(StyleText(morning, 6, 3, true), u"05 Ene 24");
+    EXPECT_EQ(StyleText(afternoon, 106, 3, false), u"15 Aug 2024");
+    EXPECT_EQ(StyleText(morning, 7, 3, true), u"Ene 05, 24");
+    EXPECT_EQ(StyleText(afternoon, 107, 3, true), u"Ago 15, 2024");
+    EXPECT_EQ(StyleText(afternoon, 113, 3, true), u"15 Ago 2024 14:30:00:000");
+    EXPECT_EQ(StyleText(morning, 14, 3, true), u"09:05:30:007");
+    EXPECT_TRUE(StyleNamesMonth(7));
+    EXPECT_FALSE(StyleNamesMonth(14));
+    EXPECT_TRUE(StyleHasColonMilliseconds(114));
+    EXPECT_FALSE(StyleHasColonMilliseconds(121));
+}
+
+TEST(SqlServerDates, MonthNamesReadInTheSessionLanguageOnly) {
+    const auto read = [](const char* text, MonthNames names) {
+        const DateReading reading =
+            ReadDate(QString::fromUtf8(text), DateOrder::DayMonthYear, names);
+        return reading.error ? QStringLiteral("error %1").arg(reading.error)
+                             : IsoDateText(reading.value);
+    };
+    EXPECT_EQ(read("Mar 15 2024  2:30PM", MonthNames::Spanish), u"2024-03-15 14:30:00");
+    EXPECT_EQ(read("ene 5, 24", MonthNames::Spanish), u"2024-01-05 00:00:00");
+    EXPECT_EQ(read("05 Ago 2024 14:30:15:123", MonthNames::Spanish), u"2024-08-05 14:30:15.123");
+    EXPECT_EQ(read("3 DICIEMBRE 2024", MonthNames::Spanish), u"2024-12-03 00:00:00");
+    EXPECT_EQ(read("Dec 3 2024", MonthNames::English), u"2024-12-03 00:00:00");
+    // Another language's name, or no names allowed, is no date; an impossible day out of range.
+    EXPECT_EQ(read("Dec 3 2024", MonthNames::Spanish), u"error 241");
+    EXPECT_EQ(read("Mar 15 2024", MonthNames::None), u"error 241");
+    EXPECT_EQ(read("Feb 30 2024", MonthNames::English), u"error 242");
+    EXPECT_EQ(read("Mar 15 2024 25:00", MonthNames::English), u"error 241");
+}
+
 TEST(SqlServerDates, StylesWriteAndReadTheirOrder) {
     EXPECT_EQ(At("2024-03-05 13:45:30.007").toString(StyleFormat(121)), u"2024-03-05 13:45:30.007");
     EXPECT_EQ(At("2024-03-05").toString(StyleFormat(3)), u"05/03/24");
     EXPECT_TRUE(StyleFormat(130).isEmpty());
+    EXPECT_TRUE(StyleFormat(131).isEmpty());
     EXPECT_EQ(StyleOrder(103), DateOrder::DayMonthYear);
     EXPECT_EQ(StyleOrder(1), DateOrder::MonthDayYear);
     EXPECT_EQ(StyleOrder(112), DateOrder::YearMonthDay);

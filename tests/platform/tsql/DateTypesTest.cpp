@@ -102,10 +102,12 @@ TEST(SqlServerDateTypes, StylesAndDatePartsReachTheTick) {
     const DateReading moment =
         ReadWideDate(QStringLiteral("2024-03-15 10:20:30.1234567"), DateOrder::DayMonthYear);
     ASSERT_EQ(moment.error, 0);
-    EXPECT_EQ(StyleText(moment, 121, 7), u"2024-03-15 10:20:30.1234567");
-    EXPECT_EQ(StyleText(moment, 121, 3), u"2024-03-15 10:20:30.123");
-    EXPECT_EQ(StyleText(moment, 21, 0), u"2024-03-15 10:20:30");
-    EXPECT_EQ(StyleText(moment, 103, 7), u"15/03/2024");
+    EXPECT_EQ(StyleText(moment, 121, 7, true), u"2024-03-15 10:20:30.1234567");
+    EXPECT_EQ(StyleText(moment, 121, 3, true), u"2024-03-15 10:20:30.123");
+    EXPECT_EQ(StyleText(moment, 21, 0, true), u"2024-03-15 10:20:30");
+    EXPECT_EQ(StyleText(moment, 103, 7, true), u"15/03/2024");
+    EXPECT_EQ(StyleText(moment, kTimeOfDayStyle, 7, true), u"10:20:30.1234567");
+    EXPECT_EQ(StyleText(moment, kTimeOfDayStyle, 0, true), u"10:20:30");
     EXPECT_EQ(DatePartOf(DateUnit::Microsecond, moment, 1), 123456);
     EXPECT_EQ(DatePartOf(DateUnit::Nanosecond, moment, 1), 123456700);
     EXPECT_EQ(DatePartOf(DateUnit::Millisecond, moment, 1), 123);

@@ -295,8 +295,8 @@ TEST(TsqlTranslator, TextsWrittenAsDatesAreDatesOnlyWhereADateMeetsThem) {
                              "'17530101'), '17530101' FROM t WHERE '2024-01-01 00:00:00' <= "
                              "MAX(Fecha)"));
     EXPECT_EQ(sqlite("SELECT Nota FROM t WHERE CONVERT(VARCHAR(10), Fecha, 103) = '15/03/2024'"),
-              QStringLiteral("SELECT Nota FROM t WHERE substr(zlx_datestyle(Fecha, 103, 3), 1, 10) "
-                             "= '15/03/2024'"));
+              QStringLiteral("SELECT Nota FROM t WHERE (substr(CAST(zlx_datestyle(Fecha, 103, 3, "
+                             "0) AS TEXT), 1, 10) COLLATE NOCASE) = '15/03/2024'"));
     EXPECT_EQ(
         sqlite("CREATE TABLE d (f DATETIME DEFAULT '17530101', s CHAR(8) DEFAULT '17530101')"),
         QStringLiteral("CREATE TABLE d (f DATETIME DEFAULT '1753-01-01 00:00:00', s CHAR(8) "
