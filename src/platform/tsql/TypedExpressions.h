@@ -72,7 +72,13 @@ private:
     void ConvertBranchColumns(const std::vector<size_t>& selects);
     // The values of CASE, IIF, COALESCE and ISNULL (TypedExpressions_results).
     void ConvertResultTexts();
+    std::vector<size_t> CallValues(size_t name) const;
     std::vector<size_t> CaseValues(size_t at) const;
+    // The token after the END of the CASE at `at`.
+    size_t CaseEnd(size_t at) const;
+    std::optional<std::vector<Typed>> ResultValues(const std::vector<size_t>& starts);
+    std::vector<QString> NumberTypesOf(const std::vector<Typed>& values) const;
+    QString ResultType(const std::vector<size_t>& starts);
     void ConvertResultValues(const std::vector<size_t>& starts, bool first);
 
     // A text met by a number takes the number's type (TypedExpressions_textnumbers).
