@@ -79,6 +79,8 @@ constexpr Message kMessages[] = {
      "La subconsulta ha devuelto más de un valor, lo que no es correcto cuando va a continuación "
      "de "
      "=, !=, <, <= , >, >= o cuando se utiliza como expresión."},
+    {529, "Explicit conversion from data type %1 to %2 is not allowed.",
+     "No se permite la conversión explícita del tipo de datos %1 a %2."},
     {530,
      "The statement terminated. The maximum recursion %1 has been exhausted before statement "
      "completion.",

@@ -3,6 +3,7 @@
 #include "platform/tsql/CaseComparisons.h"
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/DistinctTexts.h"
+#include "platform/tsql/ForeignKeyNames.h"
 #include "platform/tsql/LargeTextRefusals.h"
 #include "platform/tsql/OffsetFetch.h"
 #include "platform/tsql/QueryHints.h"
@@ -74,6 +75,7 @@ TsqlTranslator::TsqlTranslator(TranslationContext context) : m_context(std::move
 Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StatementTokens tokens(statement);
     Translation translation;
+    NameUnnamedForeignKeys(tokens);
     TableDefinitionRewriter definitions(tokens, m_context);
     translation.identityStart = definitions.Rewrite();
     if (!definitions.DeferredDefault().empty())

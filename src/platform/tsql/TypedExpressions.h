@@ -89,14 +89,17 @@ private:
     static QString SetColumnType(const std::vector<QString>& types);
     void WrapAsNumber(const Typed& text, const QString& type);
 
-    // CAST and CONVERT of numbers to text types and of texts to VARBINARY(MAX)
+    // CAST and CONVERT of numbers to text types and of texts and integers to VARBINARY types
     // (TypedExpressions_casts).
     void WrapNumberTextCasts();
     void WrapNumberText(const Typed& value, const QString& target, int length);
     void WrapStyledNumberText(const Typed& value, size_t comma, size_t close, const QString& target,
                               int length);
-    // CAST and CONVERT to VARBINARY(MAX) of a text (TypedExpressions_casts).
-    void WrapTextBytes(const Typed& value);
+    // CAST and CONVERT to a VARBINARY type `target` (TypedExpressions_casts).
+    void WrapTextBytes(const Typed& value, const QString& target);
+    bool IsBinaryValue(const Typed& value) const;
+    // CAST and CONVERT of a binary value to a text type (TypedExpressions_casts).
+    void WrapBinaryText(const Typed& value, size_t comma, size_t close, const QString& target);
 
     // SUM, AVG, DATALENGTH and POWER calls whose result the engine's call gives.
     void WrapCalls();
