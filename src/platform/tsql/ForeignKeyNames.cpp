@@ -23,7 +23,8 @@ size_t KeyStart(const StatementTokens& t, size_t references) {
 
 // The key's first column: the first in FOREIGN KEY (...), else the column it is declared on.
 QString KeyColumn(const StatementTokens& t, size_t start, size_t add) {
-    if (t.SymbolAt(start + 2, u"(") && t.At(start + 3)) return t[start + 3].text;
+    if (t[start].IsWord(u"FOREIGN") && t.SymbolAt(start + 2, u"(") && t.At(start + 3))
+        return t[start + 3].text;
     const size_t first = std::max(t.ColumnDefinitionAround(start).first, add + 1);
     return t.At(first) && IsName(t[first]) ? t[first].text : QString();
 }
