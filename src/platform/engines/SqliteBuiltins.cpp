@@ -7,6 +7,7 @@
 #include <QDate>
 #include <QRegularExpression>
 #include <QUuid>
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -241,6 +242,56 @@ void TextBytes(sqlite3_context* context, int count, sqlite3_value** values) {
     sqlite3_result_blob(context, bytes.data(), static_cast<int>(bytes.size()), SQLITE_TRANSIENT);
 }
 
+// zlx_bytes_text(blob, national): the text SQL Server reads in a binary value, a character a
+// byte in code page 1252 or, national, one every two bytes (UTF-16, the low byte first); a text
+// as it is.
+void BytesText(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    if (sqlite3_value_type(values[0]) != SQLITE_BLOB)
+        return sqlite3_result_value(context, values[0]);
+    const auto* bytes = static_cast<const unsigned char*>(sqlite3_value_blob(values[0]));
+    const int size = sqlite3_value_bytes(values[0]);
+    const bool national = sqlite3_value_int(values[1]) != 0;
+    if (national && size % 2 != 0)
+        return sqlite3_result_error(
+            context, "Construcción T-SQL no soportada: un binario de longitud impar a NVARCHAR",
+            -1);
+    QString text;
+    for (int i = 0; i < size; i += national ? 2 : 1) {
+        const unsigned char byte = bytes[i];
+        const char16_t unit = national ? static_cast<char16_t>(byte | bytes[i + 1] << 8)
+                              : byte >= 0x80 && byte < 0xA0 ? kCp1252High[byte - 0x80]
+                                                            : byte;
+        // The library's texts end at a zero character.
+        if (unit == 0)
+            return sqlite3_result_error(
+                context, "Construcción T-SQL no soportada: el carácter 0 en un texto", -1);
+        text += QChar(unit);
+    }
+    ResultText(context, text);
+}
+
+// zlx_hex(blob): the bytes' hexadecimal digits in capitals; NULL for NULL (hex() answers '').
+void Hex(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const QByteArray bytes(static_cast<const char*>(sqlite3_value_blob(values[0])),
+                           sqlite3_value_bytes(values[0]));
+    ResultText(context, QString::fromLatin1(bytes.toHex().toUpper()));
+}
+
+// zlx_integer_bytes(integer, count): the integer's last `count` bytes, the highest first (two's
+// complement), as SQL Server keeps an integer in a binary value.
+void IntegerBytes(sqlite3_context* context, int count, sqlite3_value** values) {
+    if (AnyNull(context, count, values)) return;
+    const auto value = static_cast<quint64>(sqlite3_value_int64(values[0]));
+    const int size = std::clamp(sqlite3_value_int(values[1]), 0, 8);
+    QByteArray bytes;
+    for (int i = size - 1; i >= 0; --i)
+        bytes += static_cast<char>((value >> (8 * i)) & 0xFF);
+    sqlite3_result_blob(context, bytes.constData(), static_cast<int>(bytes.size()),
+                        SQLITE_TRANSIENT);
+}
+
 // char(code): the character of code page 1252; NULL outside 0-255.
 void Char(sqlite3_context* context, int count, sqlite3_value** values) {
     if (AnyNull(context, count, values)) return;
@@ -390,6 +441,9 @@ void Install(sqlite3* db) {
         {"zlx_stuff", 4, &Stuff},
         {"zlx_ascii", 1, &Ascii},
         {"zlx_text_bytes", 2, &TextBytes},
+        {"zlx_bytes_text", 2, &BytesText},
+        {"zlx_hex", 1, &Hex},
+        {"zlx_integer_bytes", 2, &IntegerBytes},
         {"zlx_char", 1, &Char},
         {"zlx_nchar", 1, &NationalChar},
         {"zlx_concat", -1, &Concat},

@@ -3,6 +3,7 @@
 #include "platform/engines/Driver.h"
 #include "platform/tsql/PostgresDialect.h"
 #include "platform/tsql/SqliteDialect.h"
+#include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TypeNames.h"
 #include "platform/variant/ZlxAssert.h"
 
@@ -49,6 +50,11 @@ QString EngineDialect::Cast(const QString& value, const QString& tsqlType, bool 
             !scaled.isEmpty())
             return scaled;
     if (type == u"BIT") return BitCast(value);
+    // VARBINARY(n) keeps a binary value's first n bytes.
+    if (const auto bytes = VarbinaryLength(type); bytes && *bytes > 0)
+        return QStringLiteral("substr(CAST(%1 AS %2), 1, %3)")
+            .arg(value, CastType(QStringLiteral("VARBINARY(MAX)")))
+            .arg(*bytes);
     if (type == u"FLOAT" && !RealCast(value).isEmpty()) return RealCast(value);
     const QString engineType = CastType(type);
     if (engineType.isEmpty()) return {};
@@ -88,6 +94,11 @@ QString EngineDialect::TextBytes(const QString& value, bool national) const {
     return QStringLiteral("zlx_text_bytes(%1, %2)").arg(value).arg(national ? 1 : 0);
 }
 
+// Both engines have the function, made with their other functions.
+QString EngineDialect::BytesText(const QString& value, bool national) const {
+    return QStringLiteral("zlx_bytes_text(%1, %2)").arg(value).arg(national ? 1 : 0);
+}
+
 QString EngineDialect::DateCast(const QString& value, const QString& type) const {
     if (KindOfTsqlType(type) == ColumnKind::Integer) return Cast(DateDays(value), type, false);
     if (type == u"FLOAT" || type == u"REAL" || type.startsWith(u"DECIMAL") ||
@@ -117,8 +128,10 @@ QString EngineDialect::IndexSchemaOf(const QString& tsqlTable) const {
 
 ado::AdoError EngineDialect::MapError(const ado::AdoError& error) const {
     std::vector<ado::ErrorRecord> records;
-    for (const ado::ErrorRecord& record : error.Records())
+    for (const ado::ErrorRecord& record : error.Records()) {
         records.push_back(MapRecord(record));
+        if (IsRefusalText(record.description)) records.back().nativeError = ado::kNativeSyntax;
+    }
     return ado::AdoError(error.Number(), error.Description(), std::move(records));
 }
 

@@ -14,6 +14,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <span>
@@ -138,6 +139,13 @@ public:
     // `value`, a text, as the bytes SQL Server keeps of it: a byte a character in code page 1252,
     // or two (UTF-16) for a `national` text.
     QString TextBytes(const QString& value, bool national) const;
+    // `value`, a binary value, as the text SQL Server reads in its bytes: a character a byte in
+    // code page 1252, or one every two bytes (UTF-16) for a `national` text.
+    QString BytesText(const QString& value, bool national) const;
+    // `value`, a binary value, as its bytes' hexadecimal digits in capitals.
+    virtual QString BinaryHex(const QString& value) const = 0;
+    // `value`, an integer, as the last `count` (1 to 8) of its bytes, the highest first.
+    virtual QString IntegerBytes(const QString& value, int count) const = 0;
     // `value`, a number, written as SQL Server's CAST to text type `target` (lower case, no
     // length) writes it: `format` 'i' an integer, 'd' a DECIMAL of `scale` places, 'm' MONEY,
     // 'f' a FLOAT or REAL; past `length` characters (0: any) "*" or error 8115 as SQL Server.
@@ -364,6 +372,13 @@ public:
     virtual bool DropNamedDefault(const QString& table, const QString& name) = 0;
     // Whether the engine table has a constraint, or an index standing for one, named `name`.
     virtual bool HasConstraint(const QString& table, const QString& name) = 0;
+    // `error`, the failure of a statement that `rerun` runs again, naming the FOREIGN KEY
+    // constraint it broke (foreign key constraint "name") where the engine names none.
+    virtual ado::AdoError WithBrokenKeyNamed(const ado::AdoError& error,
+                                             const std::function<void()>& rerun) {
+        (void)rerun;
+        return error;
+    }
     // The FOREIGN KEY constraints of the T-SQL table and those of other tables that reference
     // it; none when there is no such table.
     virtual std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) = 0;

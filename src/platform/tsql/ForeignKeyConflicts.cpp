@@ -3,6 +3,7 @@
 #include "platform/engines/SqlServerMessages.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/ForeignKeyNames.h"
 #include "platform/tsql/SqlServerTexts.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlErrors.h"
@@ -36,8 +37,8 @@ QStringList NamesInParentheses(const Tokens& statement, std::size_t from) {
     return names;
 }
 
-// ALTER TABLE t ADD CONSTRAINT name FOREIGN KEY (a) REFERENCES p [(b)]: the key it adds, which
-// no catalog holds when adding it failed.
+// ALTER TABLE t ADD CONSTRAINT name FOREIGN KEY (a) REFERENCES p [(b)] (an unnamed key named as
+// the layer names it): the key it adds, which no catalog holds when adding it failed.
 std::optional<ForeignKey> AddedKey(const Tokens& statement, const QString& table) {
     if (statement.size() < 8 || !statement[0].IsWord(u"ALTER") || !statement[3].IsWord(u"ADD") ||
         !statement[4].IsWord(u"CONSTRAINT") || !statement[6].IsWord(u"FOREIGN"))
@@ -69,7 +70,7 @@ bool WritesReferringSide(const ForeignKey& key, const Tokens& statement, const Q
 
 std::optional<ForeignKey> FailedKey(const ado::ErrorRecord& record, const Tokens& statement,
                                     const QString& table, EngineDialect& dialect) {
-    if (auto added = AddedKey(statement, table)) return added;
+    if (auto added = AddedKey(WithForeignKeysNamed(statement), table)) return added;
     static const QRegularExpression named(QStringLiteral("foreign key constraint \"([^\"]+)\""));
     const QString engineName = named.match(record.description).captured(1);
     const std::vector<ForeignKey> keys = dialect.ForeignKeysAround(table);

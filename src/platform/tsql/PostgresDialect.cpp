@@ -120,6 +120,15 @@ QString PostgresDialect::DateOnly(const QString& value) const {
     return QStringLiteral("date_trunc('day', %1)").arg(value);
 }
 
+QString PostgresDialect::BinaryHex(const QString& value) const {
+    return QStringLiteral("upper(encode(%1, 'hex'))").arg(value);
+}
+
+// int8send writes the eight bytes of a bigint, the highest first.
+QString PostgresDialect::IntegerBytes(const QString& value, int count) const {
+    return QStringLiteral("substr(int8send(CAST(%1 AS bigint)), %2)").arg(value).arg(9 - count);
+}
+
 QString PostgresDialect::CastType(const QString& type) const {
     if (const auto text = SizedTextType(type))
         return (text->variable ? QStringLiteral("varchar(") : QStringLiteral("char(")) +
@@ -334,9 +343,9 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
             TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
-            FixedTextFunctions() + TextBytesFunction() + BitFunctions() + NumberFunctions() +
-            NumberTextFunctions() + DateReadingFunctions() + DateTypeFunctions() +
-            BuiltinFunctionsSql() +
+            FixedTextFunctions() + TextBytesFunction() + BytesTextFunction() + BitFunctions() +
+            NumberFunctions() + NumberTextFunctions() + DateReadingFunctions() +
+            DateTypeFunctions() + BuiltinFunctionsSql() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),

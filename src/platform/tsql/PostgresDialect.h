@@ -40,6 +40,8 @@ public:
     QString WidenedOperand(const QString& value) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
+    QString BinaryHex(const QString& value) const override;
+    QString IntegerBytes(const QString& value, int count) const override;
     QString TextCast(const QString& value, const QString& type) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
     QString ColumnType(const QString& type) const override;

@@ -3,6 +3,7 @@
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/SqlServerTexts.h"
+#include "platform/tsql/SqliteForeignKeys.h"
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -81,24 +82,6 @@ std::pair<QString, QString> SchemaAndCatalogName(const QString& table) {
     return {schema, Unquoted(name)};
 }
 
-// The name of the FOREIGN KEY of a table's definition whose first column is `column`: the
-// one its CONSTRAINT gives, else table_column_fkey (as PostgreSQL names them).
-QString ForeignKeyName(const QString& created, const QString& table, const QString& column) {
-    for (const Tokens& piece : SqliteTableRebuild::DefinitionPieces(created)) {
-        const auto key = std::find_if(piece.begin(), piece.end(), [](const Token& token) {
-            return token.IsWord(u"FOREIGN") || token.IsWord(u"REFERENCES");
-        });
-        if (key == piece.end()) continue;
-        const bool tableKey = key->IsWord(u"FOREIGN");
-        // A table's key names its columns after FOREIGN KEY (; a column's is the column.
-        const Token& first = tableKey && key + 3 < piece.end() ? *(key + 3) : piece.front();
-        if (first.text.compare(column, Qt::CaseInsensitive) != 0) continue;
-        const auto at = static_cast<std::size_t>(key - piece.begin());
-        if (at >= 2 && piece[at - 2].IsWord(u"CONSTRAINT")) return piece[at - 1].text;
-    }
-    return QStringLiteral("%1_%2_fkey").arg(table, column);
-}
-
 SqliteIdentities::Table IdentityTable(const QString& table) {
     const auto [schema, bare] = SchemaAndCatalogName(table);
     return {schema, bare};
@@ -112,6 +95,14 @@ std::span<const FunctionSpelling> SqliteDialect::Functions() const {
 
 QString SqliteDialect::DateOnly(const QString& value) const {
     return QStringLiteral("datetime(date(%1))").arg(value);
+}
+
+QString SqliteDialect::BinaryHex(const QString& value) const {
+    return QStringLiteral("zlx_hex(%1)").arg(value);
+}
+
+QString SqliteDialect::IntegerBytes(const QString& value, int count) const {
+    return QStringLiteral("zlx_integer_bytes(%1, %2)").arg(value).arg(count);
 }
 
 QString SqliteDialect::CastType(const QString& type) const {
@@ -588,6 +579,18 @@ bool SqliteDialect::HasConstraint(const QString& table, const QString& name) {
                 .empty();
 }
 
+ado::AdoError SqliteDialect::WithBrokenKeyNamed(const ado::AdoError& error,
+                                                const std::function<void()>& rerun) {
+    if (error.Records().empty() ||
+        !error.Records().front().description.contains(u"FOREIGN KEY constraint failed"))
+        return error;
+    const QString name = BrokenForeignKeyName(Access(), rerun);
+    if (name.isEmpty()) return error;
+    std::vector<ado::ErrorRecord> records = error.Records();
+    records.front().description += QStringLiteral(": foreign key constraint \"%1\"").arg(name);
+    return ado::AdoError(error.Number(), error.Description(), std::move(records));
+}
+
 std::vector<ForeignKey> SqliteDialect::ForeignKeysAround(const QString& tsqlTable) {
     const auto [schema, bare] = SchemaAndCatalogName(Access().EngineObjectName(tsqlTable));
     const auto rows = Access().Query(
@@ -601,11 +604,12 @@ std::vector<ForeignKey> SqliteDialect::ForeignKeysAround(const QString& tsqlTabl
     for (const auto& row : rows) {
         const QString id = row[0].ToString() + u'.' + row[1].ToString();
         if (id != last) {
-            keys.push_back({ForeignKeyName(row[5].ToString(), row[0].ToString(), row[3].ToString()),
-                            row[0].ToString(),
-                            {},
-                            row[2].ToString(),
-                            {}});
+            keys.push_back(
+                {SqliteForeignKeyName(row[5].ToString(), row[0].ToString(), row[3].ToString()),
+                 row[0].ToString(),
+                 {},
+                 row[2].ToString(),
+                 {}});
             last = id;
         }
         keys.back().columns << row[3].ToString();

@@ -50,6 +50,8 @@ public:
     QString DateDifference(const QString& later, const QString& earlier) const override;
     QString DateOnly(const QString& value) const override;
     QString CastType(const QString& type) const override;
+    QString BinaryHex(const QString& value) const override;
+    QString IntegerBytes(const QString& value, int count) const override;
     QString TextCast(const QString& value, const QString& type) const override;
     QString SizedTextColumnType(const QString& type) const override;
     QString ColumnType(const QString& type) const override;
@@ -91,6 +93,8 @@ public:
     void NameDefault(const QString& table, const QString& column, const QString& name) override;
     bool DropNamedDefault(const QString& table, const QString& name) override;
     bool HasConstraint(const QString& table, const QString& name) override;
+    ado::AdoError WithBrokenKeyNamed(const ado::AdoError& error,
+                                     const std::function<void()>& rerun) override;
     std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) override;
     QString IndexesQuery(const QString& schema) const override;
     bool RunDefinition(const Tokens& statement) override;

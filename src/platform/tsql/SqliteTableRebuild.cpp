@@ -3,20 +3,14 @@
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
+#include "platform/tsql/TypeNames.h"
 
-#include <QRegularExpression>
 #include <QScopeGuard>
 #include <QStringList>
 #include <algorithm>
 
 namespace zlx::tsql {
 namespace {
-
-bool IsTextType(const QString& type) {
-    static const QRegularExpression text(QStringLiteral("^\\s*N?(VAR)?CHAR\\b|^\\s*N?TEXT\\b"),
-                                         QRegularExpression::CaseInsensitiveOption);
-    return text.match(type).hasMatch();
-}
 
 bool IsConstraintStart(const Token& token) {
     static const QStringList words = {
@@ -159,7 +153,9 @@ void SqliteTableRebuild::ChangeType(const QString& column, const QString& type,
         if (!typeTokens.empty() && typeTokens.back().IsWord(u"NULL")) RemoveNullability(definition);
         const bool collated = std::any_of(definition.begin(), definition.end(),
                                           [](const Token& t) { return t.IsWord(u"COLLATE"); });
-        if (!collated && IsTextType(type)) {
+        const bool text = !typeTokens.empty() && typeTokens.front().kind == TokenKind::Word &&
+                          IsTextType(typeTokens.front().text.toUpper());
+        if (!collated && text) {
             const Tokens collation = WithLeadingBlank(Tokenize(QStringLiteral("COLLATE NOCASE")));
             typeTokens.insert(typeTokens.end(), collation.begin(), collation.end());
         }

@@ -204,6 +204,10 @@ void ThrowUnsupported(const QString& construct) {
     ThrowStatementError(kRefusal + construct, ado::kNativeSyntax);
 }
 
+bool IsRefusalText(const QString& description) {
+    return description.startsWith(kRefusal);
+}
+
 bool IsRefusal(const ado::AdoError& error) {
     return !error.Records().empty() && error.Records().front().source == kLayerSource &&
            error.Records().front().description.startsWith(kRefusal);

@@ -18,6 +18,8 @@ ado::AdoError StatementError(const QString& description, std::int32_t native,
 [[noreturn]] void ThrowUnsupported(const QString& construct);
 // Whether `error` is this layer's refusal of a construct (ThrowUnsupported).
 bool IsRefusal(const ado::AdoError& error);
+// Whether an engine's message is such a refusal, raised by one of the layer's functions as it ran.
+bool IsRefusalText(const QString& description);
 
 // `error`, raised by the engine for `statement` in `database`, with the native number SQL Server
 // gives the same fault (NULL into NOT NULL 515, division by zero 8134, an object that exists

@@ -6,6 +6,7 @@
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/ColumnAdditions.h"
 #include "platform/tsql/ForeignKeyConflicts.h"
+#include "platform/tsql/ForeignKeyNames.h"
 #include "platform/tsql/NamedDefaults.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/StatementTokens.h"
@@ -865,7 +866,8 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
             Reseed(table, 0);
         return true;
     }
-    return m_dialect->RunDefinition(statement);
+    // The key ALTER TABLE t ADD FOREIGN KEY adds has its name, as its translation would.
+    return m_dialect->RunDefinition(WithForeignKeysNamed(statement));
 }
 
 // SET IDENTITY_INSERT table ON|OFF: one table of the session at a time.
@@ -971,7 +973,10 @@ void TsqlSession::ExecuteMapped(const QString& sql, ado::ResultSink& sink, int t
     try {
         m_inner->Execute(sql, sink, timeoutSeconds);
     } catch (const ado::AdoError& error) {
-        throw m_dialect->MapError(error);
+        throw m_dialect->MapError(m_dialect->WithBrokenKeyNamed(error, [&] {
+            RowsSink ignored;
+            m_inner->Execute(sql, ignored, timeoutSeconds);
+        }));
     }
 }
 
@@ -981,7 +986,11 @@ bool TsqlSession::ExecutePrepared(const PreparedTranslation& prepared, ado::Resu
         return m_preparing->ExecuteKept(prepared.translation.sql, prepared.parameters, sink,
                                         timeoutSeconds);
     } catch (const ado::AdoError& error) {
-        throw m_dialect->MapError(error);
+        throw m_dialect->MapError(m_dialect->WithBrokenKeyNamed(error, [&] {
+            RowsSink ignored;
+            m_preparing->ExecuteKept(prepared.translation.sql, prepared.parameters, ignored,
+                                     timeoutSeconds);
+        }));
     }
 }
 

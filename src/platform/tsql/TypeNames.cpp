@@ -27,6 +27,15 @@ QString MaxAsLength(const QString& type) {
     return match.hasMatch() ? match.captured(1) + QStringLiteral("(2147483647)") : type;
 }
 
+std::optional<int> VarbinaryLength(const QString& type) {
+    static const QRegularExpression binary(
+        QStringLiteral("^VARBINARY\\s*(\\(\\s*(\\d+|MAX)\\s*\\))?$"));
+    const auto match = binary.match(type);
+    if (!match.hasMatch()) return std::nullopt;
+    const QString length = match.captured(2);
+    return length.isEmpty() ? 30 : length == u"MAX" ? 0 : length.toInt();
+}
+
 std::optional<DecimalDigits> DecimalType(const QString& type) {
     static const QRegularExpression decimal(
         QStringLiteral("^(?:DECIMAL|NUMERIC)\\s*(?:\\(\\s*(\\d+)\\s*(?:,\\s*(\\d+)\\s*)?\\))?$"),

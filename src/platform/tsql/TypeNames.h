@@ -24,6 +24,9 @@ std::optional<SizedText> SizedTextType(const QString& type);
 // VARCHAR(MAX) or NVARCHAR(MAX) as the sized type of a length no value reaches, so that a CAST
 // or CONVERT to it keeps the whole value; any other type as it is.
 QString MaxAsLength(const QString& type);
+// The bytes a VARBINARY(n) value keeps (VARBINARY alone: 30, as CAST and CONVERT take it; 0 for
+// VARBINARY(MAX)); nullopt for any other type.
+std::optional<int> VarbinaryLength(const QString& type);
 
 // DECIMAL(p,s), NUMERIC(p,s) (18 digits and scale 0 when not written), MONEY (19,4) and
 // SMALLMONEY (10,4): the digits a value may have and the places it is rounded to.

@@ -104,14 +104,16 @@ bool TypedExpressions::BeginsChain(size_t i) const {
     if (m_t[i].IsSymbol(u"(") && IsName(before) && !IsKeyword(before)) return false;
     // A sign after an operand is an operator.
     const bool sign = m_t[i].IsSymbol(u"-") || m_t[i].IsSymbol(u"+");
-    return !(sign && (before.IsSymbol(u")") || before.kind == TokenKind::Number ||
-                      before.kind == TokenKind::String || (IsName(before) && !IsKeyword(before))));
+    return !(sign &&
+             (before.IsSymbol(u")") || before.IsWord(u"END") || before.kind == TokenKind::Number ||
+              before.kind == TokenKind::String || (IsName(before) && !IsKeyword(before))));
 }
 
 std::optional<TypedExpressions::Typed> TypedExpressions::OperandAt(size_t i) const {
     const size_t first = i;
     if (m_t.SymbolAt(i, u"-") || m_t.SymbolAt(i, u"+")) ++i;
     const Token* token = m_t.At(i);
+    if (token && token->IsWord(u"CASE")) return Typed{first, CaseEnd(i), {}, false};
     if (!token || IsKeyword(*token)) return std::nullopt;
     if (token->kind == TokenKind::Symbol && !token->IsSymbol(u"(")) return std::nullopt;
     const size_t end = m_t.PrimaryEnd(i);
@@ -211,6 +213,7 @@ QString TypedExpressions::TypeOf(size_t first, size_t last) {
         break;
     }
     if (!IsName(token) || token.IsWord(u"NULL")) return {};
+    if (token.IsWord(u"CASE")) return ResultType(CaseValues(first));
     if (m_t.SymbolAt(first + 1, u"(")) return CallType(first);
     return IsName(m_t[last - 1]) ? m_columns.Type(last - 1) : QString();
 }
@@ -230,6 +233,7 @@ QString TypedExpressions::CallType(size_t name) {
     if (integers.contains(function)) return QStringLiteral("INT");
     if (function == u"COUNT_BIG") return QStringLiteral("BIGINT");
     if (function == u"CAST" || function == u"CONVERT") return m_t.ConversionType(name);
+    if (function == u"COALESCE" || function == u"IIF") return ResultType(CallValues(name));
     const std::vector<size_t> commas = m_t.Commas(open, close);
     const size_t firstEnd = commas.empty() ? close : commas.front();
     if (!sameType.contains(function) || !OperandAt(open + 1)) return {};

@@ -72,7 +72,13 @@ private:
     void ConvertBranchColumns(const std::vector<size_t>& selects);
     // The values of CASE, IIF, COALESCE and ISNULL (TypedExpressions_results).
     void ConvertResultTexts();
+    std::vector<size_t> CallValues(size_t name) const;
     std::vector<size_t> CaseValues(size_t at) const;
+    // The token after the END of the CASE at `at`.
+    size_t CaseEnd(size_t at) const;
+    std::optional<std::vector<Typed>> ResultValues(const std::vector<size_t>& starts);
+    std::vector<QString> NumberTypesOf(const std::vector<Typed>& values) const;
+    QString ResultType(const std::vector<size_t>& starts);
     void ConvertResultValues(const std::vector<size_t>& starts, bool first);
 
     // A text met by a number takes the number's type (TypedExpressions_textnumbers).
@@ -83,14 +89,17 @@ private:
     static QString SetColumnType(const std::vector<QString>& types);
     void WrapAsNumber(const Typed& text, const QString& type);
 
-    // CAST and CONVERT of numbers to text types and of texts to VARBINARY(MAX)
+    // CAST and CONVERT of numbers to text types and of texts and integers to VARBINARY types
     // (TypedExpressions_casts).
     void WrapNumberTextCasts();
     void WrapNumberText(const Typed& value, const QString& target, int length);
     void WrapStyledNumberText(const Typed& value, size_t comma, size_t close, const QString& target,
                               int length);
-    // CAST and CONVERT to VARBINARY(MAX) of a text (TypedExpressions_casts).
-    void WrapTextBytes(const Typed& value);
+    // CAST and CONVERT to a VARBINARY type `target` (TypedExpressions_casts).
+    void WrapTextBytes(const Typed& value, const QString& target);
+    bool IsBinaryValue(const Typed& value) const;
+    // CAST and CONVERT of a binary value to a text type (TypedExpressions_casts).
+    void WrapBinaryText(const Typed& value, size_t comma, size_t close, const QString& target);
     void WrapLengthOfNumber(const Typed& value);
 
     // SUM, AVG, DATALENGTH, LEN and POWER calls whose result the engine's call gives.

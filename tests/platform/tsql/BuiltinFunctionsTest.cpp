@@ -163,3 +163,18 @@ TEST_P(BuiltinFunctionsTest, SoundexRefusesTextsOfOtherCharacters) {
     EXPECT_EQ(Value(QStringLiteral("SELECT SOUNDEX('smith jones'), SOUNDEX('Lloyd-Ñ')")),
               "S530|L300");
 }
+
+// Conversions of binary values that SQL Server answers otherwise are refused by name: a style
+// that is none of binary's, a number that is no integer, a national text of an odd count of
+// bytes (the engine's function refuses it as it runs).
+TEST_P(BuiltinFunctionsTest, BinaryConversionsRefuseWhatTheyCannotAnswerByName) {
+    EXPECT_TRUE(
+        Refusal(QStringLiteral("SELECT CONVERT(VARCHAR(10), 0x41, 3)")).contains(u"estilo 3"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT CAST(1.5 AS VARBINARY(4))"))
+                    .contains(u"VARBINARY(4) de DECIMAL"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT CONVERT(VARBINARY(4), 'ab', 1)"))
+                    .contains(u"VARBINARY(4) con estilo"));
+    EXPECT_TRUE(Refusal(QStringLiteral("SELECT CAST(0x410042 AS NVARCHAR(4))")).contains(u"impar"));
+    EXPECT_EQ(Value(QStringLiteral("SELECT CAST(0x41004200 AS NVARCHAR(4))")),
+              QStringLiteral("AB"));
+}

@@ -2,11 +2,13 @@
 #include "QtPrinters.h"
 #include "platform/engines/AdoError.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/ForeignKeyNames.h"
 #include "platform/tsql/PostgresDialect.h"
 #include "platform/tsql/SqliteDialect.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TsqlTranslator.h"
 
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 using namespace zlx::tsql;
@@ -91,6 +93,41 @@ TEST(TsqlTranslator, DateDefaultZeroIsTheDateNumberedZero) {
     EXPECT_EQ(TsqlTranslator(Context(Target::PostgreSQL)).Translate(statement.front()).sql,
               "ALTER TABLE t ADD Alta timestamp(3) NOT NULL DEFAULT '1900-01-01 00:00:00', n INT "
               "DEFAULT 0");
+}
+
+// A FOREIGN KEY without a name takes SQL Server's: FK__, the table cut to nine characters, the
+// first column cut to what thirty characters leave, eight hexadecimal digits; a named one keeps
+// its name, in both forms of the column's key and in the table's.
+TEST(TsqlTranslator, UnnamedForeignKeysTakeSqlServersNames) {
+    const QString created = Translated(
+        QStringLiteral("CREATE TABLE OrderDetails (id INT, OrderId INT REFERENCES Orders (id), "
+                       "ProductId INT FOREIGN KEY REFERENCES Products, Batch INT CONSTRAINT "
+                       "fk_batch REFERENCES Batches, FOREIGN KEY (Batch, id) REFERENCES Lots)"),
+        Target::PostgreSQL);
+    const QRegularExpression names(QStringLiteral("CONSTRAINT (\\w+) (REFERENCES|FOREIGN)"));
+    QStringList found;
+    for (const auto& match : names.globalMatch(created))
+        found << match.captured(1);
+    ASSERT_EQ(found.size(), 4) << created.toStdString();
+    EXPECT_TRUE(found[0].startsWith(u"FK__OrderDeta__Order__"));
+    EXPECT_TRUE(found[1].startsWith(u"FK__OrderDeta__Produ__"));
+    EXPECT_EQ(found[2], QStringLiteral("fk_batch"));
+    EXPECT_TRUE(found[3].startsWith(u"FK__OrderDeta__Batch__"));
+    for (const QString& name : {found[0], found[1], found[3]})
+        EXPECT_TRUE(QRegularExpression(QStringLiteral("^FK__\\w+__\\w+__[0-9A-F]{8}$"))
+                        .match(name)
+                        .hasMatch())
+            << name.toStdString();
+    EXPECT_EQ(SqlServerForeignKeyName(QStringLiteral("Cart"), QStringLiteral("ID_CUSTOMER"),
+                                      QStringLiteral("Customers"), 1)
+                  .left(20),
+              QStringLiteral("FK__Cart__ID_CUSTOME"));
+    EXPECT_NE(
+        SqlServerForeignKeyName(QStringLiteral("t"), QStringLiteral("a"), QStringLiteral("p"), 1),
+        SqlServerForeignKeyName(QStringLiteral("t"), QStringLiteral("a"), QStringLiteral("p"), 2));
+    EXPECT_TRUE(
+        Translated(QStringLiteral("ALTER TABLE t ADD FOREIGN KEY (a) REFERENCES p"), Target::SQLite)
+            .startsWith(u"ALTER TABLE t ADD CONSTRAINT FK__t__a__"));
 }
 
 TEST(TsqlTranslator, ExclusiveHintNamesTheTable) {
