@@ -6,6 +6,7 @@
 #include "platform/tsql/DistinctTexts.h"
 #include "platform/tsql/ForeignKeyNames.h"
 #include "platform/tsql/LargeTextRefusals.h"
+#include "platform/tsql/NiladicFunctions.h"
 #include "platform/tsql/OffsetFetch.h"
 #include "platform/tsql/QueryHints.h"
 #include "platform/tsql/RecursionLimit.h"
@@ -78,6 +79,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
     StatementTokens tokens(statement);
     UnsupportedClauses(tokens, DialectOf(m_context)).Check();
     ConditionPlacement(tokens).Check();
+    NiladicFunctions(tokens).Rewrite();
     Translation translation;
     NameUnnamedForeignKeys(tokens);
     TableDefinitionRewriter definitions(tokens, m_context);

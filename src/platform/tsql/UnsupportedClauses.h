@@ -2,7 +2,8 @@
 // SQL Server clauses the layer does not write for the engines: refused with 0x80040E14 naming
 // the clause, where an engine would answer with a syntax error near some other word or, worse,
 // read the clause its own way. OUTPUT, MERGE, PIVOT, UNPIVOT, CROSS/OUTER APPLY, FOR XML/JSON
-// and WITH ROLLUP or CUBE on every engine; what a dialect lacks itself (SQLite: ROLLUP(...),
+// and WITH ROLLUP or CUBE and the built-in functions it does not write (HASHBYTES, JSON_VALUE,
+// TRANSLATE, OBJECTPROPERTY ...) on every engine; what a dialect lacks itself (SQLite: ROLLUP(...),
 // CUBE(...), GROUPING SETS, GROUPING(...), comparisons with ALL, ANY or SOME) where it lacks it.
 
 #include "platform/tsql/StatementTokens.h"
