@@ -243,6 +243,8 @@ QString TypedExpressions::CallType(size_t name) {
     if ((function == u"SUM" || function == u"AVG") && NumberRank(argument->type) >= 1 &&
         NumberRank(argument->type) <= 3)
         return QStringLiteral("INT");
+    // A decimal literal's power keeps the literal's own scale.
+    if (function == u"POWER" && argument->type == u"DECIMAL") return NumberTypeOf(*argument);
     return argument->type;
 }
 
@@ -274,6 +276,11 @@ void TypedExpressions::WrapCalls() {
             AddWrap(i, end, m_dialect.IntegerResult(kValue, type));
         else if (power && IsIntegerType(type)) // POWER(2, -1) is 0, as an integer's power
             AddWrap(i, end, m_dialect.IntegerCast(kValue, type));
+        else if (const auto digits = power ? DecimalType(type) : std::nullopt)
+            // A decimal's power keeps its scale: POWER(2.0, 0.5) is 1.4.
+            AddWrap(
+                i, end,
+                m_dialect.Cast(kValue, QStringLiteral("DECIMAL(38,%1)").arg(digits->scale), false));
     }
 }
 
