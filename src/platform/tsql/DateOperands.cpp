@@ -35,10 +35,49 @@ std::optional<ado::DateType> DateOperands::DeclaredType(size_t first, size_t end
         const TableColumn* column = m_columns.Find(end - 1);
         return column ? ado::DateType::Named(column->type) : std::nullopt;
     }
+    if (m_t.SymbolAt(first, u"(") && m_t.Close(first) + 1 == end)
+        return DeclaredType(first + 1, end - 1);
+    // Days added to or taken from a DATETIME or SMALLDATETIME keep its type.
+    if (const size_t left = ArithmeticOperandEnd(first, end); left != first)
+        return DeclaredType(first, left);
     const size_t close = end - 1;
     if (!m_t.SymbolAt(first + 1, u"(") || m_t.Close(first + 1) != close) return std::nullopt;
     if (m_t.WordAt(first, u"SYSDATETIME")) return ado::DateType{ado::DateTypeKind::DateTime2, 7};
+    // The smallest, largest or first value of dates is of their type.
+    if (IsAnyWord(m_t[first], {u"MIN", u"MAX", u"ISNULL", u"COALESCE"})) {
+        const size_t open = first + 1;
+        const auto arguments = m_t.Items(open, close, m_t.Commas(open, close));
+        return DeclaredType(arguments.front().first, arguments.front().second);
+    }
     return ado::DateType::Named(m_t.ConversionType(first));
+}
+
+size_t DateOperands::ArithmeticOperandEnd(size_t first, size_t end) const {
+    const size_t left = m_t.PrimaryEnd(first);
+    if (left == first || left >= end || !(m_t.SymbolAt(left, u"+") || m_t.SymbolAt(left, u"-")) ||
+        m_t.ExpressionEnd(first) < end)
+        return first;
+    return left;
+}
+
+// A CASE ... END is a date when one of its results (after THEN and ELSE) is: SQL Server gives
+// it the type of highest precedence among them.
+DateOperands::Kind DateOperands::CaseKind(size_t first, size_t end) const {
+    int depth = 0;
+    size_t value = 0;
+    for (size_t k = first + 1; k < end; ++k) {
+        const Token& t = m_t[k];
+        const bool last = k + 1 == end;
+        if (depth == 0 && (last || IsAnyWord(t, {u"WHEN", u"THEN", u"ELSE"}))) {
+            if (value && KindOf(value, k) == Kind::Date) return Kind::Date;
+            value = IsAnyWord(t, {u"THEN", u"ELSE"}) ? k + 1 : 0;
+        }
+        if (t.IsSymbol(u"(") || t.IsWord(u"CASE"))
+            ++depth;
+        else if (t.IsSymbol(u")") || t.IsWord(u"END"))
+            --depth;
+    }
+    return Kind::Unknown;
 }
 
 std::optional<ado::DateType> DateOperands::ComparedType(size_t i) const {
@@ -57,6 +96,10 @@ DateOperands::Kind DateOperands::KindOf(size_t first, size_t end) const {
     if (token.kind == TokenKind::Word && m_t.SymbolAt(first + 1, u"(") &&
         m_t.Close(first + 1) + 1 == end)
         return CallKind(first, end - 1);
+    if (token.IsWord(u"CASE") && m_t.WordAt(end - 1, u"END")) return CaseKind(first, end);
+    // Days added to or taken from a date, or a date taken from a date, are a DATETIME.
+    if (const size_t left = ArithmeticOperandEnd(first, end); left != first)
+        return KindOf(first, left) == Kind::Date ? Kind::Date : Kind::Unknown;
     return Kind::Unknown;
 }
 

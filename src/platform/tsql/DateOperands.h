@@ -22,11 +22,13 @@ public:
                  StoredValues& stored, const StatementColumns& columns);
 
     // Whether the operand [first, end) is a date: a date column, GETDATE(), DATEADD(...),
-    // EOMONTH(...), a CAST or CONVERT to a date type, or MIN, MAX, ISNULL or COALESCE of one.
+    // EOMONTH(...), a CAST or CONVERT to a date type, MIN, MAX, ISNULL or COALESCE of one, a
+    // CASE with a date among its results, or days added to or taken from a date.
     bool IsDate(size_t first, size_t end) const { return KindOf(first, end) == Kind::Date; }
 
     // The date type of the operand [first, end) when the statement tells it: a column of one of
-    // its tables, a CAST or CONVERT to a date type or SYSDATETIME(); nullopt otherwise.
+    // its tables, a CAST or CONVERT to a date type, SYSDATETIME(), MIN, MAX, ISNULL or COALESCE
+    // of such a value or days added to it; nullopt otherwise.
     std::optional<ado::DateType> DeclaredType(size_t first, size_t end) const;
 
     // The date type of the operand that the literal at `i` is compared with (=, <, BETWEEN, IN)
@@ -43,6 +45,10 @@ private:
 
     Kind KindOf(size_t first, size_t end) const;
     Kind CallKind(size_t name, size_t close) const;
+    Kind CaseKind(size_t first, size_t end) const;
+    // Where the first operand of [first, end) ends when [first, end) is that operand plus or
+    // minus others; `first` for any other expression.
+    size_t ArithmeticOperandEnd(size_t first, size_t end) const;
     // The kind of the column named at `i`, from the statement's tables.
     Kind ColumnKindAt(size_t i) const;
     // The kind of a column known by its name alone (one of a table whose columns are not known).

@@ -89,6 +89,9 @@ QString StatementWriter::Range(size_t begin, size_t end) {
 size_t StatementWriter::Emit(size_t i, size_t end, QString& out,
                              std::multimap<size_t, QString>& limits) {
     const Token& t = m_t[i];
+    if (i != m_dateValue)
+        if (const size_t dateEnd = SelectedDateEnd(i); dateEnd != 0 && dateEnd <= end)
+            return EmitSelectedDate(i, dateEnd, out);
     switch (t.kind) {
     case TokenKind::QuotedName:
     case TokenKind::Word:
@@ -308,12 +311,8 @@ size_t StatementWriter::EmitName(size_t i, size_t end, QString& out,
                                     m_dialect.TextResultCollation());
         }
         if (call) {
-            QString written;
-            const size_t next = EmitFunction(i, written);
-            if (next != i) {
-                out += SelectedDateValue(i, next, written);
-                return next;
-            }
+            const size_t next = EmitFunction(i, out);
+            if (next != i) return next;
         }
         if (t.IsWord(u"ORDER") && m_t.WordAt(i + 1, u"BY")) return EmitOrderBy(i, end, out);
         if (!m_dialect.LikeOperator(false).isEmpty()) {

@@ -154,10 +154,12 @@ private:
 
     // Whether [i, end) is a date (DateOperands).
     bool IsDateOperand(size_t i, size_t end) const;
-    // The call [first, end), `written`, typed as its date type when it is a date and a whole
-    // value of the statement's SELECT list (so that it reads back as a date, not as a text).
-    QString SelectedDateValue(size_t first, size_t end, const QString& written) const;
-    bool IsSelectedValue(size_t first, size_t end) const;
+    // Where the value of the SELECT list that begins at `first` ends (before its alias) when it
+    // is a date other than a column; 0 otherwise.
+    size_t SelectedDateEnd(size_t first) const;
+    // The value [first, end) typed as its date type, so that it reads back as a date, not as a
+    // text.
+    size_t EmitSelectedDate(size_t first, size_t end, QString& out);
     // The text literal at `i` compared with a DATE, TIME, SMALLDATETIME or DATETIME2 operand,
     // read as that operand's type (as SQL Server converts it); empty for any other literal.
     QString ComparedDateLiteral(size_t i) const;
@@ -180,6 +182,7 @@ private:
     std::vector<std::pair<size_t, size_t>> m_selected; // the values of a SELECT statement
     static constexpr size_t kNone = static_cast<size_t>(-1);
     size_t m_plainOperand = kNone; // the operand EmitDateArithmetic is writing
+    size_t m_dateValue = kNone;    // the value EmitSelectedDate is writing
     // The value each RAND call drew, by its position: a part of a statement may be written more
     // than once, its RAND drawn once.
     std::map<size_t, QString> m_randoms;

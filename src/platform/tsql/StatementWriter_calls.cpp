@@ -249,14 +249,6 @@ bool StatementWriter::IsDateOperand(size_t i, size_t end) const {
     return DateOperands(m_t, m_context, m_stored, m_columns).IsDate(i, end);
 }
 
-QString StatementWriter::SelectedDateValue(size_t first, size_t end, const QString& written) const {
-    if (!IsSelectedValue(first, end) || !IsDateOperand(first, end)) return written;
-    const auto type = DateOperands(m_t, m_context, m_stored, m_columns).DeclaredType(first, end);
-    const QString& lead = m_t[first].leading;
-    return lead +
-           m_dialect.TypedDateResult(written.mid(lead.size()), type.value_or(ado::DateType{}));
-}
-
 QString StatementWriter::ComparedDateLiteral(size_t i) const {
     const auto type = DateOperands(m_t, m_context, m_stored, m_columns).ComparedType(i);
     if (!type || type->kind == ado::DateTypeKind::DateTime) return {};
@@ -264,13 +256,37 @@ QString StatementWriter::ComparedDateLiteral(size_t i) const {
                                                 type->Spelling());
 }
 
-// The value alone, or followed by its alias (x a, x AS a).
-bool StatementWriter::IsSelectedValue(size_t first, size_t end) const {
-    return std::any_of(m_selected.begin(), m_selected.end(), [&](const auto& item) {
-        const auto& [itemFirst, itemEnd] = item;
-        return itemFirst == first && (itemEnd == end || (itemEnd == end + 1 && IsName(m_t[end])) ||
-                                      (itemEnd == end + 2 && m_t.WordAt(end, u"AS")));
-    });
+size_t StatementWriter::SelectedDateEnd(size_t first) const {
+    const auto item = std::find_if(m_selected.begin(), m_selected.end(),
+                                   [&](const auto& value) { return value.first == first; });
+    if (item == m_selected.end()) return 0;
+    size_t end = item->second;
+    const auto endsOperand = [&](size_t i) {
+        const Token& t = m_t[i];
+        return t.kind == TokenKind::QuotedName || t.kind == TokenKind::Number ||
+               t.kind == TokenKind::String || t.IsSymbol(u")") ||
+               (t.kind == TokenKind::Word && !IsClauseWord(t));
+    };
+    if (end >= first + 3 && m_t.WordAt(end - 2, u"AS"))
+        end -= 2;
+    else if (end >= first + 2 && IsName(m_t[end - 1]) && !m_t.WordAt(end - 1, u"END") &&
+             endsOperand(end - 2))
+        end -= 1;
+    // A column is read back in its own type. A value in parentheses is answered as the engine
+    // holds it: the batch reads a date variable's value so, to the tick.
+    if (m_t.NamedColumn(first, end) || (m_t.SymbolAt(first, u"(") && m_t.Close(first) + 1 == end) ||
+        !IsDateOperand(first, end))
+        return 0;
+    return end;
+}
+
+size_t StatementWriter::EmitSelectedDate(size_t first, size_t end, QString& out) {
+    m_dateValue = first;
+    const QString value = Range(first, end).trimmed();
+    m_dateValue = kNone;
+    const auto type = DateOperands(m_t, m_context, m_stored, m_columns).DeclaredType(first, end);
+    out += m_t[first].leading + m_dialect.TypedDateResult(value, type.value_or(ado::DateType{}));
+    return end;
 }
 
 size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {

@@ -72,6 +72,31 @@ TEST_P(DateCastTest, SelectedCastsAreDatesOfTheirTypeAndOfNoTable) {
     EXPECT_EQ(result.firstRow[3].ToInvariantString(), u"2024-03-15 18:46:00");
 }
 
+// Days added to a date, a date taken from another, the smallest or largest of dates and a CASE
+// or COALESCE of them are dates of their type too, not the engine's texts.
+TEST_P(DateCastTest, SelectedDateExpressionsAreDatesOfTheirType) {
+    Exec(QStringLiteral("CREATE TABLE turnos (dia DATE, alta DATETIME, corto SMALLDATETIME)"));
+    Exec(QStringLiteral(
+        "INSERT INTO turnos VALUES ('16/03/2024', '15/03/2024 10:00', '17/03/2024 08:00')"));
+    const auto result = Columns(QStringLiteral(
+        "SELECT alta + 1, alta - 1 AS ayer, MAX(dia) ultimo, MIN(corto), corto + 1, "
+        "alta - '14/03/2024', CASE WHEN 1 = 1 THEN alta END, COALESCE(alta, GETDATE()) "
+        "FROM turnos GROUP BY alta, corto"));
+    ASSERT_EQ(result.firstRow.size(), 8u);
+    const ado::DataTypeEnum expected[] = {
+        ado::adDBTimeStamp, ado::adDBTimeStamp, ado::adDBDate,      ado::adDBTimeStamp,
+        ado::adDBTimeStamp, ado::adDBTimeStamp, ado::adDBTimeStamp, ado::adDBTimeStamp};
+    const char* values[] = {"2024-03-16 10:00:00", "2024-03-14 10:00:00", "2024-03-16 00:00:00",
+                            "2024-03-17 08:00:00", "2024-03-18 08:00:00", "1900-01-02 10:00:00",
+                            "2024-03-15 10:00:00", "2024-03-15 10:00:00"};
+    for (size_t i = 0; i < 8; ++i) {
+        EXPECT_EQ(result.columns[i].type, expected[i]) << "column " << i;
+        ASSERT_NE(result.firstRow[i].Get<Date>(), nullptr) << "column " << i;
+        EXPECT_EQ(result.firstRow[i].ToInvariantString(), QString::fromLatin1(values[i]))
+            << "column " << i;
+    }
+}
+
 TEST_P(DateCastTest, DateVariablesReadBackAsTheirType) {
     const auto result = Columns(QStringLiteral(
         "DECLARE @d DATE = '15/03/2024 10:00', @t TIME(0) = '10:30:15.6', @m DATETIME2(3) = "
