@@ -3,6 +3,8 @@
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/TsqlErrors.h"
 
+#include <QSet>
+
 namespace zlx::tsql {
 
 QualifiedNameWriter::QualifiedNameWriter(const StatementTokens& tokens,
@@ -11,6 +13,9 @@ QualifiedNameWriter::QualifiedNameWriter(const StatementTokens& tokens,
 
 size_t QualifiedNameWriter::Write(size_t i, QString& out) {
     const Token& first = m_t[i];
+    if ((m_t.WordAt(i - 1, u"FROM") || m_t.WordAt(i - 1, u"JOIN")) &&
+        IsUnprovidedSystemTable(first.text))
+        ThrowUnsupported(first.text.toLower());
     // A name on its own, the usual case, is written without taking it apart.
     const bool qualified = m_t.SymbolAt(i + 1, u".") && m_t.At(i + 2) &&
                            m_t[i + 1].leading.isEmpty() && m_t[i + 2].leading.isEmpty();
@@ -85,6 +90,39 @@ bool QualifiedNameWriter::IsCatalogTable(const QString& table) {
     for (const char16_t* name : {u"sysobjects", u"syscolumns", u"sysdatabases", u"sysprocesses"})
         if (table.compare(QStringView(name), Qt::CaseInsensitive) == 0) return true;
     return false;
+}
+
+// SQL Server's other system tables of every database and of master, which the session does not
+// make: an engine would answer 208 as for a table the database lacks.
+bool QualifiedNameWriter::IsUnprovidedSystemTable(const QString& table) {
+    static const QSet<QString> tables = {u"sysindexes"_qs,
+                                         u"sysindexkeys"_qs,
+                                         u"systypes"_qs,
+                                         u"sysusers"_qs,
+                                         u"syscomments"_qs,
+                                         u"sysconstraints"_qs,
+                                         u"sysreferences"_qs,
+                                         u"sysforeignkeys"_qs,
+                                         u"sysfiles"_qs,
+                                         u"sysfilegroups"_qs,
+                                         u"syslogins"_qs,
+                                         u"sysservers"_qs,
+                                         u"syspermissions"_qs,
+                                         u"sysprotects"_qs,
+                                         u"sysdepends"_qs,
+                                         u"sysmembers"_qs,
+                                         u"syslocks"_qs,
+                                         u"sysmessages"_qs,
+                                         u"syslanguages"_qs,
+                                         u"sysconfigures"_qs,
+                                         u"sysaltfiles"_qs,
+                                         u"syscharsets"_qs,
+                                         u"sysdevices"_qs,
+                                         u"sysperfinfo"_qs,
+                                         u"sysfulltextcatalogs"_qs,
+                                         u"syscacheobjects"_qs,
+                                         u"sysremotelogins"_qs};
+    return tables.contains(table.toLower());
 }
 
 // INFORMATION_SCHEMA.TABLES and .COLUMNS are views the session makes, named zlx_information_*:

@@ -22,6 +22,7 @@ public:
 
 private:
     // The SQL Server catalog tables are views of the session (master..sysdatabases included).
+    static bool IsUnprovidedSystemTable(const QString& table);
     static bool IsCatalogTable(const QString& table);
     bool NeedsQuotes(size_t i) const;
 

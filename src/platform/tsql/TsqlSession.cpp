@@ -851,10 +851,14 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
                           Context());
         return true;
     }
+    // DROP INDEX t.i, or DROP INDEX i ON [schema.]t.
     if (StartsWith(statement, {u"DROP", u"INDEX"}) && statement.size() >= 5 &&
-        statement[3].IsSymbol(u".")) {
-        Run(QStringLiteral("DROP INDEX ") + m_dialect->IndexSchemaOf(statement[2].text) +
-            EngineIndexName(statement[2].text, statement[4].text));
+        (statement[3].IsSymbol(u".") || statement[3].IsWord(u"ON"))) {
+        const bool on = statement[3].IsWord(u"ON");
+        const QString& table = on ? statement.back().text : statement[2].text;
+        const QString& index = on ? statement[2].text : statement[4].text;
+        Run(QStringLiteral("DROP INDEX ") + m_dialect->IndexSchemaOf(table) +
+            EngineIndexName(table, index));
         return true;
     }
     if (StartsWith(statement, {u"TRUNCATE", u"TABLE"}) && statement.size() >= 3) {

@@ -175,6 +175,7 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
           "SELECT name FROM sys.tables", "CREATE TABLE calculos (a INT, doble AS (a * 2))",
           "ALTER TABLE calculos ADD triple AS a * 3",
           "SELECT * FROM INFORMATION_SCHEMA.TABLE_CONSTRAINTS",
+          "SELECT name FROM sysindexes WHERE id = 1",
           // What SQLite lacks itself.
           "SELECT a, SUM(n) FROM t GROUP BY ROLLUP(a)",
           "SELECT GROUPING(a), SUM(n) FROM t GROUP BY GROUPING SETS ((a), ())",
