@@ -164,6 +164,8 @@ private:
     // read as that operand's type (as SQL Server converts it); empty for any other literal.
     QString ComparedDateLiteral(size_t i) const;
 
+    // Whether the operand [first, last] stands beside +, -, *, / or %.
+    bool IsArithmeticOperand(size_t first, size_t last) const;
     // CAST(x AS type); CAST(FLOOR(CAST(x AS FLOAT)) AS DATETIME) is the date of x at midnight.
     size_t EmitCast(size_t cast, size_t close, QString& out);
     size_t EmitTryConversion(size_t name, size_t close, QString& out);

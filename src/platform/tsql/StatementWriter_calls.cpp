@@ -339,10 +339,25 @@ size_t StatementWriter::EmitCast(size_t cast, size_t close, QString& out) {
     const bool textLiteral = as == cast + 3 && m_t[cast + 2].kind == TokenKind::String;
     if (textLiteral && KindOfTsqlType(type) == ColumnKind::Integer)
         RequireIntegerText(m_t[cast + 2].text);
-    const QString sql = m_dialect.Cast(Range(cast + 2, as).trimmed(), type, textLiteral);
+    const QString value = Range(cast + 2, as).trimmed();
+    // A BIT in arithmetic is the number 0 or 1 (a Boolean on PostgreSQL would take no operator).
+    const QString sql =
+        type == u"BIT" && IsArithmeticOperand(cast, close) && !m_dialect.StoredBit(value).isEmpty()
+            ? m_dialect.StoredBit(value)
+            : m_dialect.Cast(value, type, textLiteral);
     if (sql.isEmpty()) ThrowUnsupported(QStringLiteral("CAST AS ") + type);
     out += lead + sql;
     return close + 1;
+}
+
+bool StatementWriter::IsArithmeticOperand(size_t first, size_t last) const {
+    const auto isOperator = [&](size_t i) {
+        const Token* t = m_t.At(i);
+        return t && t->kind == TokenKind::Symbol &&
+               (t->IsSymbol(u"+") || t->IsSymbol(u"-") || t->IsSymbol(u"*") || t->IsSymbol(u"/") ||
+                t->IsSymbol(u"%"));
+    };
+    return isOperator(first - 1) || isOperator(last + 1);
 }
 
 // TRY_CAST(x AS type) and TRY_CONVERT(type, x[, style]) to a number type: CAST's answer, NULL
