@@ -4,6 +4,7 @@
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/engines/SqliteFunctionTable.h"
 
+#include <chrono>
 #include <cmath>
 #include <sqlite3.h>
 
@@ -160,6 +161,16 @@ void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
     ResultText(context, StoredDateText(reading, *type));
 }
 
+// zlx_sysdatetime(): the system clock's local time to the 100-nanosecond tick, as SYSDATETIME()
+// answers it.
+void SysDateTimeFunction(sqlite3_context* context, int, sqlite3_value**) {
+    const auto since = std::chrono::system_clock::now().time_since_epoch();
+    const qint64 nanoseconds = std::chrono::duration_cast<std::chrono::nanoseconds>(since).count();
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(nanoseconds / 1000000);
+    const QDateTime wallClock(local.date(), local.time(), Qt::UTC);
+    ResultText(context, MomentText({wallClock, 0, static_cast<int>(nanoseconds % 1000000 / 100)}));
+}
+
 } // namespace
 
 void Install(sqlite3* db) {
@@ -171,6 +182,9 @@ void Install(sqlite3* db) {
         {"zlx_dateplus", 2, &DatePlusFunction},   {"zlx_astype", 2, &AsTypeFunction},
     };
     InstallDeterministic(db, functions);
+    // The clock answers anew at each call.
+    sqlite3_create_function(db, "zlx_sysdatetime", 0, SQLITE_UTF8, nullptr, &SysDateTimeFunction,
+                            nullptr, nullptr);
 }
 
 } // namespace zlx::ado::SqliteDates

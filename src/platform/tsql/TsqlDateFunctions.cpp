@@ -72,14 +72,15 @@ void RequireStyleOfType(int style, const ado::DateType& type) {
         ThrowUnsupported(QStringLiteral("CONVERT con estilo %1 de %2").arg(style).arg(type.Name()));
 }
 
-// DATEADD by a unit of the day on a TIME or of the time on a DATE is SQL Server's error 9810.
-void RequireUnitOfType(DateUnit unit, const ado::DateType& type) {
+// DATEADD, DATEPART and DATENAME by a unit of the day on a TIME or of the time on a DATE are SQL
+// Server's error 9810 (a text literal has no type and takes 1900-01-01 or midnight instead).
+void RequireUnitOfType(const QString& function, DateUnit unit, const CallArgument& date) {
+    if (!date.dateType) return;
     const bool timeUnit = unit >= DateUnit::Hour;
-    if (timeUnit ? type.HasTime() : type.HasDay()) return;
+    if (timeUnit ? date.dateType->HasTime() : date.dateType->HasDay()) return;
     ThrowStatementError(
-        QStringLiteral(
-            "The datepart %1 is not supported by date function dateadd for data type %2.")
-            .arg(ado::DateUnitName(unit), type.Name()),
+        QStringLiteral("The datepart %1 is not supported by date function %2 for data type %3.")
+            .arg(ado::DateUnitName(unit), function.toLower(), date.dateType->Name()),
         ado::kNativeDatePartNotSupported);
 }
 
@@ -124,6 +125,8 @@ QString DateFunctionWriter::Call(const QString& name,
         return m_dialect.DatePart(unit, DateValue(arguments[0]), m_settings.dateFirst);
     }
     const DateUnit unit = Unit(function, arguments[0]);
+    if (function != u"DATEDIFF")
+        RequireUnitOfType(function, unit, arguments[function == u"DATEADD" ? 2 : 1]);
     if (function == u"DATEPART")
         return m_dialect.DatePart(unit, DateValue(arguments[1]), m_settings.dateFirst);
     if (function == u"DATENAME")
@@ -136,7 +139,6 @@ QString DateFunctionWriter::Call(const QString& name,
 // DATEADD answers a value of its date's type: a TIME wraps round midnight, a DATE stays a day.
 QString DateFunctionWriter::DateAdd(DateUnit unit, const CallArgument& count,
                                     const CallArgument& date) const {
-    if (date.dateType) RequireUnitOfType(unit, *date.dateType);
     const QString added = m_dialect.DateAdd(unit, count.sql.trimmed(), DateTimeValue(date));
     const auto type = date.dateType;
     if (!type || type->kind == ado::DateTypeKind::DateTime) return added;
