@@ -145,6 +145,17 @@ void DatePlusFunction(sqlite3_context* context, int, sqlite3_value** values) {
                                 std::llround(sqlite3_value_double(values[1]) * kMsecsPerDay))));
 }
 
+// zlx_numberdate(v): a number v as the DATETIME v days after 1900-01-01, its fraction the time of
+// day; any other value as it is.
+void NumberDateFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const int type = sqlite3_value_type(values[0]);
+    if (type != SQLITE_INTEGER && type != SQLITE_FLOAT)
+        return sqlite3_result_value(context, values[0]);
+    const QDateTime base(QDate(1900, 1, 1), QTime(0, 0), Qt::UTC);
+    ResultText(context, IsoDateText(RoundedToDatetime(base.addMSecs(
+                            std::llround(sqlite3_value_double(values[0]) * kMsecsPerDay)))));
+}
+
 // zlx_astype(d, type): d as a column of the date type named `type` keeps it, in its stored text.
 void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const auto type = DateType::Named(Text(values[1]));
@@ -175,11 +186,12 @@ void SysDateTimeFunction(sqlite3_context* context, int, sqlite3_value**) {
 
 void Install(sqlite3* db) {
     static constexpr SqliteScalarFunction functions[] = {
-        {"zlx_dateadd", 3, &DateAddFunction},     {"zlx_datediff", 3, &DateDiffFunction},
-        {"zlx_datepart", 3, &DatePartFunction},   {"zlx_datename", 4, &DateNameFunction},
-        {"zlx_datestyle", 4, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
-        {"zlx_isdate", 2, &IsDateFunction},       {"zlx_eomonth", 2, &EndOfMonthFunction},
-        {"zlx_dateplus", 2, &DatePlusFunction},   {"zlx_astype", 2, &AsTypeFunction},
+        {"zlx_dateadd", 3, &DateAddFunction},       {"zlx_datediff", 3, &DateDiffFunction},
+        {"zlx_datepart", 3, &DatePartFunction},     {"zlx_datename", 4, &DateNameFunction},
+        {"zlx_datestyle", 4, &DateStyleFunction},   {"zlx_todate", 2, &ToDateFunction},
+        {"zlx_isdate", 2, &IsDateFunction},         {"zlx_eomonth", 2, &EndOfMonthFunction},
+        {"zlx_dateplus", 2, &DatePlusFunction},     {"zlx_astype", 2, &AsTypeFunction},
+        {"zlx_numberdate", 1, &NumberDateFunction},
     };
     InstallDeterministic(db, functions);
     // The clock answers anew at each call.

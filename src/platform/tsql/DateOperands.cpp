@@ -57,6 +57,13 @@ DateOperands::Kind DateOperands::KindOf(size_t first, size_t end) const {
     if (token.kind == TokenKind::Word && m_t.SymbolAt(first + 1, u"(") &&
         m_t.Close(first + 1) + 1 == end)
         return CallKind(first, end - 1);
+    // A date plus or minus days, or minus a date, is a date (a DATETIME difference counts from
+    // 1900-01-01).
+    const size_t operand = m_t.PrimaryEnd(first);
+    if (operand > first && operand < end &&
+        (m_t.SymbolAt(operand, u"+") || m_t.SymbolAt(operand, u"-")) &&
+        KindOf(first, operand) == Kind::Date)
+        return Kind::Date;
     return Kind::Unknown;
 }
 

@@ -22,7 +22,8 @@ public:
                  StoredValues& stored, const StatementColumns& columns);
 
     // Whether the operand [first, end) is a date: a date column, GETDATE(), DATEADD(...),
-    // EOMONTH(...), a CAST or CONVERT to a date type, or MIN, MAX, ISNULL or COALESCE of one.
+    // EOMONTH(...), a CAST or CONVERT to a date type, MIN, MAX, ISNULL or COALESCE of one, or one
+    // followed by + or - (a date plus days, the difference of two dates).
     bool IsDate(size_t first, size_t end) const { return KindOf(first, end) == Kind::Date; }
 
     // The date type of the operand [first, end) when the statement tells it: a column of one of

@@ -160,8 +160,6 @@ QString DateFunctionWriter::CastLiteral(const CallArgument& value, const QString
 
 QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
                                          ado::DateType type) const {
-    // An engine that keeps fewer digits gets the value rounded as SQL Server rounds to them.
-    type.digits = std::min(type.digits, m_dialect.SecondDigits());
     const ado::DateReading reading = ado::ReadAsType(text, order, type, m_settings.Names());
     if (reading.error == ado::kNativeDateOutOfRange)
         ThrowStatementError(ado::OutOfRangeText(QStringLiteral("varchar"), type), reading.error,
@@ -169,13 +167,30 @@ QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
     if (reading.error)
         ThrowStatementError(ado::DateErrorText(reading.error), reading.error,
                             QStringLiteral("22007"));
+    RequireKeptDigits(reading, type);
     return m_dialect.DateTypeLiteral(ado::StoredDateText(reading, type), type);
+}
+
+// A seventh digit of a second that the engine does not keep (PostgreSQL's times stop at the
+// microsecond) is refused unless it is 0: rounding it away would answer another value.
+void DateFunctionWriter::RequireKeptDigits(const ado::DateReading& reading,
+                                           const ado::DateType& type) const {
+    if (type.digits > m_dialect.SecondDigits() && reading.ticks % 10 != 0)
+        ThrowUnsupported(QStringLiteral("séptimo dígito de segundo en %1").arg(type.Spelling()));
 }
 
 QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& type) const {
     const auto dateType = ado::DateType::Named(type);
     if (!dateType) return {};
     if (const QString days = NumberAsDate(value, *dateType); !days.isEmpty()) return days;
+    const bool counted = dateType->kind == ado::DateTypeKind::DateTime ||
+                         dateType->kind == ado::DateTypeKind::SmallDateTime;
+    if (counted && !value.isText && !value.isDate) {
+        const QString date = m_dialect.NumberAsDate(value.sql.trimmed());
+        return dateType->kind == ado::DateTypeKind::DateTime
+                   ? date
+                   : m_dialect.AsDateType(date, *dateType);
+    }
     if (dateType->kind == ado::DateTypeKind::DateTime) return {};
     if (value.isText) return TypedLiteral(value.text, m_settings.order, *dateType);
     return m_dialect.AsDateType(value.sql.trimmed(), *dateType);

@@ -162,3 +162,41 @@ TEST_P(DateFunctionsTest, GetDateIsOneValueWithinAStatement) {
                   "SUM(CASE WHEN GETDATE() = GETDATE() THEN 1 ELSE 0 END) FROM citas a, citas b")),
               (QStringList{"1|9"}));
 }
+
+TEST_P(DateFunctionsTest, SecondDigitsAreKeptOrTheSeventhIsRefusedByName) {
+    // Six digits and a seventh 0 are kept by columns, variables and casts on every engine.
+    Exec(QStringLiteral("CREATE TABLE medidas (id INT, momento DATETIME2, hora TIME(7))"));
+    Exec(QStringLiteral("INSERT INTO medidas VALUES (1, '15/03/2024 10:20:30.1234560', "
+                        "'10:20:30.765432')"));
+    EXPECT_EQ(Rows(QStringLiteral("SELECT CONVERT(VARCHAR(27), momento, 121), CAST(hora AS "
+                                  "VARCHAR(16)) FROM medidas")),
+              (QStringList{"2024-03-15 10:20:30.1234560|10:20:30.7654320"}));
+    EXPECT_EQ(Value(QStringLiteral(
+                  "DECLARE @m DATETIME2(6) = '15/03/2024 10:20:30.123456' DECLARE @h TIME "
+                  "SELECT @h = hora FROM medidas "
+                  "SELECT CONVERT(VARCHAR(26), @m, 121), CAST(@h AS VARCHAR(16))")),
+              QStringLiteral("2024-03-15 10:20:30.123456|10:20:30.7654320"));
+    // A seventh digit that is not 0: an engine that stops at the microsecond cannot keep it.
+    struct Seventh {
+        QString query;
+        QString answer;
+        QString type; // the type the engine that cannot keep it names
+    };
+    const Seventh sevenths[] = {
+        {QStringLiteral("SELECT CONVERT(VARCHAR(27), CAST('15/03/2024 10:20:30.1234567' AS "
+                        "DATETIME2), 121)"),
+         QStringLiteral("2024-03-15 10:20:30.1234567"), QStringLiteral("DATETIME2(7)")},
+        {QStringLiteral("DECLARE @h TIME(7) = '10:20:30.7654321' SELECT CAST(@h AS VARCHAR(16))"),
+         QStringLiteral("10:20:30.7654321"), QStringLiteral("TIME(7)")},
+        {QStringLiteral("SELECT COUNT(*) FROM medidas WHERE hora < '10:20:30.7654321'"),
+         QStringLiteral("1"), QStringLiteral("TIME(7)")},
+    };
+    for (const Seventh& seventh : sevenths) {
+        if (Postgres())
+            EXPECT_EQ(Refusal(seventh.query),
+                      QStringLiteral("séptimo dígito de segundo en ") + seventh.type)
+                << seventh.query.toStdString();
+        else
+            EXPECT_EQ(Value(seventh.query), seventh.answer) << seventh.query.toStdString();
+    }
+}
