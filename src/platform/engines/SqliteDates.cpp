@@ -4,6 +4,7 @@
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/engines/SqliteFunctionTable.h"
 
+#include <chrono>
 #include <cmath>
 #include <sqlite3.h>
 
@@ -144,6 +145,17 @@ void DatePlusFunction(sqlite3_context* context, int, sqlite3_value** values) {
                                 std::llround(sqlite3_value_double(values[1]) * kMsecsPerDay))));
 }
 
+// zlx_numberdate(v): a number v as the DATETIME v days after 1900-01-01, its fraction the time of
+// day; any other value as it is.
+void NumberDateFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    const int type = sqlite3_value_type(values[0]);
+    if (type != SQLITE_INTEGER && type != SQLITE_FLOAT)
+        return sqlite3_result_value(context, values[0]);
+    const QDateTime base(QDate(1900, 1, 1), QTime(0, 0), Qt::UTC);
+    ResultText(context, IsoDateText(RoundedToDatetime(base.addMSecs(
+                            std::llround(sqlite3_value_double(values[0]) * kMsecsPerDay)))));
+}
+
 // zlx_astype(d, type): d as a column of the date type named `type` keeps it, in its stored text.
 void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const auto type = DateType::Named(Text(values[1]));
@@ -160,17 +172,31 @@ void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
     ResultText(context, StoredDateText(reading, *type));
 }
 
+// zlx_sysdatetime(): the system clock's local time to the 100-nanosecond tick, as SYSDATETIME()
+// answers it.
+void SysDateTimeFunction(sqlite3_context* context, int, sqlite3_value**) {
+    const auto since = std::chrono::system_clock::now().time_since_epoch();
+    const qint64 nanoseconds = std::chrono::duration_cast<std::chrono::nanoseconds>(since).count();
+    const QDateTime local = QDateTime::fromMSecsSinceEpoch(nanoseconds / 1000000);
+    const QDateTime wallClock(local.date(), local.time(), Qt::UTC);
+    ResultText(context, MomentText({wallClock, 0, static_cast<int>(nanoseconds % 1000000 / 100)}));
+}
+
 } // namespace
 
 void Install(sqlite3* db) {
     static constexpr SqliteScalarFunction functions[] = {
-        {"zlx_dateadd", 3, &DateAddFunction},     {"zlx_datediff", 3, &DateDiffFunction},
-        {"zlx_datepart", 3, &DatePartFunction},   {"zlx_datename", 4, &DateNameFunction},
-        {"zlx_datestyle", 4, &DateStyleFunction}, {"zlx_todate", 2, &ToDateFunction},
-        {"zlx_isdate", 2, &IsDateFunction},       {"zlx_eomonth", 2, &EndOfMonthFunction},
-        {"zlx_dateplus", 2, &DatePlusFunction},   {"zlx_astype", 2, &AsTypeFunction},
+        {"zlx_dateadd", 3, &DateAddFunction},       {"zlx_datediff", 3, &DateDiffFunction},
+        {"zlx_datepart", 3, &DatePartFunction},     {"zlx_datename", 4, &DateNameFunction},
+        {"zlx_datestyle", 4, &DateStyleFunction},   {"zlx_todate", 2, &ToDateFunction},
+        {"zlx_isdate", 2, &IsDateFunction},         {"zlx_eomonth", 2, &EndOfMonthFunction},
+        {"zlx_dateplus", 2, &DatePlusFunction},     {"zlx_astype", 2, &AsTypeFunction},
+        {"zlx_numberdate", 1, &NumberDateFunction},
     };
     InstallDeterministic(db, functions);
+    // The clock answers anew at each call.
+    sqlite3_create_function(db, "zlx_sysdatetime", 0, SQLITE_UTF8, nullptr, &SysDateTimeFunction,
+                            nullptr, nullptr);
 }
 
 } // namespace zlx::ado::SqliteDates

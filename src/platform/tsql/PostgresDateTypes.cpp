@@ -14,6 +14,19 @@ IF r < TIMESTAMP '1900-01-01' OR r >= TIMESTAMP '2079-06-07' THEN RAISE EXCEPTIO
 RETURN r;
 END $f$;
 END IF;
+IF to_regprocedure('zlx_datetime(timestamp)') IS NULL THEN
+CREATE FUNCTION zlx_datetime(v timestamp) RETURNS timestamp(3) LANGUAGE sql IMMUTABLE STRICT
+AS $f$ SELECT date_trunc('second', v) + round(round(EXTRACT(EPOCH FROM v - date_trunc('second', v))
+* 300) * 10 / 3.0) * interval '1 millisecond' $f$;
+END IF;
+IF to_regprocedure('zlx_numberdate(double precision)') IS NULL THEN
+CREATE FUNCTION zlx_numberdate(v double precision) RETURNS timestamp(3) LANGUAGE sql IMMUTABLE
+STRICT AS $f$ SELECT zlx_datetime(TIMESTAMP '1900-01-01' + v * interval '1 day') $f$;
+CREATE FUNCTION zlx_numberdate(v text) RETURNS timestamp(3) LANGUAGE sql STABLE STRICT
+AS $f$ SELECT CAST(v AS timestamp(3)) $f$;
+CREATE FUNCTION zlx_numberdate(v timestamp) RETURNS timestamp(3) LANGUAGE sql IMMUTABLE STRICT
+AS $f$ SELECT CAST(v AS timestamp(3)) $f$;
+END IF;
 IF NOT EXISTS (SELECT 1 FROM pg_type WHERE typname = 'zlx_datetime2_7'
                AND typnamespace = CAST(current_schema() AS regnamespace)) THEN
 FOR n IN 0..7 LOOP

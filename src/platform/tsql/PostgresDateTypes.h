@@ -1,5 +1,7 @@
 #pragma once
-// What PostgreSQL needs to keep SQL Server's date types: zlx_smalldatetime(v), v rounded to the
+// What PostgreSQL needs to keep SQL Server's date types: zlx_datetime(v), v rounded to
+// .000/.003/.007 as a DATETIME keeps it; zlx_numberdate(v), CAST(v AS DATETIME) of a number (the
+// date v days after 1900-01-01), a text or a timestamp; zlx_smalldatetime(v), v rounded to the
 // minute as a SMALLDATETIME stores it (29.998 seconds or less down, more up) and held to
 // 1900-01-01 - 2079-06-06 (error 242), and the domains zlx_datetime2_0 ... zlx_datetime2_7 over
 // timestamp(n) (six digits at most), which tell a DATETIME2(n) column from a DATETIME one.

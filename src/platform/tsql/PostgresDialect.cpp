@@ -27,9 +27,11 @@ const QString kDefaultNameMark = QStringLiteral("zlx default "); // a column com
 // trailing blanks (see PostgresTextFunctions.h).
 constexpr FunctionSpelling kFunctions[] = {
     {"ISNULL", 2, false, "COALESCE(%1, %2)"},
-    {"GETDATE", 0, false, "LOCALTIMESTAMP(3)"},
-    {"GETUTCDATE", 0, false, "CAST(CURRENT_TIMESTAMP AT TIME ZONE 'UTC' AS timestamp(3))"},
-    {"SYSDATETIME", 0, true, "LOCALTIMESTAMP(6)"},
+    // The statement's moment (one for the statement, a new one for the next, as SQL Server's).
+    {"GETDATE", 0, false, "zlx_datetime(CAST(statement_timestamp() AS timestamp))"},
+    {"GETUTCDATE", 0, false,
+     "zlx_datetime(CAST(statement_timestamp() AT TIME ZONE 'UTC' AS timestamp))"},
+    {"SYSDATETIME", 0, true, "CAST(statement_timestamp() AS timestamp(6))"},
     {"OBJECT_ID", 1, false, "CAST(CAST(to_regclass(%1) AS oid) AS integer)"},
     {"RIGHT", 2, true, "zlx_right(%1, zlx_cut_length(%2, 'RIGHT'))"},
     {"LEFT", 2, true, "zlx_left(%1, zlx_cut_length(%2, 'LEFT'))"},

@@ -222,6 +222,11 @@ QString PostgresDialect::DatePlusDays(const QString& value, const QString& days)
     return QStringLiteral("CAST((%1) + (%2) * interval '1 day' AS timestamp(3))").arg(value, days);
 }
 
+// zlx_numberdate takes a number, a text or a timestamp (see PostgresDateTypes.h).
+QString PostgresDialect::NumberAsDate(const QString& value) const {
+    return QStringLiteral("zlx_numberdate(%1)").arg(value);
+}
+
 QString PostgresDialect::EndOfMonth(const QString& value, const QString& months) const {
     return QStringLiteral("CAST(date_trunc('month', %1) + (CAST(%2 AS integer) + 1) * interval "
                           "'1 month' - interval '1 day' AS date)")

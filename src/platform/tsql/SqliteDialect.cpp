@@ -25,11 +25,14 @@ QString DuplicateTable(const QString& message) {
 
 constexpr FunctionSpelling kFunctions[] = {
     {"ISNULL", 2, false, "ifnull(%1, %2)"},
-    {"GETDATE", 0, false, "datetime('now', 'localtime')"},
-    {"GETUTCDATE", 0, false, "datetime('now')"},
+    // SQLite's 'now' is one moment for the whole step, to the millisecond; DATETIME keeps it
+    // to .000/.003/.007.
+    {"GETDATE", 0, false,
+     "zlx_astype(strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime'), 'DATETIME')"},
+    {"GETUTCDATE", 0, false, "zlx_astype(strftime('%Y-%m-%d %H:%M:%f', 'now'), 'DATETIME')"},
     {"SQRT", 1, true, "zlx_sqrt(%1)"},
     {"POWER", 2, true, "zlx_power(%1, %2)"},
-    {"SYSDATETIME", 0, true, "strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime')"},
+    {"SYSDATETIME", 0, true, "zlx_sysdatetime()"},
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
     {"RIGHT", 2, true, "zlx_right(%1, %2)"},
     {"LEFT", 2, true, "zlx_left(%1, %2)"},

@@ -62,6 +62,10 @@ QString SqliteDialect::DatePlusDays(const QString& value, const QString& days) c
     return QStringLiteral("zlx_dateplus(%1, %2)").arg(value, days);
 }
 
+QString SqliteDialect::NumberAsDate(const QString& value) const {
+    return QStringLiteral("zlx_numberdate(%1)").arg(value);
+}
+
 QString SqliteDialect::EndOfMonth(const QString& value, const QString& months) const {
     return QStringLiteral("zlx_eomonth(%1, %2)").arg(value, months);
 }

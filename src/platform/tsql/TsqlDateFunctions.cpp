@@ -72,14 +72,15 @@ void RequireStyleOfType(int style, const ado::DateType& type) {
         ThrowUnsupported(QStringLiteral("CONVERT con estilo %1 de %2").arg(style).arg(type.Name()));
 }
 
-// DATEADD by a unit of the day on a TIME or of the time on a DATE is SQL Server's error 9810.
-void RequireUnitOfType(DateUnit unit, const ado::DateType& type) {
+// DATEADD, DATEPART and DATENAME by a unit of the day on a TIME or of the time on a DATE are SQL
+// Server's error 9810 (a text literal has no type and takes 1900-01-01 or midnight instead).
+void RequireUnitOfType(const QString& function, DateUnit unit, const CallArgument& date) {
+    if (!date.dateType) return;
     const bool timeUnit = unit >= DateUnit::Hour;
-    if (timeUnit ? type.HasTime() : type.HasDay()) return;
+    if (timeUnit ? date.dateType->HasTime() : date.dateType->HasDay()) return;
     ThrowStatementError(
-        QStringLiteral(
-            "The datepart %1 is not supported by date function dateadd for data type %2.")
-            .arg(ado::DateUnitName(unit), type.Name()),
+        QStringLiteral("The datepart %1 is not supported by date function %2 for data type %3.")
+            .arg(ado::DateUnitName(unit), function.toLower(), date.dateType->Name()),
         ado::kNativeDatePartNotSupported);
 }
 
@@ -124,6 +125,8 @@ QString DateFunctionWriter::Call(const QString& name,
         return m_dialect.DatePart(unit, DateValue(arguments[0]), m_settings.dateFirst);
     }
     const DateUnit unit = Unit(function, arguments[0]);
+    if (function != u"DATEDIFF")
+        RequireUnitOfType(function, unit, arguments[function == u"DATEADD" ? 2 : 1]);
     if (function == u"DATEPART")
         return m_dialect.DatePart(unit, DateValue(arguments[1]), m_settings.dateFirst);
     if (function == u"DATENAME")
@@ -136,7 +139,6 @@ QString DateFunctionWriter::Call(const QString& name,
 // DATEADD answers a value of its date's type: a TIME wraps round midnight, a DATE stays a day.
 QString DateFunctionWriter::DateAdd(DateUnit unit, const CallArgument& count,
                                     const CallArgument& date) const {
-    if (date.dateType) RequireUnitOfType(unit, *date.dateType);
     const QString added = m_dialect.DateAdd(unit, count.sql.trimmed(), DateTimeValue(date));
     const auto type = date.dateType;
     if (!type || type->kind == ado::DateTypeKind::DateTime) return added;
@@ -158,8 +160,6 @@ QString DateFunctionWriter::CastLiteral(const CallArgument& value, const QString
 
 QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
                                          ado::DateType type) const {
-    // An engine that keeps fewer digits gets the value rounded as SQL Server rounds to them.
-    type.digits = std::min(type.digits, m_dialect.SecondDigits());
     const ado::DateReading reading = ado::ReadAsType(text, order, type, m_settings.Names());
     if (reading.error == ado::kNativeDateOutOfRange)
         ThrowStatementError(ado::OutOfRangeText(QStringLiteral("varchar"), type), reading.error,
@@ -167,13 +167,30 @@ QString DateFunctionWriter::TypedLiteral(const QString& text, DateOrder order,
     if (reading.error)
         ThrowStatementError(ado::DateErrorText(reading.error), reading.error,
                             QStringLiteral("22007"));
+    RequireKeptDigits(reading, type);
     return m_dialect.DateTypeLiteral(ado::StoredDateText(reading, type), type);
+}
+
+// A seventh digit of a second that the engine does not keep (PostgreSQL's times stop at the
+// microsecond) is refused unless it is 0: rounding it away would answer another value.
+void DateFunctionWriter::RequireKeptDigits(const ado::DateReading& reading,
+                                           const ado::DateType& type) const {
+    if (type.digits > m_dialect.SecondDigits() && reading.ticks % 10 != 0)
+        ThrowUnsupported(QStringLiteral("séptimo dígito de segundo en %1").arg(type.Spelling()));
 }
 
 QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& type) const {
     const auto dateType = ado::DateType::Named(type);
     if (!dateType) return {};
     if (const QString days = NumberAsDate(value, *dateType); !days.isEmpty()) return days;
+    const bool counted = dateType->kind == ado::DateTypeKind::DateTime ||
+                         dateType->kind == ado::DateTypeKind::SmallDateTime;
+    if (counted && !value.isText && !value.isDate) {
+        const QString date = m_dialect.NumberAsDate(value.sql.trimmed());
+        return dateType->kind == ado::DateTypeKind::DateTime
+                   ? date
+                   : m_dialect.AsDateType(date, *dateType);
+    }
     if (dateType->kind == ado::DateTypeKind::DateTime) return {};
     if (value.isText) return TypedLiteral(value.text, m_settings.order, *dateType);
     return m_dialect.AsDateType(value.sql.trimmed(), *dateType);

@@ -44,7 +44,8 @@ public:
     // CAST(value AS type) for a date type: a text literal read as a date; empty otherwise.
     QString CastLiteral(const CallArgument& value, const QString& type) const;
     // CAST(value AS type) for a date type other than DATETIME (DATE, TIME(n), SMALLDATETIME,
-    // DATETIME2(n)): the value as a column of that type keeps it; empty for other types.
+    // DATETIME2(n)): the value as a column of that type keeps it; for DATETIME and SMALLDATETIME
+    // a value of no date type (a number's days after 1900-01-01); empty for other types.
     QString CastValue(const CallArgument& value, const QString& type) const;
     // CAST(value AS type) of a date `value` to a type of no date: to a text type its text in the
     // type's own style (DATETIME and SMALLDATETIME style 0, 'Mar 15 2024 12:00AM'), to a number
@@ -65,6 +66,8 @@ private:
     QString DateTimeValue(const CallArgument& value) const;
     // A text literal read as `type` reads it, as the engine's literal of that type.
     QString TypedLiteral(const QString& text, DateOrder order, ado::DateType type) const;
+    // Refuses a value of `type` whose digits of a second go past what the engine keeps.
+    void RequireKeptDigits(const ado::DateReading& reading, const ado::DateType& type) const;
     QString DateValue(const CallArgument& value, DateOrder order) const;
     DateUnit Unit(const QString& function, const CallArgument& unit) const;
     QString Convert(const std::vector<CallArgument>& arguments) const;

@@ -49,6 +49,10 @@ VariableAssignment::Item ReadItem(const Tokens& tokens, size_t i, size_t end) {
     return item;
 }
 
+void AppendTokens(Tokens& tokens, const Tokens& more) {
+    tokens.insert(tokens.end(), more.begin(), more.end());
+}
+
 } // namespace
 
 std::optional<VariableAssignment> VariableAssignment::Read(const Tokens& statement) {
@@ -103,15 +107,16 @@ Tokens VariableAssignment::Query(const TsqlVariables& variables) const {
             query.insert(query.end(), item.value.begin(), item.value.end());
             continue;
         }
+        // A TIME or DATETIME2 comes back as its text, with every digit of a second the engine
+        // keeps (a date value of the engine may carry milliseconds alone).
+        const ado::DateTypeKind kind = type.DateTypeOf().kind;
+        const bool asText = kind == ado::DateTypeKind::Time || kind == ado::DateTypeKind::DateTime2;
         query.push_back(Raw(QStringLiteral("("), QStringLiteral(" ")));
-        query.push_back(Token{TokenKind::Word, QStringLiteral("CAST"), {}});
-        query.push_back(Raw(QStringLiteral("(")));
+        if (asText) AppendTokens(query, Tokenize(QStringLiteral("CAST(")));
+        AppendTokens(query, Tokenize(QStringLiteral("CAST(")));
         query.insert(query.end(), item.value.begin(), item.value.end());
-        query.push_back(Token{TokenKind::Word, QStringLiteral("AS"), QStringLiteral(" ")});
-        Tokens typeName = Tokenize(type.SqlType());
-        typeName.front().leading = QStringLiteral(" ");
-        query.insert(query.end(), typeName.begin(), typeName.end());
-        query.push_back(Raw(QStringLiteral(")")));
+        AppendTokens(query, Tokenize(QStringLiteral(" AS %1)").arg(type.SqlType())));
+        if (asText) AppendTokens(query, Tokenize(QStringLiteral(" AS VARCHAR(40))")));
         query.push_back(Raw(QStringLiteral(")")));
     }
     query.insert(query.end(), rest.begin(), rest.end());

@@ -3,6 +3,8 @@
 // uses (DATEFORMAT dmy, DATEFIRST 1, Spanish names).
 #include "SessionFixture.h"
 
+#include <QDateTime>
+#include <QThread>
 #include <gtest/gtest.h>
 
 using namespace zlx;
@@ -107,4 +109,94 @@ TEST_P(DateFunctionsTest, DatesWrittenAsTextsReadBackAsTheSameDate) {
     EXPECT_EQ(Value(QStringLiteral("SELECT COUNT(*) FROM citas WHERE d = 'Ene 31 2024  9:30AM' OR "
                                    "d = '24 marzo 2024 23:59:59:000'")),
               u"2");
+}
+
+namespace {
+
+// The milliseconds of a 'yyyy-mm-dd hh:mi:ss.mmm...' text.
+int Milliseconds(const QString& text) {
+    return text.mid(20, 3).toInt();
+}
+
+QDateTime Moment(const QString& text, Qt::TimeSpec spec) {
+    QDateTime moment =
+        QDateTime::fromString(text.left(23), QStringLiteral("yyyy-MM-dd HH:mm:ss.zzz"));
+    moment.setTimeSpec(spec);
+    return moment;
+}
+
+} // namespace
+
+TEST_P(DateFunctionsTest, ClockFunctionsKeepTheirTypesDigits) {
+    // GETDATE() and GETUTCDATE() are DATETIME values, in 1/300 seconds; SYSDATETIME() has seven
+    // digits of a second (the engine's six and a 0 where it keeps no more).
+    bool fractions = false;
+    bool subMilliseconds = false;
+    for (int sample = 0; sample < 12; ++sample) {
+        const QStringList row = Rows(QStringLiteral("SELECT CONVERT(VARCHAR(23), GETDATE(), 121), "
+                                                    "CONVERT(VARCHAR(23), GETUTCDATE(), 121), "
+                                                    "CONVERT(VARCHAR(27), SYSDATETIME(), 121)"))
+                                    .value(0)
+                                    .split(u'|');
+        ASSERT_EQ(row.size(), 3);
+        for (const QString& datetime : {row[0], row[1]}) {
+            ASSERT_EQ(datetime.size(), 23) << datetime.toStdString();
+            EXPECT_TRUE(QList<int>({0, 3, 7}).contains(Milliseconds(datetime) % 10))
+                << datetime.toStdString();
+            fractions = fractions || Milliseconds(datetime) != 0;
+        }
+        ASSERT_EQ(row[2].size(), 27) << row[2].toStdString();
+        subMilliseconds = subMilliseconds || row[2].mid(23) != u"0000";
+        EXPECT_LT(std::abs(Moment(row[0], Qt::LocalTime).secsTo(QDateTime::currentDateTime())),
+                  120);
+        EXPECT_LT(std::abs(Moment(row[1], Qt::UTC).secsTo(QDateTime::currentDateTimeUtc())), 120);
+        QThread::msleep(7);
+    }
+    EXPECT_TRUE(fractions);
+    EXPECT_TRUE(subMilliseconds);
+}
+
+TEST_P(DateFunctionsTest, GetDateIsOneValueWithinAStatement) {
+    EXPECT_EQ(Rows(QStringLiteral(
+                  "SELECT COUNT(DISTINCT CONVERT(VARCHAR(23), GETDATE(), 121)), "
+                  "SUM(CASE WHEN GETDATE() = GETDATE() THEN 1 ELSE 0 END) FROM citas a, citas b")),
+              (QStringList{"1|9"}));
+}
+
+TEST_P(DateFunctionsTest, SecondDigitsAreKeptOrTheSeventhIsRefusedByName) {
+    // Six digits and a seventh 0 are kept by columns, variables and casts on every engine.
+    Exec(QStringLiteral("CREATE TABLE medidas (id INT, momento DATETIME2, hora TIME(7))"));
+    Exec(QStringLiteral("INSERT INTO medidas VALUES (1, '15/03/2024 10:20:30.1234560', "
+                        "'10:20:30.765432')"));
+    EXPECT_EQ(Rows(QStringLiteral("SELECT CONVERT(VARCHAR(27), momento, 121), CAST(hora AS "
+                                  "VARCHAR(16)) FROM medidas")),
+              (QStringList{"2024-03-15 10:20:30.1234560|10:20:30.7654320"}));
+    EXPECT_EQ(Value(QStringLiteral(
+                  "DECLARE @m DATETIME2(6) = '15/03/2024 10:20:30.123456' DECLARE @h TIME "
+                  "SELECT @h = hora FROM medidas "
+                  "SELECT CONVERT(VARCHAR(26), @m, 121), CAST(@h AS VARCHAR(16))")),
+              QStringLiteral("2024-03-15 10:20:30.123456|10:20:30.7654320"));
+    // A seventh digit that is not 0: an engine that stops at the microsecond cannot keep it.
+    struct Seventh {
+        QString query;
+        QString answer;
+        QString type; // the type the engine that cannot keep it names
+    };
+    const Seventh sevenths[] = {
+        {QStringLiteral("SELECT CONVERT(VARCHAR(27), CAST('15/03/2024 10:20:30.1234567' AS "
+                        "DATETIME2), 121)"),
+         QStringLiteral("2024-03-15 10:20:30.1234567"), QStringLiteral("DATETIME2(7)")},
+        {QStringLiteral("DECLARE @h TIME(7) = '10:20:30.7654321' SELECT CAST(@h AS VARCHAR(16))"),
+         QStringLiteral("10:20:30.7654321"), QStringLiteral("TIME(7)")},
+        {QStringLiteral("SELECT COUNT(*) FROM medidas WHERE hora < '10:20:30.7654321'"),
+         QStringLiteral("1"), QStringLiteral("TIME(7)")},
+    };
+    for (const Seventh& seventh : sevenths) {
+        if (Postgres())
+            EXPECT_EQ(Refusal(seventh.query),
+                      QStringLiteral("séptimo dígito de segundo en ") + seventh.type)
+                << seventh.query.toStdString();
+        else
+            EXPECT_EQ(Value(seventh.query), seventh.answer) << seventh.query.toStdString();
+    }
 }

@@ -1,5 +1,6 @@
 -- A DATE column keeps the day alone, whatever time the stored value had (a text, a DATETIME
--- column's value through UPDATE or INSERT ... SELECT), and reads back as that day.
+-- column's value through UPDATE or INSERT ... SELECT), and reads back as that day (as a DATETIME,
+-- at midnight).
 -- run
 CREATE TABLE Citas (id INT, dia DATE, alta DATETIME)
 -- run
@@ -8,7 +9,7 @@ INSERT INTO Citas VALUES (2, '20240316', '16/03/2024 23:59:59')
 INSERT INTO Citas (id, dia) SELECT 3, alta FROM Citas WHERE id = 2
 UPDATE Citas SET dia = alta WHERE id = 1
 -- run
-SELECT id, dia, DATEPART(hour, dia), DATEPART(minute, dia), CONVERT(VARCHAR(10), dia, 103)
+SELECT id, dia, DATEPART(hour, CAST(dia AS DATETIME)), DATEPART(minute, CAST(dia AS DATETIME)), CONVERT(VARCHAR(10), dia, 103)
 FROM Citas ORDER BY id
 -- expect
 rowset

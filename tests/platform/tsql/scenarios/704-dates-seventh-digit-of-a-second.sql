@@ -1,7 +1,7 @@
 -- DATETIME2 and TIME without digits (and DATETIME2(7), TIME(7)) keep seven digits of a second,
 -- 100-nanosecond units: stored, compared, cast, written by CONVERT style 121 and counted by
 -- DATEPART(ns).
--- gap postgres: the engine keeps six digits of a second; a seventh is rounded to the microsecond
+-- gap postgres: the engine keeps six digits of a second; a value with a seventh that is not 0 is refused, naming it (0x80040E14, séptimo dígito de segundo)
 -- run
 CREATE TABLE Medidas (id INT, momento DATETIME2, hora TIME(7))
 -- run
