@@ -6,7 +6,7 @@
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/ColumnAdditions.h"
 #include "platform/tsql/ForeignKeyConflicts.h"
-#include "platform/tsql/ForeignKeyNames.h"
+#include "platform/tsql/ConstraintNames.h"
 #include "platform/tsql/NamedDefaults.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/StatementTokens.h"
@@ -866,8 +866,8 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
             Reseed(table, 0);
         return true;
     }
-    // The key ALTER TABLE t ADD FOREIGN KEY adds has its name, as its translation would.
-    return m_dialect->RunDefinition(WithForeignKeysNamed(statement));
+    // The key or check ALTER TABLE t ADD adds has its name, as its translation would.
+    return m_dialect->RunDefinition(WithConstraintsNamed(statement));
 }
 
 // SET IDENTITY_INSERT table ON|OFF: one table of the session at a time.
@@ -954,6 +954,7 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
         m_rowCount = static_cast<std::int64_t>(rows.rows.size());
         if (!rows.rows.empty())
             m_identity = static_cast<std::int64_t>(rows.rows.back().at(0).ToDouble());
+        NoteIdentityTaken(table);
         if (!m_noCount) sink.RowsAffected(m_rowCount);
         return;
     }
@@ -965,6 +966,12 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
     else if (m_rowCount > 0)
         m_identity =
             static_cast<std::int64_t>(Query(m_dialect->LastIdentitySql()).at(0).at(0).ToDouble());
+    NoteIdentityTaken(table);
+}
+
+// A value taken inside a transaction stays taken when it is rolled back (see
+// EngineDialect::NoteIdentityTaken).
+void TsqlSession::NoteIdentityTaken(const QString& table) {
     if (m_identity && m_tranCount > 0) m_dialect->NoteIdentityTaken(table, *m_identity);
 }
 

@@ -144,6 +144,7 @@ private:
     void RunTranslated(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     void RunInsert(const QString& sql, const QString& table, ado::ResultSink& sink,
                    int timeoutSeconds);
+    void NoteIdentityTaken(const QString& table);
 
     // What the dialect asks of the session.
     std::vector<std::vector<Variant>> Query(const QString& sql) override;

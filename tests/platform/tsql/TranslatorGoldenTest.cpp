@@ -2,7 +2,7 @@
 #include "QtPrinters.h"
 #include "platform/engines/AdoError.h"
 #include "platform/tsql/BatchSplitter.h"
-#include "platform/tsql/ForeignKeyNames.h"
+#include "platform/tsql/ConstraintNames.h"
 #include "platform/tsql/PostgresDialect.h"
 #include "platform/tsql/SqliteDialect.h"
 #include "platform/tsql/TsqlTokenizer.h"
