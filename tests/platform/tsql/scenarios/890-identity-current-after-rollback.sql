@@ -74,6 +74,7 @@ row 130
 end
 -- run
 CREATE TABLE tickets (id INT IDENTITY, nombre VARCHAR(10))
+-- run
 INSERT INTO tickets (nombre) VALUES ('uno')
 BEGIN TRAN
 INSERT INTO tickets (nombre) VALUES ('dos')
