@@ -24,7 +24,8 @@ QString MadeName(QStringView kind, const QString& table, const QString& column,
     const QString cutTable = table.left(kTableLength);
     if (column.isEmpty()) return QStringLiteral("%1__%2__%3").arg(kind, cutTable, Digits(key));
     const qsizetype columnRoom = kNameLength - 16 - cutTable.size();
-    return QStringLiteral("%1__%2__%3__%4").arg(kind, cutTable, column.left(columnRoom), Digits(key));
+    return QStringLiteral("%1__%2__%3__%4")
+        .arg(kind, cutTable, column.left(columnRoom), Digits(key));
 }
 
 // Where the key of the REFERENCES at `references` begins: its FOREIGN KEY (...) when written,
@@ -136,9 +137,8 @@ void NameUnnamedConstraints(StatementTokens& t) {
             ++checks;
             const QString declaring = DeclaringColumn(t, i, add);
             if (!Named(t, i))
-                name = SqlServerCheckName(table, declaring.isEmpty() ? OnlyColumn(t, i + 1)
-                                                                     : declaring,
-                                          checks);
+                name = SqlServerCheckName(
+                    table, declaring.isEmpty() ? OnlyColumn(t, i + 1) : declaring, checks);
         }
         if (name.isEmpty()) continue;
         WriteName(t, start, name);

@@ -95,6 +95,7 @@ void TypedExpressions::Prepare() {
     for (size_t i = 0; i < m_t.size(); ++i)
         if (BeginsChain(i)) Chain(i, true);
     ConvertResultTexts();
+    CollateResultTexts();
     if (compares) {
         ConvertComparedTexts();
         ConvertUnionTexts();
