@@ -2,8 +2,8 @@
 
 #include "platform/engines/SqlServerMessages.h"
 #include "platform/tsql/BatchSplitter.h"
-#include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/ConstraintNames.h"
+#include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/SqlServerTexts.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlErrors.h"
@@ -86,8 +86,7 @@ QString ConflictText(const ForeignKey& key, const Tokens& statement, const QStri
                      const QString& database) {
     const bool referring =
         WritesReferringSide(key, statement, table) || statement.front().IsWord(u"ALTER");
-    QString kind = StatementKind(statement);
-    if (kind == u"ALTER") kind += QStringLiteral(" TABLE");
+    const QString kind = ConflictingStatementKind(statement);
     const QStringList& columns = referring ? key.referencedColumns : key.columns;
     QString text = ado::SqlServerMessages::Text(
         ado::kNativeConstraintConflict,

@@ -867,7 +867,27 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
         return true;
     }
     // The key or check ALTER TABLE t ADD adds has its name, as its translation would.
-    return m_dialect->RunDefinition(WithConstraintsNamed(statement));
+    const Tokens named = WithConstraintsNamed(statement);
+    return AddCheckConstraint(named) || m_dialect->RunDefinition(named);
+}
+
+// ALTER TABLE t ADD CONSTRAINT name CHECK (...) on an engine that adds it otherwise: the check
+// as the translation writes it. WITH NOCHECK, which would keep rows that break it, is refused.
+bool TsqlSession::AddCheckConstraint(const Tokens& statement) {
+    if (!StartsWith(statement, {u"ALTER", u"TABLE"})) return false;
+    const size_t add = StatementTokens(statement).QualifiedNameEnd(2);
+    if (add < statement.size() && statement[add].IsWord(u"WITH") && add + 1 < statement.size() &&
+        statement[add + 1].IsWord(u"NOCHECK"))
+        ThrowUnsupported(QStringLiteral("ALTER TABLE ... WITH NOCHECK"));
+    if (add + 3 >= statement.size() || !statement[add].IsWord(u"ADD") ||
+        !statement[add + 1].IsWord(u"CONSTRAINT") || !statement[add + 3].IsWord(u"CHECK"))
+        return false;
+    const QString sql = TsqlTranslator(Context()).Translate(statement).sql;
+    static const QRegularExpression constraint(QStringLiteral("\\bCONSTRAINT\\b"),
+                                               QRegularExpression::CaseInsensitiveOption);
+    const qsizetype at = sql.indexOf(constraint);
+    return at >= 0 && m_dialect->AddCheckConstraint(EngineObjectName(QualifiedNameAt(statement, 2)),
+                                                    sql.mid(at).trimmed());
 }
 
 // SET IDENTITY_INSERT table ON|OFF: one table of the session at a time.
