@@ -393,6 +393,12 @@ public:
         (void)statement;
         return false;
     }
+    // ALTER TABLE t ADD CONSTRAINT name CHECK (...), `constraint` from CONSTRAINT on written in
+    // the engine's SQL, on an engine that cannot add it in place; false: run the translation.
+    virtual bool AddCheckConstraint(const QString& table, const QString& constraint) {
+        (void)table, (void)constraint;
+        return false;
+    }
     // TRUNCATE TABLE; true when the identity counter starts again with it.
     virtual QString TruncateSql(const QString& table) const = 0;
     virtual bool TruncateRestartsIdentity() const { return false; }

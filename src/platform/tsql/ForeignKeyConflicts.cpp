@@ -2,8 +2,8 @@
 
 #include "platform/engines/SqlServerMessages.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/ConstraintNames.h"
 #include "platform/tsql/EngineDialect.h"
-#include "platform/tsql/ForeignKeyNames.h"
 #include "platform/tsql/SqlServerTexts.h"
 #include "platform/tsql/StatementTokens.h"
 #include "platform/tsql/TsqlErrors.h"
@@ -70,7 +70,7 @@ bool WritesReferringSide(const ForeignKey& key, const Tokens& statement, const Q
 
 std::optional<ForeignKey> FailedKey(const ado::ErrorRecord& record, const Tokens& statement,
                                     const QString& table, EngineDialect& dialect) {
-    if (auto added = AddedKey(WithForeignKeysNamed(statement), table)) return added;
+    if (auto added = AddedKey(WithConstraintsNamed(statement), table)) return added;
     static const QRegularExpression named(QStringLiteral("foreign key constraint \"([^\"]+)\""));
     const QString engineName = named.match(record.description).captured(1);
     const std::vector<ForeignKey> keys = dialect.ForeignKeysAround(table);
@@ -86,8 +86,7 @@ QString ConflictText(const ForeignKey& key, const Tokens& statement, const QStri
                      const QString& database) {
     const bool referring =
         WritesReferringSide(key, statement, table) || statement.front().IsWord(u"ALTER");
-    QString kind = StatementKind(statement);
-    if (kind == u"ALTER") kind += QStringLiteral(" TABLE");
+    const QString kind = ConflictingStatementKind(statement);
     const QStringList& columns = referring ? key.referencedColumns : key.columns;
     QString text = ado::SqlServerMessages::Text(
         ado::kNativeConstraintConflict,

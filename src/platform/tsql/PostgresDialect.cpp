@@ -55,7 +55,7 @@ constexpr TypeName kColumnTypes[] = {
     {"SMALLMONEY", "numeric(10,4)"},
     {"NTEXT", "zlx_ntext"},
     {"TEXT", "zlx_text"},
-    {"IMAGE", "bytea"},
+    {"IMAGE", "zlx_image"},
     {"VARBINARY", "bytea"},
     {"BINARY", "bytea"},
     {"NVARCHAR", "varchar"},
@@ -85,7 +85,7 @@ constexpr TypeRule kTypeRules[] = {
     {"numeric(19,4)", 60, "8"}, {"numeric%", 108, "p"}, {"character varying%", 167, "n"},
     {"character(%", 175, "n"}, {"%zlx_nvarchar_%", 231, "2n"}, {"%zlx_varchar_%", 167, "n"},
     {"%zlx_nchar_%", 239, "2n"}, {"%zlx_ntext", 99, "16"}, {"%zlx_text", 35, "16"},
-    {"text", 35, "16"}, {"bytea", 34, "16"},
+    {"text", 35, "16"}, {"%zlx_image", 34, "16"}, {"bytea", 34, "16"},
 };
 // clang-format on
 // The length follows "(" in a type's own name and "_" in a text domain's.
@@ -344,6 +344,10 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             "FROM pg_collation WHERE collname = 'zlx_ci_ai' AND collnamespace = "
             "CAST(current_schema() AS regnamespace)) THEN CREATE COLLATION zlx_ci_ai "
             "(provider = icu, locale = 'es-u-ks-level1', deterministic = false); END IF; ") +
+            // IMAGE is a domain over bytea, so that the catalog tells it from VARBINARY(MAX)
+            // (which converts to a text, where an IMAGE value is error 529).
+            QStringLiteral("IF to_regtype('zlx_image') IS NULL THEN CREATE DOMAIN zlx_image AS "
+                           "bytea; END IF; ") +
             TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
             FixedTextFunctions() + TextBytesFunction() + BytesTextFunction() + BitFunctions() +
             NumberFunctions() + NumberTextFunctions() + DateReadingFunctions() +
@@ -565,7 +569,7 @@ QString TsqlTypeOf(const QString& type) {
         {"integer", "INT"},          {"smallint", "SMALLINT"},      {"bigint", "BIGINT"},
         {"zlx_bit", "BIT"},          {"double precision", "FLOAT"}, {"real", "REAL"},
         {"numeric(19,4)", "MONEY"},  {"numeric(10,4)", "MONEY"},    {"date", "DATE"},
-        {"bytea", "VARBINARY(MAX)"},
+        {"bytea", "VARBINARY(MAX)"}, {"zlx_image", "IMAGE"},
     };
     QString tsql = LookUpType(kinds, type);
     if (tsql.isEmpty()) tsql = TsqlTypeOfTextDomain(type);

@@ -137,9 +137,9 @@ QString ConflictText(const ado::ErrorRecord& record, const Tokens& statement,
         if (!referring.isEmpty()) table = referring;
         if (!referenced.isEmpty()) table = referenced;
     }
-    return SqlServerMessages::Text(
-        ado::kNativeConstraintConflict,
-        {StatementKind(statement), kind, name, database, QStringLiteral("dbo.") + table});
+    return SqlServerMessages::Text(ado::kNativeConstraintConflict,
+                                   {ConflictingStatementKind(statement), kind, name, database,
+                                    QStringLiteral("dbo.") + table});
 }
 
 QString ConversionText(std::int32_t native, const QString& text) {
@@ -289,6 +289,11 @@ QString TargetTable(const Tokens& statement) {
 QString StatementKind(const Tokens& statement) {
     return statement.empty() || statement[0].IsWord(u"SELECT") ? QStringLiteral("INSERT")
                                                                : statement[0].text.toUpper();
+}
+
+QString ConflictingStatementKind(const Tokens& statement) {
+    const QString kind = StatementKind(statement);
+    return kind == u"ALTER" ? QStringLiteral("ALTER TABLE") : kind;
 }
 
 QString SqlServerDescription(const ado::ErrorRecord& record, const Tokens& statement,

@@ -24,5 +24,7 @@ QString DuplicateKeyText(std::int32_t native, const QString& kind, const QString
 QString TargetTable(const Tokens& statement);
 // The statement's first word as SQL Server's messages name it (INSERT, UPDATE, DELETE...).
 QString StatementKind(const Tokens& statement);
+// The statement a 547 conflict names: StatementKind's, ALTER TABLE for an ALTER.
+QString ConflictingStatementKind(const Tokens& statement);
 
 } // namespace zlx::tsql

@@ -723,6 +723,13 @@ void SqliteDialect::AddForeignKey(const Tokens& statement) {
         .AddConstraint(TokensToSql(constraint).trimmed());
 }
 
+// SQLite adds no constraint in place: the table is made again with it, which fails (547) and
+// leaves the table as it was when a row breaks it.
+bool SqliteDialect::AddCheckConstraint(const QString& table, const QString& constraint) {
+    Rebuilder(table).AddConstraint(constraint);
+    return true;
+}
+
 QString SqliteDialect::TruncateSql(const QString& table) const {
     return QStringLiteral("DELETE FROM ") + table;
 }

@@ -99,6 +99,7 @@ public:
     std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) override;
     QString IndexesQuery(const QString& schema) const override;
     bool RunDefinition(const Tokens& statement) override;
+    bool AddCheckConstraint(const QString& table, const QString& constraint) override;
     QString TruncateSql(const QString& table) const override;
     QString ExclusiveLockSql(const QString& table) const override;
     QString LastIdentitySql() const override;

@@ -5,8 +5,8 @@
 #include "platform/tsql/BatchParser.h"
 #include "platform/tsql/BatchSplitter.h"
 #include "platform/tsql/ColumnAdditions.h"
+#include "platform/tsql/ConstraintNames.h"
 #include "platform/tsql/ForeignKeyConflicts.h"
-#include "platform/tsql/ForeignKeyNames.h"
 #include "platform/tsql/NamedDefaults.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/StatementTokens.h"
@@ -870,8 +870,28 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
             Reseed(table, 0);
         return true;
     }
-    // The key ALTER TABLE t ADD FOREIGN KEY adds has its name, as its translation would.
-    return m_dialect->RunDefinition(WithForeignKeysNamed(statement));
+    // The key or check ALTER TABLE t ADD adds has its name, as its translation would.
+    const Tokens named = WithConstraintsNamed(statement);
+    return AddCheckConstraint(named) || m_dialect->RunDefinition(named);
+}
+
+// ALTER TABLE t ADD CONSTRAINT name CHECK (...) on an engine that adds it otherwise: the check
+// as the translation writes it. WITH NOCHECK, which would keep rows that break it, is refused.
+bool TsqlSession::AddCheckConstraint(const Tokens& statement) {
+    if (!StartsWith(statement, {u"ALTER", u"TABLE"})) return false;
+    const size_t add = StatementTokens(statement).QualifiedNameEnd(2);
+    if (add < statement.size() && statement[add].IsWord(u"WITH") && add + 1 < statement.size() &&
+        statement[add + 1].IsWord(u"NOCHECK"))
+        ThrowUnsupported(QStringLiteral("ALTER TABLE ... WITH NOCHECK"));
+    if (add + 3 >= statement.size() || !statement[add].IsWord(u"ADD") ||
+        !statement[add + 1].IsWord(u"CONSTRAINT") || !statement[add + 3].IsWord(u"CHECK"))
+        return false;
+    const QString sql = TsqlTranslator(Context()).Translate(statement).sql;
+    static const QRegularExpression constraint(QStringLiteral("\\bCONSTRAINT\\b"),
+                                               QRegularExpression::CaseInsensitiveOption);
+    const qsizetype at = sql.indexOf(constraint);
+    return at >= 0 && m_dialect->AddCheckConstraint(EngineObjectName(QualifiedNameAt(statement, 2)),
+                                                    sql.mid(at).trimmed());
 }
 
 // SET IDENTITY_INSERT table ON|OFF: one table of the session at a time.
@@ -958,6 +978,7 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
         m_rowCount = static_cast<std::int64_t>(rows.rows.size());
         if (!rows.rows.empty())
             m_identity = static_cast<std::int64_t>(rows.rows.back().at(0).ToDouble());
+        NoteIdentityTaken(table);
         if (!m_noCount) sink.RowsAffected(m_rowCount);
         return;
     }
@@ -969,6 +990,12 @@ void TsqlSession::RunInsert(const QString& sql, const QString& table, ado::Resul
     else if (m_rowCount > 0)
         m_identity =
             static_cast<std::int64_t>(Query(m_dialect->LastIdentitySql()).at(0).at(0).ToDouble());
+    NoteIdentityTaken(table);
+}
+
+// A value taken inside a transaction stays taken when it is rolled back (see
+// EngineDialect::NoteIdentityTaken).
+void TsqlSession::NoteIdentityTaken(const QString& table) {
     if (m_identity && m_tranCount > 0) m_dialect->NoteIdentityTaken(table, *m_identity);
 }
 

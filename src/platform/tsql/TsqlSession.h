@@ -141,9 +141,11 @@ private:
     bool RunProcedure(const Tokens& statement, ado::ResultSink& sink);
     bool RunDatabaseStatement(const Tokens& statement);
     bool RunDefinition(const Tokens& statement);
+    bool AddCheckConstraint(const Tokens& statement);
     void RunTranslated(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     void RunInsert(const QString& sql, const QString& table, ado::ResultSink& sink,
                    int timeoutSeconds);
+    void NoteIdentityTaken(const QString& table);
 
     // What the dialect asks of the session.
     std::vector<std::vector<Variant>> Query(const QString& sql) override;

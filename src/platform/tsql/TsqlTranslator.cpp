@@ -4,7 +4,7 @@
 #include "platform/tsql/ConditionPlacement.h"
 #include "platform/tsql/DataStatementRewriter.h"
 #include "platform/tsql/DistinctTexts.h"
-#include "platform/tsql/ForeignKeyNames.h"
+#include "platform/tsql/ConstraintNames.h"
 #include "platform/tsql/LargeTextRefusals.h"
 #include "platform/tsql/NiladicFunctions.h"
 #include "platform/tsql/OffsetFetch.h"
@@ -81,7 +81,7 @@ Translation TsqlTranslator::Translate(const Tokens& statement) const {
     ConditionPlacement(tokens).Check();
     NiladicFunctions(tokens).Rewrite();
     Translation translation;
-    NameUnnamedForeignKeys(tokens);
+    NameUnnamedConstraints(tokens);
     TableDefinitionRewriter definitions(tokens, m_context);
     translation.identityStart = definitions.Rewrite();
     if (!definitions.DeferredDefault().empty())

@@ -1,6 +1,7 @@
 #include "platform/tsql/TypedExpressions.h"
 
 #include "platform/tsql/EngineDialect.h"
+#include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 #include "platform/tsql/TypeNames.h"
 
@@ -56,6 +57,25 @@ QString NumberLiteralType(const QString& text) {
                                                                       : QStringLiteral("DECIMAL");
 }
 
+// SQL Server's name of an approximate number type (FLOAT(n) up to 24 is a real); empty for
+// the others.
+QString ApproximateTypeName(const QString& type) {
+    if (type == u"REAL") return QStringLiteral("real");
+    if (!type.startsWith(u"FLOAT")) return {};
+    const int bits = type.section(u'(', 1).section(u')', 0, 0).toInt();
+    return bits >= 1 && bits <= 24 ? QStringLiteral("real") : QStringLiteral("float");
+}
+
+// A remainder takes integer, money and decimal operands only (8117), where the engines would
+// give one of approximate numbers.
+void RefuseApproximateRemainder(const QString& left, const QString& right) {
+    for (const QString& type : {left, right})
+        if (const QString name = ApproximateTypeName(type); !name.isEmpty())
+            ThrowStatementError(
+                QStringLiteral("Operand data type %1 is invalid for modulo operator.").arg(name),
+                ado::kNativeInvalidOperand);
+}
+
 } // namespace
 
 TypedExpressions::TypedExpressions(StatementTokens& tokens, const TranslationContext& context)
@@ -75,6 +95,7 @@ void TypedExpressions::Prepare() {
     for (size_t i = 0; i < m_t.size(); ++i)
         if (BeginsChain(i)) Chain(i, true);
     ConvertResultTexts();
+    CollateResultTexts();
     if (compares) {
         ConvertComparedTexts();
         ConvertUnionTexts();
@@ -166,6 +187,7 @@ TypedExpressions::Typed TypedExpressions::Combine(Typed left, const QString& op,
                                                   bool record) {
     TakeNumberType(left, right, record);
     TakeNumberType(right, left, record);
+    if (op == u"%") RefuseApproximateRemainder(left.type, right.type);
     if (const auto decimal = CombineDecimals(left, op, right, record)) return *decimal;
     const int leftRank = NumberRank(left.type);
     const int rightRank = NumberRank(right.type);

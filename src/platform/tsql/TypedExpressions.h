@@ -81,6 +81,17 @@ private:
     QString ResultType(const std::vector<size_t>& starts);
     void ConvertResultValues(const std::vector<size_t>& starts, bool first);
 
+    // Text values of CASE, COALESCE, ISNULL and text functions compared or sorted under the
+    // database collation (TypedExpressions_collations).
+    void CollateResultTexts();
+    std::optional<std::pair<size_t, size_t>> TextResult(size_t i);
+    bool IsGroupingOpen(size_t open) const;
+    bool IsComparedText(std::pair<size_t, size_t> value);
+    bool IsSortKey(std::pair<size_t, size_t> value) const;
+    bool IsGroupKey(size_t first) const;
+    size_t KeyListBy(size_t first) const;
+    QString RangeText(std::pair<size_t, size_t> value) const;
+
     // A text met by a number takes the number's type (TypedExpressions_textnumbers).
     void TakeNumberType(Typed& text, const Typed& number, bool record);
     QString NumberTypeOf(const Typed& operand) const;

@@ -2,7 +2,7 @@
 #include "QtPrinters.h"
 #include "platform/engines/AdoError.h"
 #include "platform/tsql/BatchSplitter.h"
-#include "platform/tsql/ForeignKeyNames.h"
+#include "platform/tsql/ConstraintNames.h"
 #include "platform/tsql/PostgresDialect.h"
 #include "platform/tsql/SqliteDialect.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -128,6 +128,37 @@ TEST(TsqlTranslator, UnnamedForeignKeysTakeSqlServersNames) {
     EXPECT_TRUE(
         Translated(QStringLiteral("ALTER TABLE t ADD FOREIGN KEY (a) REFERENCES p"), Target::SQLite)
             .startsWith(u"ALTER TABLE t ADD CONSTRAINT FK__t__a__"));
+}
+
+// A CHECK without a name is named by its column: the one it is declared on, else the one a
+// table's CHECK names; one over several columns by the table alone.
+TEST(TsqlTranslator, NamesUnnamedChecksAsSqlServer) {
+    const QString created = Translated(
+        QStringLiteral("CREATE TABLE Pedidos_de_clientes (cantidad INT CHECK (cantidad > 0), "
+                       "minimo INT, maximo INT, CHECK (minimo <= maximo), CHECK (ISNULL(minimo, "
+                       "0) >= 0), CONSTRAINT ck_propio CHECK (maximo < 9))"),
+        Target::SQLite);
+    const QRegularExpression names(QStringLiteral("CONSTRAINT (\\w+) CHECK"));
+    QStringList found;
+    for (auto match = names.globalMatch(created); match.hasNext();)
+        found << match.next().captured(1);
+    ASSERT_EQ(found.size(), 4) << created.toStdString();
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^CK__Pedidos_d__canti__[0-9A-F]{8}$"))
+                    .match(found[0])
+                    .hasMatch())
+        << found[0].toStdString();
+    EXPECT_TRUE(QRegularExpression(QStringLiteral("^CK__Pedidos_d__[0-9A-F]{8}$"))
+                    .match(found[1])
+                    .hasMatch())
+        << found[1].toStdString();
+    EXPECT_TRUE(found[2].startsWith(u"CK__Pedidos_d__minim__")) << found[2].toStdString();
+    EXPECT_EQ(found[3], QStringLiteral("ck_propio"));
+    EXPECT_NE(SqlServerCheckName(QStringLiteral("t"), QString(), 1),
+              SqlServerCheckName(QStringLiteral("t"), QString(), 2));
+    EXPECT_TRUE(Translated(QStringLiteral("ALTER TABLE t ADD CHECK (a > 0)"), Target::PostgreSQL)
+                    .contains(u"CONSTRAINT CK__t__a__"));
+    EXPECT_FALSE(Translated(QStringLiteral("ALTER TABLE t CHECK CONSTRAINT ALL"), Target::SQLite)
+                     .contains(u"CK__"));
 }
 
 TEST(TsqlTranslator, ExclusiveHintNamesTheTable) {

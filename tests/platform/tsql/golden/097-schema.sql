@@ -5,6 +5,6 @@ ALTER TABLE BLOBs ADD Contenido IMAGE
 -- SQLite
 ALTER TABLE BLOBs ADD Contenido IMAGE
 -- PostgreSQL
-ALTER TABLE BLOBs ADD Contenido bytea
+ALTER TABLE BLOBs ADD Contenido zlx_image
 -- result
 error 2705
