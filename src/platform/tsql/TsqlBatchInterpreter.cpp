@@ -147,8 +147,7 @@ void TsqlBatchInterpreter::RunWith(const QString& text, const Tokens& batch, Tsq
     ParsedBatch parsed = ParseBatch(WithTemporaryNames(batch), std::move(declared));
     parsed.statements.insert(parsed.statements.begin(), prologue.begin(), prologue.end());
     m_variables = std::move(parsed.variables);
-    for (const BatchNode& node : parsed.statements)
-        Check(node);
+    CheckAll(parsed.statements);
     m_session.m_dialect->RefreshCatalog(text);
     m_clock.start();
     if (m_caller) {
@@ -178,6 +177,13 @@ ado::AdoError TsqlBatchInterpreter::WithDeferred(const ado::AdoError* error) con
     return ado::AdoError(error->Number(), description, std::move(records));
 }
 
+void TsqlBatchInterpreter::CheckAll(const std::vector<BatchNode>& nodes) {
+    m_session.CheckKeepingSettings([&] {
+        for (const BatchNode& node : nodes)
+            Check(node);
+    });
+}
+
 // The check SQL Server makes when it compiles the batch, with a value of its type for each
 // variable: a construct this layer refuses runs nothing.
 void TsqlBatchInterpreter::Check(const BatchNode& node) {
@@ -189,6 +195,7 @@ void TsqlBatchInterpreter::Check(const BatchNode& node) {
 }
 
 void TsqlBatchInterpreter::CheckStatement(const Tokens& statement) {
+    if (TsqlSession::SetsDateOption(statement)) return m_session.Check(statement);
     if (ChecksOwnStatement(statement)) return;
     if (const auto assignment = VariableAssignment::Read(statement)) {
         TsqlTranslator(m_session.CheckingContext())

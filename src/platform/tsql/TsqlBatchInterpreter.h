@@ -46,6 +46,7 @@ private:
     // The error a batch ends with: RAISERROR's errors first, then `error` (if any).
     ado::AdoError WithDeferred(const ado::AdoError* error) const;
 
+    void CheckAll(const std::vector<BatchNode>& nodes);
     void Check(const BatchNode& node);
     void CheckStatement(const Tokens& statement);
     bool ChecksOwnStatement(const Tokens& statement);

@@ -280,8 +280,10 @@ void TsqlSession::RunBatch(const QString& batch, ado::ResultSink& sink, int time
         m_batchStatements = nullptr;
         m_checkedShapes.clear();
     });
-    for (const Tokens& statement : statements)
-        Check(statement);
+    CheckKeepingSettings([&] {
+        for (const Tokens& statement : statements)
+            Check(statement);
+    });
     m_dialect->RefreshCatalog(batch);
     const bool pipelined = m_pipeline && statements.size() > 1;
     std::size_t current = 0;
@@ -426,7 +428,29 @@ void TsqlSession::RunUndoable(const std::function<void()>& run) {
     if (m_tranCount > 0) Run(QStringLiteral("RELEASE SAVEPOINT ") + savepoint);
 }
 
+bool TsqlSession::SetsDateOption(const Tokens& statement) {
+    return statement.size() >= 3 && statement.front().IsWord(u"SET") &&
+           IsAnyWord(statement[1], {u"DATEFORMAT", u"DATEFIRST", u"LANGUAGE"});
+}
+
+// SET DATEFORMAT, DATEFIRST and LANGUAGE act on the statements after them as the batch runs, so
+// the check reads those statements under them too, and then leaves the session as it was.
+void TsqlSession::CheckKeepingSettings(const std::function<void()>& check) {
+    const QString dateFormat = m_dateFormat, language = m_language;
+    const int dateFirst = m_dateFirst;
+    const auto restore = qScopeGuard([&] {
+        m_dateFormat = dateFormat;
+        m_language = language;
+        m_dateFirst = dateFirst;
+    });
+    check();
+}
+
 void TsqlSession::Check(const Tokens& statement) {
+    if (SetsDateOption(statement)) {
+        RunSetOption(statement);
+        return;
+    }
     if (const auto block = BlockBody(statement)) {
         for (const Tokens& inner : SplitBatch(*block))
             Check(inner);
@@ -579,11 +603,25 @@ bool TsqlSession::RunSetOption(const Tokens& statement) {
         m_language = value;
     else if (option.IsWord(u"IDENTITY_INSERT"))
         SetIdentityInsert(statement);
-    else if (!(option.IsWord(u"XACT_ABORT") || option.IsWord(u"ANSI_NULLS") ||
-               option.IsWord(u"QUOTED_IDENTIFIER") || option.IsWord(u"ANSI_WARNINGS") ||
-               option.IsWord(u"ARITHABORT")))
-        ThrowUnsupported(QStringLiteral("SET ") + option.text);
+    else if (!IsSessionDefault(statement))
+        ThrowUnsupported(QStringLiteral("SET ") + option.text + u' ' + value);
     return true;
+}
+
+// The options the session always has, as the library sets them: setting them so changes nothing,
+// setting them otherwise would change answers the layer does not give. Reading uncommitted rows
+// reads committed ones, as a NOLOCK hint does.
+bool TsqlSession::IsSessionDefault(const Tokens& statement) {
+    const Token& option = statement[1];
+    const bool on = statement[2].IsWord(u"ON");
+    if (option.IsWord(u"ARITHABORT")) return on || statement[2].IsWord(u"OFF");
+    if (IsAnyWord(option, {u"XACT_ABORT", u"ANSI_NULLS", u"QUOTED_IDENTIFIER", u"ANSI_WARNINGS",
+                           u"CONCAT_NULL_YIELDS_NULL", u"ANSI_PADDING"}))
+        return on;
+    return option.IsWord(u"TRANSACTION") && statement.size() == 6 &&
+           statement[2].IsWord(u"ISOLATION") && statement[3].IsWord(u"LEVEL") &&
+           statement[4].IsWord(u"READ") &&
+           (statement[5].IsWord(u"COMMITTED") || statement[5].IsWord(u"UNCOMMITTED"));
 }
 
 // BEGIN/COMMIT/ROLLBACK [TRAN[SACTION]] [name]: only the outermost level reaches the engine,

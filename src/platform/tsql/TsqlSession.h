@@ -132,6 +132,10 @@ private:
     void RunWaitFor(const Tokens& statement, int timeoutSeconds);
     void RunStatement(const Tokens& statement, ado::ResultSink& sink, int timeoutSeconds);
     bool RunSetOption(const Tokens& statement);
+    static bool IsSessionDefault(const Tokens& statement);
+    // SET DATEFORMAT, DATEFIRST or LANGUAGE.
+    static bool SetsDateOption(const Tokens& statement);
+    void CheckKeepingSettings(const std::function<void()>& check);
     void SetIdentityInsert(const Tokens& statement);
     void CheckIdentityWrite(const Tokens& statement);
     void CheckKeyColumns(const Tokens& statement);

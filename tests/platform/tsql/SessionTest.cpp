@@ -103,6 +103,11 @@ TEST_P(SessionTest, SessionSettingsAreRemembered) {
         Value(QStringLiteral("SELECT CAST(ServerProperty('ProductVersion') AS VARCHAR(128))")),
         QStringLiteral("8.00.2039"));
     EXPECT_EQ(NativeErrorOf(QStringLiteral("SET ROWCOUNT 5")), 102);
+    // Options otherwise than the session has them would change answers.
+    for (const char* option :
+         {"SET ANSI_NULLS OFF", "SET XACT_ABORT OFF", "SET CONCAT_NULL_YIELDS_NULL OFF",
+          "SET TRANSACTION ISOLATION LEVEL SERIALIZABLE"})
+        EXPECT_EQ(NativeErrorOf(QString::fromLatin1(option)), 102) << option;
     EXPECT_EQ(NativeErrorOf(QStringLiteral("PRINT 'hola' + 1")), 102);
     EXPECT_EQ(NativeErrorOf(QStringLiteral("master.dbo.sp_addlinkedserver [remoto],'SQL Server'")),
               102);
