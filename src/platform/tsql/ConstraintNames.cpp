@@ -152,4 +152,30 @@ Tokens WithConstraintsNamed(const Tokens& statement) {
     return Tokens(tokens.begin(), tokens.end());
 }
 
+std::optional<Tokens> WithoutCheckOption(const Tokens& statement) {
+    const StatementTokens t(statement);
+    if (!t.WordAt(0, u"ALTER") || !t.WordAt(1, u"TABLE")) return std::nullopt;
+    Tokens plain = statement;
+    const size_t with = t.QualifiedNameEnd(2);
+    if (t.WordAt(with, u"WITH") && t.WordAt(with + 1, u"CHECK") && t.WordAt(with + 2, u"ADD"))
+        plain.erase(plain.begin() + static_cast<std::ptrdiff_t>(with),
+                    plain.begin() + static_cast<std::ptrdiff_t>(with + 2));
+    // The owner dbo names the table the plain name names.
+    if (with == 5 && IsName(t[2]) && t[2].text.compare(u"dbo", Qt::CaseInsensitive) == 0 &&
+        t.SymbolAt(3, u".")) {
+        plain.erase(plain.begin() + 2, plain.begin() + 4);
+        plain[2].leading = t[2].leading;
+    }
+    if (plain.size() == statement.size()) return std::nullopt;
+    return plain;
+}
+
+bool ChecksConstraint(const Tokens& statement) {
+    const StatementTokens t(statement);
+    if (!t.WordAt(0, u"ALTER") || !t.WordAt(1, u"TABLE")) return false;
+    size_t check = t.QualifiedNameEnd(2);
+    if (t.WordAt(check, u"WITH") && t.WordAt(check + 1, u"CHECK")) check += 2;
+    return t.WordAt(check, u"CHECK") && t.WordAt(check + 1, u"CONSTRAINT") && check + 3 == t.size();
+}
+
 } // namespace zlx::tsql

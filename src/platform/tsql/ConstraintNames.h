@@ -8,6 +8,8 @@
 
 #include "platform/tsql/StatementTokens.h"
 
+#include <optional>
+
 namespace zlx::tsql {
 
 // Gives each unnamed FOREIGN KEY and CHECK of CREATE TABLE and ALTER TABLE ... ADD its SQL
@@ -15,6 +17,14 @@ namespace zlx::tsql {
 // they are.
 void NameUnnamedConstraints(StatementTokens& tokens);
 Tokens WithConstraintsNamed(const Tokens& statement);
+
+// ALTER TABLE [dbo.]t [WITH CHECK] ADD ... without the owner dbo and without WITH CHECK, which
+// asks what adding a constraint does anyway (check the rows there are); nullopt for a statement
+// that has neither.
+std::optional<Tokens> WithoutCheckOption(const Tokens& statement);
+// ALTER TABLE t [WITH CHECK] CHECK CONSTRAINT c: a constraint checked already, as every
+// constraint here is.
+bool ChecksConstraint(const Tokens& statement);
 
 // FK__<table>__<column>__<digits>: the digits are any on SQL Server; here they come from the
 // key's table, column, referenced table and `ordinal`, so that one statement names alike.

@@ -544,6 +544,12 @@ void TsqlSession::RunStatement(const Tokens& statement, ado::ResultSink& sink, i
             RunStatement(inner, sink, timeoutSeconds);
         return;
     }
+    if (const auto plain = WithoutCheckOption(statement))
+        return RunStatement(*plain, sink, timeoutSeconds);
+    if (ChecksConstraint(statement)) {
+        m_rowCount = 0;
+        return;
+    }
     if (const std::vector<Tokens> additions = EachAddition(statement); !additions.empty()) {
         for (const Tokens& addition : additions)
             RunStatement(addition, sink, timeoutSeconds);
@@ -928,8 +934,9 @@ bool TsqlSession::AddCheckConstraint(const Tokens& statement) {
     static const QRegularExpression constraint(QStringLiteral("\\bCONSTRAINT\\b"),
                                                QRegularExpression::CaseInsensitiveOption);
     const qsizetype at = sql.indexOf(constraint);
-    return at >= 0 && m_dialect->AddCheckConstraint(EngineObjectName(QualifiedNameAt(statement, 2)),
-                                                    sql.mid(at).trimmed());
+    // A lone name is taken without its brackets, as the other definitions take it.
+    const QString table = add == 3 ? statement[2].text : QualifiedNameAt(statement, 2);
+    return at >= 0 && m_dialect->AddCheckConstraint(EngineObjectName(table), sql.mid(at).trimmed());
 }
 
 // SET IDENTITY_INSERT table ON|OFF: one table of the session at a time.
