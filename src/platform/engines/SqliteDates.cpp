@@ -4,6 +4,7 @@
 #include "platform/engines/SqlServerErrors.h"
 #include "platform/engines/SqliteFunctionTable.h"
 
+#include <QRegularExpression>
 #include <chrono>
 #include <cmath>
 #include <sqlite3.h>
@@ -145,10 +146,26 @@ void DatePlusFunction(sqlite3_context* context, int, sqlite3_value** values) {
                                 std::llround(sqlite3_value_double(values[1]) * kMsecsPerDay))));
 }
 
-// zlx_numberdate(v): a number v as the DATETIME v days after 1900-01-01, its fraction the time of
-// day; any other value as it is.
+// A text cast to DATETIME: read as a date literal is, in the order; a blank text is 1900-01-01
+// and a date's own stored text (yyyy-mm-dd ...) that the order does not read is taken as stored.
+void TextAsDatetime(sqlite3_context* context, sqlite3_value** values) {
+    const QString text = Text(values[0]);
+    if (text.trimmed().isEmpty())
+        return ResultText(context, IsoDateText(QDateTime(QDate(1900, 1, 1), QTime(0, 0), Qt::UTC)));
+    DateReading reading = ReadDate(text, DateOrderNamed(Text(values[1])));
+    static const QRegularExpression stored(QStringLiteral(R"(^\d{4}-\d{2}-\d{2}( |$))"));
+    if (reading.error && stored.match(text).hasMatch())
+        reading = ReadDate(text, DateOrder::YearMonthDay);
+    if (reading.error)
+        return sqlite3_result_error(context, DateErrorText(reading.error).toUtf8().constData(), -1);
+    ResultText(context, IsoDateText(RoundedToDatetime(reading.value)));
+}
+
+// zlx_numberdate(v, order): a number v as the DATETIME v days after 1900-01-01, its fraction the
+// time of day; a text read in the order (SET DATEFORMAT's); any other value as it is.
 void NumberDateFunction(sqlite3_context* context, int, sqlite3_value** values) {
     const int type = sqlite3_value_type(values[0]);
+    if (type == SQLITE_TEXT) return TextAsDatetime(context, values);
     if (type != SQLITE_INTEGER && type != SQLITE_FLOAT)
         return sqlite3_result_value(context, values[0]);
     const QDateTime base(QDate(1900, 1, 1), QTime(0, 0), Qt::UTC);
@@ -191,7 +208,7 @@ void Install(sqlite3* db) {
         {"zlx_datestyle", 4, &DateStyleFunction},   {"zlx_todate", 2, &ToDateFunction},
         {"zlx_isdate", 2, &IsDateFunction},         {"zlx_eomonth", 2, &EndOfMonthFunction},
         {"zlx_dateplus", 2, &DatePlusFunction},     {"zlx_astype", 2, &AsTypeFunction},
-        {"zlx_numberdate", 1, &NumberDateFunction},
+        {"zlx_numberdate", 2, &NumberDateFunction},
     };
     InstallDeterministic(db, functions);
     // The clock answers anew at each call.

@@ -97,8 +97,8 @@ public:
     virtual QString DatePlusDays(const QString& value, const QString& days) const = 0;
     // CAST(value AS DATETIME) of a value of no date type the statement tells: a number (a
     // column's or a variable's) is the date that many days after 1900-01-01, its fraction the
-    // time of day; any other value is read as the engine's cast to a date reads it.
-    virtual QString NumberAsDate(const QString& value) const = 0;
+    // time of day; a text is read in `order`, as a date literal is.
+    virtual QString NumberAsDate(const QString& value, DateOrder order) const = 0;
     // EOMONTH(value, months): the last day of the month `months` after value's.
     virtual QString EndOfMonth(const QString& value, const QString& months) const = 0;
     // CONVERT(VARCHAR, value, style), for a style that StyleFormat knows, a fraction of a second

@@ -8,8 +8,9 @@
 
 namespace zlx::tsql {
 
-// The PL/pgSQL that makes, once in a database's schema, zlx_isdate(value, order), order
-// 'dmy', 'mdy' or 'ymd': 1 when the value reads as a date from 1753 on, else 0.
+// The PL/pgSQL that makes, once in a database's schema, zlx_date_of_text(value, order), order
+// 'dmy', 'mdy' or 'ymd': the date the value reads as from 1753 on, else NULL; and
+// zlx_isdate(value, order): 1 when it reads as one, else 0.
 QString DateReadingFunctions();
 
 } // namespace zlx::tsql

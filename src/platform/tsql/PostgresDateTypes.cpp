@@ -27,6 +27,27 @@ AS $f$ SELECT CAST(v AS timestamp(3)) $f$;
 CREATE FUNCTION zlx_numberdate(v timestamp) RETURNS timestamp(3) LANGUAGE sql IMMUTABLE STRICT
 AS $f$ SELECT CAST(v AS timestamp(3)) $f$;
 END IF;
+IF to_regprocedure('zlx_numberdate(text, text)') IS NULL THEN
+CREATE FUNCTION zlx_numberdate(v double precision, dateorder text) RETURNS timestamp(3)
+LANGUAGE sql IMMUTABLE STRICT AS $f$ SELECT zlx_numberdate(v) $f$;
+CREATE FUNCTION zlx_numberdate(v timestamp, dateorder text) RETURNS timestamp(3)
+LANGUAGE sql IMMUTABLE STRICT AS $f$ SELECT CAST(v AS timestamp(3)) $f$;
+CREATE FUNCTION zlx_numberdate(v text, dateorder text) RETURNS timestamp(3) LANGUAGE plpgsql
+IMMUTABLE STRICT AS $f$
+DECLARE
+  r timestamp;
+BEGIN
+  IF btrim(v) = '' THEN RETURN TIMESTAMP '1900-01-01'; END IF;
+  r := zlx_date_of_text(v, dateorder);
+  IF r IS NOT NULL THEN RETURN zlx_datetime(r); END IF;
+  IF v COLLATE "default" ~ '[A-Za-z]' THEN
+    RAISE EXCEPTION 'Conversion failed when converting date and/or time from character string.'
+      USING ERRCODE = '22007';
+  END IF;
+  RAISE EXCEPTION 'The conversion of a varchar data type to a datetime data type resulted in an out-of-range value.'
+    USING ERRCODE = '22008';
+END $f$;
+END IF;
 IF NOT EXISTS (SELECT 1 FROM pg_type WHERE typname = 'zlx_datetime2_7'
                AND typnamespace = CAST(current_schema() AS regnamespace)) THEN
 FOR n IN 0..7 LOOP

@@ -222,9 +222,11 @@ QString PostgresDialect::DatePlusDays(const QString& value, const QString& days)
     return QStringLiteral("CAST((%1) + (%2) * interval '1 day' AS timestamp(3))").arg(value, days);
 }
 
-// zlx_numberdate takes a number, a text or a timestamp (see PostgresDateTypes.h).
-QString PostgresDialect::NumberAsDate(const QString& value) const {
-    return QStringLiteral("zlx_numberdate(%1)").arg(value);
+// zlx_numberdate takes a number, a text (read in the order) or a timestamp (see
+// PostgresDateTypes.h).
+QString PostgresDialect::NumberAsDate(const QString& value, DateOrder order) const {
+    return QStringLiteral("zlx_numberdate(%1, %2)")
+        .arg(value, SqlString(ado::DateOrderName(order)));
 }
 
 QString PostgresDialect::EndOfMonth(const QString& value, const QString& months) const {

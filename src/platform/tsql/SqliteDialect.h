@@ -24,7 +24,7 @@ public:
     QString DateAdd(DateUnit unit, const QString& count, const QString& value) const override;
     QString DateDiff(DateUnit unit, const QString& from, const QString& to) const override;
     QString DatePlusDays(const QString& value, const QString& days) const override;
-    QString NumberAsDate(const QString& value) const override;
+    QString NumberAsDate(const QString& value, DateOrder order) const override;
     QString EndOfMonth(const QString& value, const QString& months) const override;
     QString DateText(const QString& value, int style, int digits, bool spanish) const override;
     QString TextToDate(const QString& text, DateOrder order) const override;

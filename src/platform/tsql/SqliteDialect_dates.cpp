@@ -62,8 +62,8 @@ QString SqliteDialect::DatePlusDays(const QString& value, const QString& days) c
     return QStringLiteral("zlx_dateplus(%1, %2)").arg(value, days);
 }
 
-QString SqliteDialect::NumberAsDate(const QString& value) const {
-    return QStringLiteral("zlx_numberdate(%1)").arg(value);
+QString SqliteDialect::NumberAsDate(const QString& value, DateOrder order) const {
+    return QStringLiteral("zlx_numberdate(%1, %2)").arg(value, Order(order));
 }
 
 QString SqliteDialect::EndOfMonth(const QString& value, const QString& months) const {

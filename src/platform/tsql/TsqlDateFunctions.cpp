@@ -186,7 +186,7 @@ QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& 
     const bool counted = dateType->kind == ado::DateTypeKind::DateTime ||
                          dateType->kind == ado::DateTypeKind::SmallDateTime;
     if (counted && !value.isText && !value.isDate) {
-        const QString date = m_dialect.NumberAsDate(value.sql.trimmed());
+        const QString date = m_dialect.NumberAsDate(value.sql.trimmed(), m_settings.order);
         return dateType->kind == ado::DateTypeKind::DateTime
                    ? date
                    : m_dialect.AsDateType(date, *dateType);
