@@ -2,6 +2,7 @@
 
 #include "platform/engines/DriverErrors.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/CarriedAssignment.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/SelectInto.h"
 #include "platform/tsql/StatementTokens.h"
@@ -198,8 +199,9 @@ void TsqlBatchInterpreter::CheckStatement(const Tokens& statement) {
     if (TsqlSession::SetsDateOption(statement)) return m_session.Check(statement);
     if (ChecksOwnStatement(statement)) return;
     if (const auto assignment = VariableAssignment::Read(statement)) {
+        const auto carried = CarriedAssignment::Read(*assignment);
         TsqlTranslator(m_session.CheckingContext())
-            .Translate(Bound(assignment->Query(m_variables), true));
+            .Translate(Bound(carried ? carried->rowsQuery : assignment->Query(m_variables), true));
         return;
     }
     const Tokens bound = Bound(statement, true);
@@ -261,7 +263,10 @@ void TsqlBatchInterpreter::ExecuteStatement(const Tokens& statement) {
     m_current = statement;
     if (RunsOwnStatement(statement)) return;
     if (const auto assignment = VariableAssignment::Read(statement)) {
-        m_session.RunUndoable([&] { Assign(*assignment); });
+        if (const auto carried = CarriedAssignment::Read(*assignment))
+            m_session.RunUndoable([&] { AssignRowByRow(*carried); });
+        else
+            m_session.RunUndoable([&] { Assign(*assignment); });
         return;
     }
     const Tokens bound = Bound(statement);

@@ -19,6 +19,7 @@ namespace zlx::tsql {
 class TsqlSession;
 struct SelectInto;
 struct VariableAssignment;
+struct CarriedAssignment;
 struct RaiseStatement;
 struct ThrowStatement;
 struct ExecuteText;
@@ -72,6 +73,7 @@ private:
     // A statement with its variables bound, run by the session or by the interpreter itself.
     void RunBound(const Tokens& bound);
     void Assign(const VariableAssignment& assignment);
+    void AssignRowByRow(const CarriedAssignment& carried);
     void CreateFromQuery(const SelectInto& into);
     void InsertCopiedIdentities(const Tokens& table);
     void PrintValue(const Tokens& statement);

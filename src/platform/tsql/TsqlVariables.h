@@ -39,6 +39,8 @@ public:
     // DECLARE: a second declaration of the same name in the batch is error 134.
     void Declare(const QString& name, const VariableType& type);
     bool IsDeclared(const QString& name) const { return m_variables.contains(name.toLower()); }
+    // Ends a variable the layer declared for itself.
+    void Forget(const QString& name) { m_variables.remove(name.toLower()); }
     // Error 137 when the variable was not declared.
     const VariableType& TypeOf(const QString& name) const;
     // A text variable's value as it holds it (CHAR's filled up), nullopt while NULL.

@@ -5,7 +5,6 @@
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
 
-#include <QSet>
 #include <QStringList>
 
 namespace zlx::tsql {
@@ -86,18 +85,9 @@ std::optional<VariableAssignment> VariableAssignment::Read(const Tokens& stateme
 }
 
 Tokens VariableAssignment::Query(const TsqlVariables& variables) const {
-    QSet<QString> assigned;
-    for (const Item& item : items)
-        assigned.insert(item.variable.toLower());
     Tokens query = head;
     for (size_t k = 0; k < items.size(); ++k) {
         const Item& item = items[k];
-        if (fromRows()) {
-            for (const Token& token : item.value)
-                if (token.kind == TokenKind::Variable && assigned.contains(token.text.toLower()))
-                    ThrowUnsupported(QStringLiteral("SELECT %1 = ... %2 ... FROM")
-                                         .arg(item.variable, token.text));
-        }
         if (k > 0) query.push_back(Raw(QStringLiteral(",")));
         // A date is read on the engine, under SET DATEFORMAT; other values are converted when
         // they are assigned. In parentheses the engine answers the date's text as it holds it

@@ -25,8 +25,8 @@ struct VariableAssignment {
     // returns columns is error 141.
     static std::optional<VariableAssignment> Read(const Tokens& statement);
     // The query that answers the values, variables of the values still named (the caller
-    // substitutes them). A value read over rows that names a variable the same statement
-    // assigns is refused: the engine cannot carry it from row to row as SQL Server does.
+    // substitutes them). Values read over rows that name a variable the same statement
+    // assigns are carried from row to row by CarriedAssignment instead.
     Tokens Query(const TsqlVariables& variables) const;
 };
 

@@ -144,9 +144,9 @@ TEST_P(BatchInterpreterTest, WhatDoesNotCompileRunsNothing) {
         {"CREATE TABLE nada (n INT) DECLARE @x INT RETURN 5", 178},
         {"CREATE TABLE nada (n INT) DECLARE @s VARCHAR(10) SELECT @s = name, 1 FROM sysobjects",
          141},
-        // Carrying a variable from row to row is left to SQL Server itself.
+        // A variable carried from row to row inside a CASE with the row's columns.
         {"CREATE TABLE nada (n INT) DECLARE @s VARCHAR(50) = '' "
-         "SELECT @s = @s + name FROM sysobjects",
+         "SELECT @s = CASE WHEN @s = '' THEN name ELSE @s + ',' + name END FROM sysobjects",
          102},
         {"CREATE TABLE nada (n INT) DECLARE @a INT DECLARE @A INT", 134},
         {"CREATE TABLE nada (n INT) IF OBJECT_ID('tempdb..#t') IS NOT NULL DROP TABLE #t", 102},
