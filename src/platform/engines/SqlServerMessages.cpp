@@ -154,6 +154,11 @@ constexpr Message kMessages[] = {
      "No se puede abrir la base de datos \"%1\" solicitada por el inicio de sesión. Error de "
      "inicio "
      "de sesión."},
+    {4127,
+     "At least one of the arguments to COALESCE must be an expression that is not the NULL "
+     "constant.",
+     "Al menos uno de los argumentos de COALESCE debe ser una expresión que no sea la constante "
+     "NULL."},
     {4712,
      "Cannot truncate table '%1' because it is being referenced by a FOREIGN KEY "
      "constraint.",

@@ -189,13 +189,16 @@ void TsqlBatchInterpreter::CheckAll(const std::vector<BatchNode>& nodes) {
 // variable: a construct this layer refuses runs nothing.
 void TsqlBatchInterpreter::Check(const BatchNode& node) {
     if (node.kind == BatchNode::Kind::Statement) CheckStatement(node.tokens);
-    if (node.kind == BatchNode::Kind::If || node.kind == BatchNode::Kind::While)
+    if (node.kind == BatchNode::Kind::If || node.kind == BatchNode::Kind::While) {
+        TsqlSession::CheckCoalesceArguments(node.tokens);
         TsqlTranslator(m_session.CheckingContext()).Translate(Bound(node.tokens, true));
+    }
     for (const BatchNode& child : node.children)
         Check(child);
 }
 
 void TsqlBatchInterpreter::CheckStatement(const Tokens& statement) {
+    TsqlSession::CheckCoalesceArguments(statement);
     if (TsqlSession::SetsDateOption(statement)) return m_session.Check(statement);
     if (ChecksOwnStatement(statement)) return;
     if (const auto assignment = VariableAssignment::Read(statement)) {

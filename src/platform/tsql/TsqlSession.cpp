@@ -10,6 +10,7 @@
 #include "platform/tsql/NamedDefaults.h"
 #include "platform/tsql/PrintStatement.h"
 #include "platform/tsql/StatementTokens.h"
+#include "platform/tsql/TokenLists.h"
 #include "platform/tsql/TsqlBatchInterpreter.h"
 #include "platform/tsql/TsqlErrors.h"
 #include "platform/tsql/TsqlTokenizer.h"
@@ -456,6 +457,7 @@ void TsqlSession::Check(const Tokens& statement) {
             Check(inner);
         return;
     }
+    CheckCoalesceArguments(statement);
     if (statement.front().IsWord(u"IF")) {
         const IfParts parts = SplitIf(statement);
         TsqlTranslator(CheckingContext()).Translate(parts.condition);
@@ -465,6 +467,23 @@ void TsqlSession::Check(const Tokens& statement) {
     RefuseUnsupported(statement);
     for (QStringView word : {u"SELECT", u"INSERT", u"UPDATE", u"DELETE", u"WITH"}) {
         if (statement.front().IsWord(word)) CheckTranslation(statement);
+    }
+}
+
+void TsqlSession::CheckCoalesceArguments(const Tokens& statement) {
+    for (size_t i = 0; i + 1 < statement.size(); ++i) {
+        if (!statement[i].IsWord(u"COALESCE") || !statement[i + 1].IsSymbol(u"(")) continue;
+        size_t close = i + 1;
+        for (int depth = 0; close < statement.size(); ++close) {
+            if (statement[close].IsSymbol(u"(")) ++depth;
+            if (statement[close].IsSymbol(u")") && --depth == 0) break;
+        }
+        const std::vector<Tokens> arguments = SplitAtCommas(statement, i + 2, close);
+        const auto isNull = [](const Tokens& a) { return a.size() == 1 && a[0].IsWord(u"NULL"); };
+        if (!arguments.empty() && std::all_of(arguments.begin(), arguments.end(), isNull))
+            ThrowStatementError(QStringLiteral("At least one of the arguments to COALESCE must be "
+                                               "an expression that is not the NULL constant."),
+                                4127);
     }
 }
 

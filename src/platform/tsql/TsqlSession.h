@@ -109,6 +109,9 @@ private:
     // Refuses, before anything runs, what this layer cannot run.
     void Check(const Tokens& statement);
     static void RefuseUnsupported(const Tokens& statement);
+    // COALESCE of NULL constants alone is SQL Server's compile error 4127 (checked before
+    // variables take their values: a NULL variable is no NULL constant).
+    static void CheckCoalesceArguments(const Tokens& statement);
     TranslationContext CheckingContext();
     // A statement is translated once when it can be: at the check, kept for the run.
     TranslationCache::Settings TranslationSettings() const;
