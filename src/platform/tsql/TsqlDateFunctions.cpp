@@ -136,13 +136,12 @@ QString DateFunctionWriter::Call(const QString& name,
     return m_dialect.DateDiff(unit, DateTimeValue(arguments[1]), DateTimeValue(arguments[2]));
 }
 
-// DATEADD answers a value of its date's type: a TIME wraps round midnight, a DATE stays a day.
+// DATEADD answers a value of its date's type, a text literal's (or a value of no type told) a
+// DATETIME: a TIME wraps round midnight, a DATE stays a day, DATETIME2(n) keeps n digits.
 QString DateFunctionWriter::DateAdd(DateUnit unit, const CallArgument& count,
                                     const CallArgument& date) const {
     const QString added = m_dialect.DateAdd(unit, count.sql.trimmed(), DateTimeValue(date));
-    const auto type = date.dateType;
-    if (!type || type->kind == ado::DateTypeKind::DateTime) return added;
-    return m_dialect.AsDateType(added, *type);
+    return m_dialect.AsDateType(added, date.dateType.value_or(ado::DateType{}));
 }
 
 QString DateFunctionWriter::DateTimeValue(const CallArgument& value) const {
