@@ -181,18 +181,22 @@ void DateFunctionWriter::RequireKeptDigits(const ado::DateReading& reading,
 QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& type) const {
     const auto dateType = ado::DateType::Named(type);
     if (!dateType) return {};
-    if (const QString days = NumberAsDate(value, *dateType); !days.isEmpty()) return days;
-    const bool counted = dateType->kind == ado::DateTypeKind::DateTime ||
-                         dateType->kind == ado::DateTypeKind::SmallDateTime;
-    if (counted && !value.isText && !value.isDate) {
-        const QString date = m_dialect.NumberAsDate(value.sql.trimmed(), m_settings.order);
-        return dateType->kind == ado::DateTypeKind::DateTime
-                   ? date
-                   : m_dialect.AsDateType(date, *dateType);
-    }
+    if (const QString date = CountedDate(value, *dateType, m_settings.order); !date.isEmpty())
+        return date;
     if (dateType->kind == ado::DateTypeKind::DateTime) return {};
     if (value.isText) return TypedLiteral(value.text, m_settings.order, *dateType);
     return m_dialect.AsDateType(value.sql.trimmed(), *dateType);
+}
+
+// Whether a value is a number or a text is known when the statement runs (NumberAsDate).
+QString DateFunctionWriter::CountedDate(const CallArgument& value, const ado::DateType& type,
+                                        DateOrder order) const {
+    if (const QString days = NumberAsDate(value, type); !days.isEmpty()) return days;
+    const bool counted =
+        type.kind == ado::DateTypeKind::DateTime || type.kind == ado::DateTypeKind::SmallDateTime;
+    if (!counted || value.isText || value.isDate) return {};
+    const QString date = m_dialect.NumberAsDate(value.sql.trimmed(), order);
+    return type.kind == ado::DateTypeKind::DateTime ? date : m_dialect.AsDateType(date, type);
 }
 
 // A number is the date that many days after 1900-01-01 for DATETIME and SMALLDATETIME; the other
@@ -253,12 +257,14 @@ QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) 
 }
 
 // A text literal is read in the style's order, or the session's for a style of none (one that
-// names the month: the text's own form tells it); another text only in a style's order.
+// names the month: the text's own form tells it); another text only in a style's order. A number
+// is a number of days whatever the style.
 QString DateFunctionWriter::ConvertToDate(const ado::DateType& type, const CallArgument& value,
                                           int style) const {
     auto order = ado::StyleOrder(style);
     if (!order && value.isText && !ado::StyleFormat(style).isEmpty()) order = m_settings.order;
     if (!order) ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
+    if (const QString date = CountedDate(value, type, *order); !date.isEmpty()) return date;
     if (type.kind == ado::DateTypeKind::DateTime)
         return value.isText ? DateValue(value, *order)
                             : m_dialect.TextToDate(value.sql.trimmed(), *order);
