@@ -189,14 +189,42 @@ void AsTypeFunction(sqlite3_context* context, int, sqlite3_value** values) {
     ResultText(context, StoredDateText(reading, *type));
 }
 
-// zlx_sysdatetime(): the system clock's local time to the 100-nanosecond tick, as SYSDATETIME()
-// answers it.
-void SysDateTimeFunction(sqlite3_context* context, int, sqlite3_value**) {
+// The system clock's local time, to the 100-nanosecond tick.
+DateReading ClockNow() {
     const auto since = std::chrono::system_clock::now().time_since_epoch();
     const qint64 nanoseconds = std::chrono::duration_cast<std::chrono::nanoseconds>(since).count();
     const QDateTime local = QDateTime::fromMSecsSinceEpoch(nanoseconds / 1000000);
-    const QDateTime wallClock(local.date(), local.time(), Qt::UTC);
-    ResultText(context, MomentText({wallClock, 0, static_cast<int>(nanoseconds % 1000000 / 100)}));
+    return {QDateTime(local.date(), local.time(), Qt::UTC), 0,
+            static_cast<int>(nanoseconds % 1000000 / 100)};
+}
+
+// zlx_sysdatetime(): the clock, read at each call, for the DEFAULT (SYSDATETIME()) of a table made
+// before SYSDATETIME() took the statement's moment.
+void ClockFunction(sqlite3_context* context, int, sqlite3_value**) {
+    ResultText(context, MomentText(ClockNow()));
+}
+
+// The digits below the millisecond that SYSDATETIME() adds to a statement's moment.
+struct StatementClock {
+    QString moment;
+    int ticks = 0;
+};
+
+// zlx_sysdatetime(now): SYSDATETIME() of the statement whose moment is `now` (SQLite's 'now',
+// local, to the millisecond, one for the statement): that moment with the system clock's
+// 100-nanosecond ticks below the millisecond, read at the first call for the moment and kept, so
+// that every call of the statement answers the same value.
+void SysDateTimeFunction(sqlite3_context* context, int, sqlite3_value** values) {
+    auto* clock = static_cast<StatementClock*>(sqlite3_user_data(context));
+    auto reading = MomentArgument(context, values[0]);
+    if (!reading) return;
+    const QString moment = Text(values[0]);
+    if (moment != clock->moment) {
+        clock->ticks = ClockNow().ticks;
+        clock->moment = moment;
+    }
+    reading->ticks = clock->ticks;
+    ResultText(context, MomentText(*reading));
 }
 
 } // namespace
@@ -211,9 +239,12 @@ void Install(sqlite3* db) {
         {"zlx_numberdate", 2, &NumberDateFunction},
     };
     InstallDeterministic(db, functions);
-    // The clock answers anew at each call.
-    sqlite3_create_function(db, "zlx_sysdatetime", 0, SQLITE_UTF8, nullptr, &SysDateTimeFunction,
-                            nullptr, nullptr);
+    // Not deterministic: the clock's ticks are read anew for each moment.
+    sqlite3_create_function_v2(db, "zlx_sysdatetime", 1, SQLITE_UTF8, new StatementClock,
+                               &SysDateTimeFunction, nullptr, nullptr,
+                               [](void* clock) { delete static_cast<StatementClock*>(clock); });
+    sqlite3_create_function(db, "zlx_sysdatetime", 0, SQLITE_UTF8, nullptr, &ClockFunction, nullptr,
+                            nullptr);
 }
 
 } // namespace zlx::ado::SqliteDates

@@ -43,11 +43,14 @@ std::optional<ado::DateType> DateOperands::DeclaredType(size_t first, size_t end
     const size_t close = end - 1;
     if (!m_t.SymbolAt(first + 1, u"(") || m_t.Close(first + 1) != close) return std::nullopt;
     if (m_t.WordAt(first, u"SYSDATETIME")) return ado::DateType{ado::DateTypeKind::DateTime2, 7};
-    // The smallest, largest or first value of dates is of their type.
-    if (IsAnyWord(m_t[first], {u"MIN", u"MAX", u"ISNULL", u"COALESCE"})) {
+    // The smallest, largest or first value of dates is of their type, DATEADD of its date's.
+    const bool adds = m_t.WordAt(first, u"DATEADD");
+    if (adds || IsAnyWord(m_t[first], {u"MIN", u"MAX", u"ISNULL", u"COALESCE"})) {
         const size_t open = first + 1;
         const auto arguments = m_t.Items(open, close, m_t.Commas(open, close));
-        return DeclaredType(arguments.front().first, arguments.front().second);
+        const size_t typed = adds ? 2 : 0;
+        if (arguments.size() <= typed) return std::nullopt;
+        return DeclaredType(arguments[typed].first, arguments[typed].second);
     }
     return ado::DateType::Named(m_t.ConversionType(first));
 }

@@ -91,6 +91,7 @@ public:
     virtual QString DatePart(DateUnit unit, const QString& value, int dateFirst) const = 0;
     virtual QString DateName(DateUnit unit, const QString& value, int dateFirst,
                              bool spanish) const = 0;
+    // value + count units, with every digit of a second the engine keeps (AsDateType fits it).
     virtual QString DateAdd(DateUnit unit, const QString& count, const QString& value) const = 0;
     virtual QString DateDiff(DateUnit unit, const QString& from, const QString& to) const = 0;
     // value + days (days may be negative or a fraction).

@@ -48,6 +48,20 @@ BEGIN
     USING ERRCODE = '22008';
 END $f$;
 END IF;
+IF to_regprocedure('zlx_seventh_digit(text, text)') IS NULL THEN
+CREATE FUNCTION zlx_seventh_digit(v text, typename text) RETURNS text LANGUAGE plpgsql IMMUTABLE
+STRICT AS $f$
+BEGIN
+  IF v COLLATE "default" ~ ':\d{1,2}\.\d{6}\d*[1-9]' THEN
+    RAISE EXCEPTION 'Construcción T-SQL no soportada: séptimo dígito de segundo en %', typename;
+  END IF;
+  RETURN v;
+END $f$;
+CREATE FUNCTION zlx_seventh_digit(v timestamp, typename text) RETURNS timestamp LANGUAGE sql
+IMMUTABLE STRICT AS $f$ SELECT v $f$;
+CREATE FUNCTION zlx_seventh_digit(v time, typename text) RETURNS time LANGUAGE sql IMMUTABLE
+STRICT AS $f$ SELECT v $f$;
+END IF;
 IF NOT EXISTS (SELECT 1 FROM pg_type WHERE typname = 'zlx_datetime2_7'
                AND typnamespace = CAST(current_schema() AS regnamespace)) THEN
 FOR n IN 0..7 LOOP

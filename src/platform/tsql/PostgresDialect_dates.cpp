@@ -179,9 +179,9 @@ QString PostgresDialect::DateName(DateUnit unit, const QString& value, int dateF
     return QStringLiteral("CAST(%1 AS varchar)").arg(DatePart(unit, value, dateFirst));
 }
 
+// A timestamp of six digits; the caller fits it to the date's type (AsDateType).
 QString PostgresDialect::DateAdd(DateUnit unit, const QString& count, const QString& value) const {
-    return QStringLiteral("CAST((%1) + CAST(%2 AS integer) * %3 AS timestamp(3))")
-        .arg(value, count, Interval(unit));
+    return QStringLiteral("((%1) + CAST(%2 AS integer) * %3)").arg(value, count, Interval(unit));
 }
 
 QString PostgresDialect::DateDiff(DateUnit unit, const QString& from, const QString& to) const {
@@ -279,11 +279,17 @@ QString EngineDateType(const ado::DateType& type) {
 
 } // namespace
 
-// SMALLDATETIME rounds to the minute and holds its range in zlx_smalldatetime (see
-// PostgresDateTypes.h); the others are PostgreSQL's own casts.
+// SMALLDATETIME rounds to the minute and holds its range in zlx_smalldatetime, DATETIME rounds to
+// .000/.003/.007 in zlx_datetime (see PostgresDateTypes.h); the others are PostgreSQL's own casts.
 QString PostgresDialect::AsDateType(const QString& value, const ado::DateType& type) const {
     if (type.kind == ado::DateTypeKind::SmallDateTime)
         return QStringLiteral("zlx_smalldatetime(CAST(%1 AS timestamp(3)))").arg(value);
+    if (type.kind == ado::DateTypeKind::DateTime)
+        return QStringLiteral("CAST(zlx_datetime(CAST(%1 AS timestamp)) AS timestamp(3))")
+            .arg(value);
+    if (type.digits > SecondDigits())
+        return QStringLiteral("CAST(zlx_seventh_digit(%1, '%2') AS %3)")
+            .arg(value, type.Spelling(), EngineDateType(type));
     return QStringLiteral("CAST(%1 AS %2)").arg(value, EngineDateType(type));
 }
 

@@ -23,22 +23,26 @@ QString DuplicateTable(const QString& message) {
     return message.section(QStringLiteral(": "), 1).section(u'.', 0, 0);
 }
 
+// SQLite's local 'now', to the millisecond: its date functions are constants of the statement,
+// computed once before the first row, so that every row reads the same moment.
+#define ZLX_LOCAL_NOW "strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime')"
+
 constexpr FunctionSpelling kFunctions[] = {
     {"ISNULL", 2, false, "ifnull(%1, %2)"},
-    // SQLite's 'now' is one moment for the whole step, to the millisecond; DATETIME keeps it
-    // to .000/.003/.007.
-    {"GETDATE", 0, false,
-     "zlx_astype(strftime('%Y-%m-%d %H:%M:%f', 'now', 'localtime'), 'DATETIME')"},
+    // The clock functions answer the statement's moment: DATETIME keeps it to .000/.003/.007,
+    // SYSDATETIME() adds the clock's digits below the millisecond (SqliteDates.h).
+    {"GETDATE", 0, false, "zlx_astype(" ZLX_LOCAL_NOW ", 'DATETIME')"},
     {"GETUTCDATE", 0, false, "zlx_astype(strftime('%Y-%m-%d %H:%M:%f', 'now'), 'DATETIME')"},
     {"SQRT", 1, true, "zlx_sqrt(%1)"},
     {"POWER", 2, true, "zlx_power(%1, %2)"},
-    {"SYSDATETIME", 0, true, "zlx_sysdatetime()"},
+    {"SYSDATETIME", 0, true, "zlx_sysdatetime(" ZLX_LOCAL_NOW ")"},
     {"OBJECT_ID", 1, false, "(SELECT id FROM sysobjects WHERE xtype IN ('U', 'V') AND name = %1)"},
     {"RIGHT", 2, true, "zlx_right(%1, %2)"},
     {"LEFT", 2, true, "zlx_left(%1, %2)"},
     {"SUBSTRING", 3, true, "zlx_substring(%1, %2, %3)"},
     {"DATALENGTH", 1, true, "zlx_datalength(%1)"},
 };
+#undef ZLX_LOCAL_NOW
 
 // Dates are ISO-8601 texts, so that they compare in order.
 constexpr TypeName kCastTypes[] = {

@@ -136,13 +136,12 @@ QString DateFunctionWriter::Call(const QString& name,
     return m_dialect.DateDiff(unit, DateTimeValue(arguments[1]), DateTimeValue(arguments[2]));
 }
 
-// DATEADD answers a value of its date's type: a TIME wraps round midnight, a DATE stays a day.
+// DATEADD answers a value of its date's type, a text literal's (or a value of no type told) a
+// DATETIME: a TIME wraps round midnight, a DATE stays a day, DATETIME2(n) keeps n digits.
 QString DateFunctionWriter::DateAdd(DateUnit unit, const CallArgument& count,
                                     const CallArgument& date) const {
     const QString added = m_dialect.DateAdd(unit, count.sql.trimmed(), DateTimeValue(date));
-    const auto type = date.dateType;
-    if (!type || type->kind == ado::DateTypeKind::DateTime) return added;
-    return m_dialect.AsDateType(added, *type);
+    return m_dialect.AsDateType(added, date.dateType.value_or(ado::DateType{}));
 }
 
 QString DateFunctionWriter::DateTimeValue(const CallArgument& value) const {
@@ -182,18 +181,22 @@ void DateFunctionWriter::RequireKeptDigits(const ado::DateReading& reading,
 QString DateFunctionWriter::CastValue(const CallArgument& value, const QString& type) const {
     const auto dateType = ado::DateType::Named(type);
     if (!dateType) return {};
-    if (const QString days = NumberAsDate(value, *dateType); !days.isEmpty()) return days;
-    const bool counted = dateType->kind == ado::DateTypeKind::DateTime ||
-                         dateType->kind == ado::DateTypeKind::SmallDateTime;
-    if (counted && !value.isText && !value.isDate) {
-        const QString date = m_dialect.NumberAsDate(value.sql.trimmed(), m_settings.order);
-        return dateType->kind == ado::DateTypeKind::DateTime
-                   ? date
-                   : m_dialect.AsDateType(date, *dateType);
-    }
+    if (const QString date = CountedDate(value, *dateType, m_settings.order); !date.isEmpty())
+        return date;
     if (dateType->kind == ado::DateTypeKind::DateTime) return {};
     if (value.isText) return TypedLiteral(value.text, m_settings.order, *dateType);
     return m_dialect.AsDateType(value.sql.trimmed(), *dateType);
+}
+
+// Whether a value is a number or a text is known when the statement runs (NumberAsDate).
+QString DateFunctionWriter::CountedDate(const CallArgument& value, const ado::DateType& type,
+                                        DateOrder order) const {
+    if (const QString days = NumberAsDate(value, type); !days.isEmpty()) return days;
+    const bool counted =
+        type.kind == ado::DateTypeKind::DateTime || type.kind == ado::DateTypeKind::SmallDateTime;
+    if (!counted || value.isText || value.isDate) return {};
+    const QString date = m_dialect.NumberAsDate(value.sql.trimmed(), order);
+    return type.kind == ado::DateTypeKind::DateTime ? date : m_dialect.AsDateType(date, type);
 }
 
 // A number is the date that many days after 1900-01-01 for DATETIME and SMALLDATETIME; the other
@@ -254,12 +257,14 @@ QString DateFunctionWriter::Convert(const std::vector<CallArgument>& arguments) 
 }
 
 // A text literal is read in the style's order, or the session's for a style of none (one that
-// names the month: the text's own form tells it); another text only in a style's order.
+// names the month: the text's own form tells it); another text only in a style's order. A number
+// is a number of days whatever the style.
 QString DateFunctionWriter::ConvertToDate(const ado::DateType& type, const CallArgument& value,
                                           int style) const {
     auto order = ado::StyleOrder(style);
     if (!order && value.isText && !ado::StyleFormat(style).isEmpty()) order = m_settings.order;
     if (!order) ThrowUnsupported(QStringLiteral("CONVERT con estilo %1").arg(style));
+    if (const QString date = CountedDate(value, type, *order); !date.isEmpty()) return date;
     if (type.kind == ado::DateTypeKind::DateTime)
         return value.isText ? DateValue(value, *order)
                             : m_dialect.TextToDate(value.sql.trimmed(), *order);

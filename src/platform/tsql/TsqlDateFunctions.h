@@ -61,6 +61,10 @@ private:
     QString DateValue(const CallArgument& value) const;
     // CAST(number AS type) of a number literal; empty for any other value.
     QString NumberAsDate(const CallArgument& value, const ado::DateType& type) const;
+    // CAST(value AS type) or CONVERT(type, value, style) of a number, or of any value of no date
+    // type to DATETIME or SMALLDATETIME (a text read in `order`); empty for others.
+    QString CountedDate(const CallArgument& value, const ado::DateType& type,
+                        DateOrder order) const;
     QString DateAdd(DateUnit unit, const CallArgument& count, const CallArgument& date) const;
     // A date argument as a date and time: a TIME on 1900-01-01, as SQL Server widens it.
     QString DateTimeValue(const CallArgument& value) const;

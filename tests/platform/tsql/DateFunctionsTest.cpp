@@ -176,7 +176,10 @@ TEST_P(DateFunctionsTest, SecondDigitsAreKeptOrTheSeventhIsRefusedByName) {
                   "SELECT @h = hora FROM medidas "
                   "SELECT CONVERT(VARCHAR(26), @m, 121), CAST(@h AS VARCHAR(16))")),
               QStringLiteral("2024-03-15 10:20:30.123456|10:20:30.7654320"));
-    // A seventh digit that is not 0: an engine that stops at the microsecond cannot keep it.
+    // A seventh digit that is not 0: an engine that stops at the microsecond cannot keep it,
+    // whether it is in a literal or in a text column's value, read when the statement runs.
+    Exec(QStringLiteral("CREATE TABLE lecturas (texto VARCHAR(30))"));
+    Exec(QStringLiteral("INSERT INTO lecturas VALUES ('2024-03-15 10:20:30.1234567')"));
     struct Seventh {
         QString query;
         QString answer;
@@ -190,6 +193,12 @@ TEST_P(DateFunctionsTest, SecondDigitsAreKeptOrTheSeventhIsRefusedByName) {
          QStringLiteral("10:20:30.7654321"), QStringLiteral("TIME(7)")},
         {QStringLiteral("SELECT COUNT(*) FROM medidas WHERE hora < '10:20:30.7654321'"),
          QStringLiteral("1"), QStringLiteral("TIME(7)")},
+        {QStringLiteral("SELECT CONVERT(VARCHAR(27), CAST(texto AS DATETIME2(7)), 121) FROM "
+                        "lecturas"),
+         QStringLiteral("2024-03-15 10:20:30.1234567"), QStringLiteral("DATETIME2(7)")},
+        {QStringLiteral("SELECT CAST(CONVERT(TIME, SUBSTRING(texto, 12, 16)) AS VARCHAR(16)) FROM "
+                        "lecturas"),
+         QStringLiteral("10:20:30.1234567"), QStringLiteral("TIME(7)")},
     };
     for (const Seventh& seventh : sevenths) {
         if (Postgres())
