@@ -207,8 +207,7 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
           "SELECT name FROM sys.tables", "CREATE TABLE calculos (a INT, doble AS (a * 2))",
           "ALTER TABLE calculos ADD triple AS a * 3",
           "SELECT * FROM INFORMATION_SCHEMA.TABLE_CONSTRAINTS",
-          "SELECT name FROM sysindexes WHERE id = 1",
-          "SELECT COLUMNPROPERTY(1, 'a', 'AllowsNull')",
+          "SELECT name FROM sysindexes WHERE id = 1", "SELECT COLUMNPROPERTY(1, 'a', 'AllowsNull')",
           "SELECT COLUMNPROPERTY(OBJECT_ID('t'), a, 'Precision') FROM t",
           // What SQLite lacks itself.
           "SELECT a, SUM(n) FROM t GROUP BY ROLLUP(a)",
