@@ -54,7 +54,7 @@ constexpr TypeRule kTypeRules[] = {
     {"BIGINT", 127, "8"}, {"BIT", 104, "1"}, {"FLOAT", 62, "8"}, {"REAL", 59, "4"},
     {"DATETIME", 61, "8"}, {"SMALLDATETIME", 58, "4"}, {"MONEY", 60, "8"},
     {"DATE", 40, "3"}, {"TIME%", 41, "5"}, {"DATETIME2%", 42, "8"},
-    {"DECIMAL%", 106, "p"}, {"NUMERIC%", 108, "p"}, {"NVARCHAR%MAX%", 231, "-1"}, {"NVARCHAR%", 231, "2n"},
+    {"DEC%", 106, "p"}, {"NUMERIC%", 108, "p"}, {"NVARCHAR%MAX%", 231, "-1"}, {"NVARCHAR%", 231, "2n"},
     {"VARCHAR%MAX%", 167, "-1"}, {"VARCHAR%", 167, "n"}, {"NCHAR%", 239, "2n"}, {"CHAR%", 175, "n"},
     {"NTEXT", 99, "16"}, {"TEXT", 35, "16"}, {"IMAGE", 34, "16"}, {"VARBINARY%MAX%", 165, "-1"},
     {"VARBINARY%", 165, "n"}, {"BINARY%", 173, "n"},
