@@ -72,6 +72,11 @@ public:
     // --- Spelling: what the translator asks. ---
     // A quoted name as the engine keeps it.
     virtual QString QuoteName(const QString& name) const;
+    // The name of a CHECK, key or FOREIGN KEY constraint a definition makes, written `quoted`
+    // ([name]) or not: as the engine keeps the application's spelling of it for its errors.
+    virtual QString ConstraintName(const QString& name, bool quoted) const {
+        return quoted ? QuoteName(name) : name;
+    }
     // A word the engine reserves that SQL Server takes as a name (limit, offset...): written
     // quoted where it names something.
     virtual bool ReservesWord(const QString&) const { return false; }
@@ -181,6 +186,10 @@ public:
         (void)type;
         return {};
     }
+    // The engine's own type for a DECIMAL, VARBINARY or BINARY column declared `type` (upper
+    // case, with its digits or length), which its catalog tells from the other number and
+    // binary types; empty: the type as the engine spells it otherwise.
+    virtual QString DomainColumnType(const QString&) const { return {}; }
     // Whether the engine's spelling of column type `type` keeps the length written after it.
     virtual bool KeepsTypeLength(const QString&) const { return true; }
     // A binary literal (T-SQL 0x00FF10) of `hexDigits`, an even number of lower-case digits.
@@ -377,6 +386,12 @@ public:
     virtual bool DropNamedDefault(const QString& table, const QString& name) = 0;
     // Whether the engine table has a constraint, or an index standing for one, named `name`.
     virtual bool HasConstraint(const QString& table, const QString& name) = 0;
+    // A definition of T-SQL table `table` that holds CONSTRAINT `name` CHECK (...) as the engine
+    // keeps it (see CheckCondition); empty when the table has no such CHECK.
+    virtual QString CheckDefinition(const QString& table, const QString& name) = 0;
+    // Drops constraint `name` of engine table `table` (one HasConstraint found) when the engine
+    // needs more than the statement's translation for it; false to translate it.
+    virtual bool DropConstraint(const QString&, const QString&) { return false; }
     // `error`, the failure of a statement that `rerun` runs again, naming the FOREIGN KEY
     // constraint it broke (foreign key constraint "name") where the engine names none.
     virtual ado::AdoError WithBrokenKeyNamed(const ado::AdoError& error,

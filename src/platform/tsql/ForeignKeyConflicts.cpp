@@ -88,14 +88,11 @@ QString ConflictText(const ForeignKey& key, const Tokens& statement, const QStri
         WritesReferringSide(key, statement, table) || statement.front().IsWord(u"ALTER");
     const QString kind = ConflictingStatementKind(statement);
     const QStringList& columns = referring ? key.referencedColumns : key.columns;
-    QString text = ado::SqlServerMessages::Text(
+    const QString text = ado::SqlServerMessages::Text(
         ado::kNativeConstraintConflict,
         {kind, referring ? QStringLiteral("FOREIGN KEY") : QStringLiteral("REFERENCE"), key.name,
          database, QStringLiteral("dbo.") + (referring ? key.referenced : key.table)});
-    // A key of one column names it, in these words in every language.
-    if (columns.size() == 1 && text.endsWith(u'.'))
-        text.insert(text.size() - 1, QStringLiteral(", column '%1'").arg(columns.front()));
-    return text;
+    return WithConflictColumn(text, columns.size() == 1 ? columns.front() : QString());
 }
 
 } // namespace

@@ -12,6 +12,7 @@
 #include "platform/tsql/PostgresTextDomains.h"
 #include "platform/tsql/PostgresTextFunctions.h"
 #include "platform/tsql/PostgresTextSearch.h"
+#include "platform/tsql/PostgresTypeDomains.h"
 #include "platform/tsql/SystemCatalog.h"
 #include "platform/tsql/TypeNames.h"
 
@@ -32,7 +33,11 @@ constexpr FunctionSpelling kFunctions[] = {
     {"GETUTCDATE", 0, false,
      "zlx_datetime(CAST(statement_timestamp() AT TIME ZONE 'UTC' AS timestamp))"},
     {"SYSDATETIME", 0, true, "CAST(statement_timestamp() AS timestamp(6))"},
-    {"OBJECT_ID", 1, false, "CAST(CAST(to_regclass(%1) AS oid) AS integer)"},
+    // A key's index keeps the spelling of its constraint's name (see ConstraintName).
+    {"OBJECT_ID", 1, false,
+     "CAST(COALESCE(CAST(to_regclass(%1) AS oid), (SELECT c.oid FROM pg_class c WHERE "
+     "c.relnamespace = CAST(current_schema() AS regnamespace) AND lower(c.relname) = lower(%1) "
+     "LIMIT 1)) AS integer)"},
     {"RIGHT", 2, true, "zlx_right(%1, zlx_cut_length(%2, 'RIGHT'))"},
     {"LEFT", 2, true, "zlx_left(%1, zlx_cut_length(%2, 'LEFT'))"},
     {"UPPER", 1, true, "zlx_upper(%1)"},
@@ -82,10 +87,12 @@ constexpr TypeRule kTypeRules[] = {
     {"integer", 56, "4"}, {"smallint", 52, "2"}, {"bigint", 127, "8"}, {"%zlx_bit", 104, "1"},
     {"double precision", 62, "8"}, {"real", 59, "4"}, {"timestamp(0)%", 58, "4"}, {"timestamp%", 61, "8"},
     {"date", 40, "3"}, {"time(%", 41, "5"}, {"time %", 41, "5"}, {"%zlx_datetime2_%", 42, "8"},
-    {"numeric(19,4)", 60, "8"}, {"numeric%", 108, "p"}, {"character varying%", 167, "n"},
-    {"character(%", 175, "n"}, {"%zlx_nvarchar_%", 231, "2n"}, {"%zlx_varchar_%", 167, "n"},
+    {"numeric(19,4)", 60, "8"}, {"%zlx_decimal_%", 106, "p"}, {"numeric%", 108, "p"},
+    {"character varying%", 167, "n"}, {"character(%", 175, "n"}, {"%zlx_nvarchar_max", 231, "-1"},
+    {"%zlx_nvarchar_%", 231, "2n"}, {"%zlx_varchar_max", 167, "-1"}, {"%zlx_varchar_%", 167, "n"},
     {"%zlx_nchar_%", 239, "2n"}, {"%zlx_ntext", 99, "16"}, {"%zlx_text", 35, "16"},
-    {"text", 35, "16"}, {"%zlx_image", 34, "16"}, {"bytea", 34, "16"},
+    {"text", 35, "16"}, {"%zlx_image", 34, "16"}, {"%zlx_varbinary_max", 165, "-1"},
+    {"%zlx_varbinary_%", 165, "n"}, {"%zlx_binary_%", 173, "n"}, {"bytea", 34, "16"},
 };
 // clang-format on
 // The length follows "(" in a type's own name and "_" in a text domain's.
@@ -102,6 +109,11 @@ std::span<const FunctionSpelling> PostgresDialect::Functions() const {
 // and Name stay the same object, as on a case-insensitive SQL Server.
 QString PostgresDialect::QuoteName(const QString& name) const {
     return EngineDialect::QuoteName(name.toLower());
+}
+
+// Quoted as written, so that the engine's errors name it so (see DropConstraint).
+QString PostgresDialect::ConstraintName(const QString& name, bool) const {
+    return EngineDialect::QuoteName(name);
 }
 
 // PostgreSQL's reserved words and those it keeps from column names that SQL Server does not
@@ -223,6 +235,10 @@ QString PostgresDialect::SizedTextColumnType(const QString& type) const {
     return TextDomainName(type);
 }
 
+QString PostgresDialect::DomainColumnType(const QString& type) const {
+    return TypeDomainName(type);
+}
+
 // The domains of the statement's text columns are made before it runs.
 bool PostgresDialect::RunDefinition(const Tokens& statement) {
     if (statement.size() < 2 || !statement[1].IsWord(u"TABLE") ||
@@ -230,6 +246,8 @@ bool PostgresDialect::RunDefinition(const Tokens& statement) {
         return false;
     if (const QStringList domains = TextDomainsOf(statement); !domains.isEmpty())
         Access().Run(TextDomainsCreation(domains));
+    if (const QStringList domains = TypeDomainsOf(statement); !domains.isEmpty())
+        Access().Run(TypeDomainsCreation(domains));
     return false;
 }
 
@@ -348,10 +366,10 @@ QStringList PostgresDialect::CatalogStatements(const QString& applicationName) {
             // (which converts to a text, where an IMAGE value is error 529).
             QStringLiteral("IF to_regtype('zlx_image') IS NULL THEN CREATE DOMAIN zlx_image AS "
                            "bytea; END IF; ") +
-            TextSearchFunctions() + TextDomainFunction() + BlankKeepingTextFunctions() +
-            FixedTextFunctions() + TextBytesFunction() + BytesTextFunction() + BitFunctions() +
-            NumberFunctions() + NumberTextFunctions() + DateReadingFunctions() +
-            DateTypeFunctions() + BuiltinFunctionsSql() +
+            TextSearchFunctions() + TextDomainFunction() + TypeDomainFunction() +
+            BlankKeepingTextFunctions() + FixedTextFunctions() + TextBytesFunction() +
+            BytesTextFunction() + BitFunctions() + NumberFunctions() + NumberTextFunctions() +
+            DateReadingFunctions() + DateTypeFunctions() + BuiltinFunctionsSql() +
             QStringLiteral(" EXCEPTION WHEN unique_violation OR duplicate_object OR "
                            "duplicate_function THEN NULL; END $$"),
         OlderTextColumnsConversion(),
@@ -480,6 +498,28 @@ bool PostgresDialect::HasConstraint(const QString& table, const QString& name) {
                 .empty();
 }
 
+// A constraint keeps the application's spelling (see ConstraintName), one made before it the
+// lower case: it is found without regard to case, as SQL Server's names are.
+bool PostgresDialect::DropConstraint(const QString& table, const QString& name) {
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT quote_ident(conname) FROM pg_constraint WHERE conrelid = CAST(%1 AS "
+                       "regclass) AND lower(conname) = lower(%2)")
+            .arg(SqlString(table), SqlString(name)));
+    if (rows.empty()) return false;
+    Access().Run(
+        QStringLiteral("ALTER TABLE %1 DROP CONSTRAINT %2").arg(table, rows[0][0].ToString()));
+    return true;
+}
+
+QString PostgresDialect::CheckDefinition(const QString& table, const QString& name) {
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT pg_get_constraintdef(oid) FROM pg_constraint WHERE conrelid = "
+                       "to_regclass(%1) AND contype = 'c' AND conname = %2")
+            .arg(SqlString(Access().EngineObjectName(table)), SqlString(name)));
+    return rows.empty() ? QString()
+                        : QStringLiteral("CONSTRAINT \"%1\" %2").arg(name, rows[0][0].ToString());
+}
+
 std::vector<ForeignKey> PostgresDialect::ForeignKeysAround(const QString& tsqlTable) {
     // The columns of a key in their order, joined by commas.
     const auto columns = [](const char* keys, const char* table) {
@@ -506,8 +546,8 @@ QString PostgresDialect::IndexesQuery(const QString&) const {
     return QStringLiteral("SELECT CAST(tablename AS text) AS TABLE_NAME, "
                           "CAST(COALESCE(%2, indexname) AS text) AS INDEX_NAME FROM "
                           "pg_indexes WHERE schemaname = current_schema() AND tablename = "
-                          "lower(%1) AND (%2 IS NULL OR indexname = lower(%2) OR indexname "
-                          "= lower(%3))");
+                          "lower(%1) AND (%2 IS NULL OR lower(indexname) = lower(%2) OR "
+                          "lower(indexname) = lower(%3))");
 }
 
 QString PostgresDialect::TruncateSql(const QString& table) const {
@@ -573,6 +613,7 @@ QString TsqlTypeOf(const QString& type) {
     };
     QString tsql = LookUpType(kinds, type);
     if (tsql.isEmpty()) tsql = TsqlTypeOfTextDomain(type);
+    if (tsql.isEmpty()) tsql = TsqlTypeOfTypeDomain(type);
     if (tsql.isEmpty() && type.startsWith(u"numeric"))
         tsql = QStringLiteral("DECIMAL") + type.mid(7);
     if (tsql.isEmpty()) tsql = TsqlDateTypeOf(type);

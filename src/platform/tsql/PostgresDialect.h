@@ -12,6 +12,7 @@ public:
     explicit PostgresDialect(EngineAccess* access = nullptr) : EngineDialect(access) {}
 
     QString QuoteName(const QString& name) const override;
+    QString ConstraintName(const QString& name, bool quoted) const override;
     bool ReservesWord(const QString& word) const override;
     QString StringAggregate(const QString& value, const QString& separator,
                             const QString& order) const override;
@@ -47,6 +48,7 @@ public:
     QString ColumnCheck(const QString& column, const QString& type) const override;
     QString ColumnType(const QString& type) const override;
     QString SizedTextColumnType(const QString& type) const override;
+    QString DomainColumnType(const QString& type) const override;
     bool RunDefinition(const Tokens& statement) override;
     QString StoredBit(const QString& value) const override;
     QString BitCast(const QString& value) const override;
@@ -85,6 +87,8 @@ public:
     void NameDefault(const QString& table, const QString& column, const QString& name) override;
     bool DropNamedDefault(const QString& table, const QString& name) override;
     bool HasConstraint(const QString& table, const QString& name) override;
+    QString CheckDefinition(const QString& table, const QString& name) override;
+    bool DropConstraint(const QString& table, const QString& name) override;
     std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) override;
     QString IndexesQuery(const QString& schema) const override;
     QString TruncateSql(const QString& table) const override;

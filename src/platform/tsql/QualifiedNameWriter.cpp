@@ -13,6 +13,11 @@ QualifiedNameWriter::QualifiedNameWriter(const StatementTokens& tokens,
 
 size_t QualifiedNameWriter::Write(size_t i, QString& out) {
     const Token& first = m_t[i];
+    if (NamesConstraint(i)) {
+        out += first.leading +
+               m_dialect.ConstraintName(first.text, first.kind == TokenKind::QuotedName);
+        return i + 1;
+    }
     if ((m_t.WordAt(i - 1, u"FROM") || m_t.WordAt(i - 1, u"JOIN")) &&
         IsUnprovidedSystemTable(first.text))
         ThrowUnsupported(first.text.toLower());
@@ -84,6 +89,13 @@ bool QualifiedNameWriter::NeedsQuotes(size_t i) const {
     if (token.kind == TokenKind::QuotedName) return true;
     return token.kind == TokenKind::Word && m_dialect.ReservesWord(token.text) &&
            !m_t.SymbolAt(i + 1, u"(");
+}
+
+bool QualifiedNameWriter::NamesConstraint(size_t i) const {
+    if (!m_t.WordAt(i - 1, u"CONSTRAINT")) return false;
+    for (QStringView kind : {u"CHECK", u"PRIMARY", u"UNIQUE", u"FOREIGN", u"REFERENCES"})
+        if (m_t.WordAt(i + 1, kind)) return true;
+    return false;
 }
 
 bool QualifiedNameWriter::IsCatalogTable(const QString& table) {

@@ -25,6 +25,8 @@ private:
     static bool IsUnprovidedSystemTable(const QString& table);
     static bool IsCatalogTable(const QString& table);
     bool NeedsQuotes(size_t i) const;
+    // The name of CONSTRAINT name CHECK, PRIMARY, UNIQUE, FOREIGN or REFERENCES (not a DEFAULT's).
+    bool NamesConstraint(size_t i) const;
 
     static QString CatalogTable(const QString& table);
     static QString InformationSchemaView(const QString& schema, const QString& view);

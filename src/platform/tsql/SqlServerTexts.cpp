@@ -278,6 +278,11 @@ QString EngineText(const ado::ErrorRecord& record, const Tokens& statement,
 
 } // namespace
 
+QString WithConflictColumn(const QString& text, const QString& column) {
+    if (column.isEmpty() || !text.endsWith(u'.')) return text;
+    return text.chopped(1) + QStringLiteral(", column '%1'.").arg(column);
+}
+
 QString TargetTable(const Tokens& statement) {
     std::size_t i = After(statement, {u"INSERT", u"(INTO)"});
     if (i == 0) i = After(statement, {u"UPDATE"});

@@ -20,6 +20,10 @@ QString SqlServerDescription(const ado::ErrorRecord& record, const Tokens& state
 QString DuplicateKeyText(std::int32_t native, const QString& kind, const QString& name,
                          const QString& table, const QString& value);
 
+// A 547 `text` naming the one column of the conflict: ", column 'c'" before its final stop, in
+// these words in every language; the text as it is for an empty `column`.
+QString WithConflictColumn(const QString& text, const QString& column);
+
 // The table an INSERT, UPDATE, DELETE or ALTER TABLE writes, without its schema.
 QString TargetTable(const Tokens& statement);
 // The statement's first word as SQL Server's messages name it (INSERT, UPDATE, DELETE...).

@@ -58,8 +58,10 @@ constexpr TypeRule kTypeRules[] = {
     {"BIGINT", 127, "8"}, {"BIT", 104, "1"}, {"FLOAT", 62, "8"}, {"REAL", 59, "4"},
     {"DATETIME", 61, "8"}, {"SMALLDATETIME", 58, "4"}, {"MONEY", 60, "8"},
     {"DATE", 40, "3"}, {"TIME%", 41, "5"}, {"DATETIME2%", 42, "8"},
-    {"DECIMAL%", 106, "p"}, {"NUMERIC%", 108, "p"}, {"NVARCHAR%", 231, "2n"}, {"VARCHAR%", 167, "n"},
-    {"NCHAR%", 239, "2n"}, {"CHAR%", 175, "n"}, {"NTEXT", 99, "16"}, {"TEXT", 35, "16"}, {"IMAGE", 34, "16"},
+    {"DEC%", 106, "p"}, {"NUMERIC%", 108, "p"}, {"NVARCHAR%MAX%", 231, "-1"}, {"NVARCHAR%", 231, "2n"},
+    {"VARCHAR%MAX%", 167, "-1"}, {"VARCHAR%", 167, "n"}, {"NCHAR%", 239, "2n"}, {"CHAR%", 175, "n"},
+    {"NTEXT", 99, "16"}, {"TEXT", 35, "16"}, {"IMAGE", 34, "16"}, {"VARBINARY%MAX%", 165, "-1"},
+    {"VARBINARY%", 165, "n"}, {"BINARY%", 173, "n"},
 };
 // clang-format on
 constexpr CatalogTypes kCatalogTypes{kTypeRules, "upper(%1)",
@@ -129,11 +131,17 @@ QString SqliteDialect::TextCast(const QString& value, const QString& type) const
            TextResultCollation() + u')';
 }
 
-// SQLite takes no MAX for a length; the type name keeps it, national or not, for DATALENGTH.
+// SQLite takes no MAX for a length; the type name keeps it, national or not, for DATALENGTH
+// and the catalog.
 QString SqliteDialect::SizedTextColumnType(const QString& type) const {
-    static const QRegularExpression unsized(QStringLiteral("^(N?VARCHAR)\\s*\\(\\s*MAX\\s*\\)$"));
+    static const QRegularExpression unsized(
+        QStringLiteral("^(N?VARCHAR|VARBINARY)\\s*\\(\\s*MAX\\s*\\)$"));
     const auto match = unsized.match(type);
     return match.hasMatch() ? match.captured(1) + QStringLiteral(" MAX") : QString();
+}
+
+QString SqliteDialect::DomainColumnType(const QString& type) const {
+    return SizedTextColumnType(type);
 }
 
 // A uniqueidentifier is a text here: it compares without regard to the case of its letters.
@@ -586,6 +594,16 @@ bool SqliteDialect::HasConstraint(const QString& table, const QString& name) {
                 .empty();
 }
 
+// The table's CREATE TABLE holds its checks.
+QString SqliteDialect::CheckDefinition(const QString& table, const QString&) {
+    const auto [schema, bare] = SchemaAndCatalogName(Access().EngineObjectName(table));
+    const auto rows = Access().Query(
+        QStringLiteral("SELECT sql FROM \"%1\".sqlite_master WHERE type = 'table' AND name = %2 "
+                       "COLLATE NOCASE")
+            .arg(schema, SqlString(bare)));
+    return rows.empty() ? QString() : rows[0][0].ToString();
+}
+
 ado::AdoError SqliteDialect::WithBrokenKeyNamed(const ado::AdoError& error,
                                                 const std::function<void()>& rerun) {
     if (error.Records().empty() ||
@@ -816,13 +834,14 @@ TableColumns SqliteDialect::ColumnsOf(const QString& table) {
     // The identity is the AUTOINCREMENT key.
     for (const auto& row : Access().Query(
              QStringLiteral("SELECT p.name, p.type, p.pk = 1 AND m.sql LIKE '%AUTOINCREMENT%', "
-                            "p.\"notnull\", m.sql FROM pragma_table_info(%1, %2) p, "
+                            "p.\"notnull\", m.sql, p.pk > 0 FROM pragma_table_info(%1, %2) p, "
                             "%3.sqlite_master m WHERE m.type = 'table' AND m.name = %1 COLLATE "
                             "NOCASE ORDER BY p.cid")
                  .arg(SqlString(bare), SqlString(schema), schema))) {
         TableColumn column =
             ColumnOfType(row.at(0).ToString(), row.at(1).ToString(), row.at(2).ToLong() != 0);
-        column.notNull = column.identity || row.at(3).ToLong() != 0;
+        // A key's columns are NOT NULL on SQL Server.
+        column.notNull = column.identity || row.at(3).ToLong() != 0 || row.at(5).ToLong() != 0;
         if (column.identity) {
             column.seed = SqliteIdentities::MarkedSeed(row.at(4).ToString());
             column.step = SqliteIdentities::MarkedStep(row.at(4).ToString());

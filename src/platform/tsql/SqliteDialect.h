@@ -55,6 +55,7 @@ public:
     QString IntegerBytes(const QString& value, int count) const override;
     QString TextCast(const QString& value, const QString& type) const override;
     QString SizedTextColumnType(const QString& type) const override;
+    QString DomainColumnType(const QString& type) const override;
     QString ColumnType(const QString& type) const override;
     bool ReservesWord(const QString& word) const override;
     QString ColumnCheck(const QString& column, const QString& type) const override;
@@ -94,6 +95,7 @@ public:
     void NameDefault(const QString& table, const QString& column, const QString& name) override;
     bool DropNamedDefault(const QString& table, const QString& name) override;
     bool HasConstraint(const QString& table, const QString& name) override;
+    QString CheckDefinition(const QString& table, const QString& name) override;
     ado::AdoError WithBrokenKeyNamed(const ado::AdoError& error,
                                      const std::function<void()>& rerun) override;
     std::vector<ForeignKey> ForeignKeysAround(const QString& tsqlTable) override;

@@ -132,6 +132,7 @@ private:
     // variable or first in CONVERT) rather than calls a function.
     bool IsTypeName(size_t i) const;
 
+    QString ColumnProperty(size_t open, size_t close, const std::vector<size_t>& commas) const;
     CallArgument ArgumentOf(size_t from, size_t to);
 
     // The arguments of the call whose parentheses are at `open` and `close`.

@@ -1,4 +1,5 @@
 #include "platform/tsql/BuiltinFunctions.h"
+#include "platform/tsql/ColumnProperties.h"
 #include "platform/tsql/DateOperands.h"
 #include "platform/tsql/EngineDialect.h"
 #include "platform/tsql/RandomSequence.h"
@@ -40,8 +41,10 @@ size_t StatementWriter::EmitFunction(size_t i, QString& out) {
             return close + 1;
         }
     }
-    // The engines' catalogs keep no column properties this layer reads yet.
-    if (t.IsWord(u"COLUMNPROPERTY")) ThrowUnsupported(QStringLiteral("COLUMNPROPERTY"));
+    if (t.IsWord(u"COLUMNPROPERTY")) {
+        out += lead + ColumnProperty(open, close, commas);
+        return close + 1;
+    }
     if (t.IsWord(u"SERVERPROPERTY")) {
         if (arg(0).compare(u"'ProductVersion'", Qt::CaseInsensitive) != 0)
             ThrowUnsupported(QStringLiteral("ServerProperty(") + arg(0) + u')');
@@ -147,6 +150,27 @@ bool StatementWriter::IsTypeName(size_t i) const {
     if (before.IsSymbol(u"(")) return i >= 2 && m_t[i - 2].IsWord(u"CONVERT");
     return (m_t.WordAt(0, u"CREATE") || m_t.WordAt(0, u"ALTER")) && IsName(before) &&
            !before.IsWord(u"DEFAULT");
+}
+
+// COLUMNPROPERTY(OBJECT_ID('t'), 'c', 'property'), the table, column and property literals:
+// answered from the table's columns as the statement is written.
+QString StatementWriter::ColumnProperty(size_t open, size_t close,
+                                        const std::vector<size_t>& commas) const {
+    if (commas.size() != 2)
+        ThrowStatementError(QStringLiteral("The columnproperty function requires 3 argument(s)."),
+                            ado::kNativeArgumentCount);
+    const size_t id = open + 1;
+    const bool tableNamed = commas[0] == id + 4 && m_t[id].IsWord(u"OBJECT_ID") &&
+                            m_t.SymbolAt(id + 1, u"(") && m_t[id + 2].kind == TokenKind::String &&
+                            !m_t[id + 2].text.contains(u'.');
+    const auto literal = [&](size_t from, size_t to) {
+        return to == from + 1 && m_t[from].kind == TokenKind::String;
+    };
+    if (!tableNamed || !literal(commas[0] + 1, commas[1]) || !literal(commas[1] + 1, close) ||
+        !m_context.tableColumns)
+        ThrowUnsupported(QStringLiteral("COLUMNPROPERTY de una expresión"));
+    const TableColumns columns = m_context.tableColumns(m_t[id + 2].text);
+    return ColumnProperties(columns).Value(m_t[commas[0] + 1].text, m_t[commas[1] + 1].text);
 }
 
 CallArgument StatementWriter::ArgumentOf(size_t from, size_t to) {

@@ -2,6 +2,8 @@
 
 #include "platform/tsql/EngineDialect.h"
 
+#include <string_view>
+
 namespace zlx::tsql {
 namespace {
 
@@ -68,6 +70,10 @@ const char* TypeNameOf(int xtype) {
         return "bigint";
     case 167:
         return "varchar";
+    case 165:
+        return "varbinary";
+    case 173:
+        return "binary";
     case 175:
         return "char";
     case 231:
@@ -80,7 +86,10 @@ const char* TypeNameOf(int xtype) {
 }
 
 QString CharacterLengthOf(const TypeRule& rule, const CatalogTypes& types, const QString& type) {
+    if (rule.length == std::string_view("-1")) return QStringLiteral("-1"); // a (MAX) type
     switch (rule.xtype) {
+    case 165:
+    case 173:
     case 167:
     case 175:
     case 231:

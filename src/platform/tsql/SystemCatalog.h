@@ -8,7 +8,8 @@
 namespace zlx::tsql {
 
 // One kind of column: the LIKE pattern of its type text, its xtype and its length (a number,
-// or "n" for the declared size, "2n" for twice it, "p" for a decimal's storage size).
+// or "n" for the declared size, "2n" for twice it, "p" for a decimal's storage size; "-1" is a
+// (MAX) type's).
 struct TypeRule {
     const char* pattern;
     int xtype;

@@ -13,7 +13,7 @@ ColumnKind KindOfTsqlType(const QString& type) {
     if (base == u"BIT") return ColumnKind::Bit;
     if (base == u"FLOAT" || base == u"REAL") return ColumnKind::Float;
     if (base == u"MONEY" || base == u"SMALLMONEY") return ColumnKind::Money;
-    if (base == u"DECIMAL" || base == u"NUMERIC") return ColumnKind::Decimal;
+    if (base == u"DECIMAL" || base == u"DEC" || base == u"NUMERIC") return ColumnKind::Decimal;
     if (base == u"DATETIME" || base == u"SMALLDATETIME" || base == u"DATE" || base == u"TIME" ||
         base == u"DATETIME2")
         return ColumnKind::Date;

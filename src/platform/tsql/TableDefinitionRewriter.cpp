@@ -111,6 +111,8 @@ void TableDefinitionRewriter::PrepareDefinitions() {
             MarkNationalText(i);
         } else if (const auto dateType = DateColumnTypeAt(i)) {
             UseDateColumnType(i, *dateType);
+        } else if (IsDomainColumnType(i)) {
+            UseDomainType(i);
         } else if (m_t[i].IsWord(u"DEFAULT") && m_t.At(i + 1) &&
                    m_t.At(i + 1)->Is(TokenKind::Number, u"0") && IsDateColumnBefore(i)) {
             // A date column's default 0 is the date numbered 0.
@@ -229,6 +231,26 @@ void TableDefinitionRewriter::UseSizedTextType(size_t type) {
     const size_t end = m_t.Close(type + 1) + 1;
     const QString engineType = m_dialect.SizedTextColumnType(
         TokensToSql(Tokens(m_t.begin() + type, m_t.begin() + end)).simplified().toUpper());
+    if (engineType.isEmpty()) return;
+    m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(type) + 1,
+              m_t.begin() + static_cast<std::ptrdiff_t>(end));
+    m_t[type] = Raw(engineType, m_t[type].leading);
+}
+
+bool TableDefinitionRewriter::IsDomainColumnType(size_t i) const {
+    static const QStringList types = {QStringLiteral("DECIMAL"), QStringLiteral("DEC"),
+                                      QStringLiteral("VARBINARY"), QStringLiteral("BINARY")};
+    return m_t[i].kind == TokenKind::Word && types.contains(m_t[i].text, Qt::CaseInsensitive) &&
+           FollowsColumnName(i);
+}
+
+void TableDefinitionRewriter::UseDomainType(size_t type) {
+    const size_t end = m_t.SymbolAt(type + 1, u"(") ? m_t.Close(type + 1) + 1 : type + 1;
+    const QString engineType = m_dialect.DomainColumnType(
+        TokensToSql(Tokens(m_t.begin() + static_cast<std::ptrdiff_t>(type),
+                           m_t.begin() + static_cast<std::ptrdiff_t>(end)))
+            .simplified()
+            .toUpper());
     if (engineType.isEmpty()) return;
     m_t.erase(m_t.begin() + static_cast<std::ptrdiff_t>(type) + 1,
               m_t.begin() + static_cast<std::ptrdiff_t>(end));

@@ -55,6 +55,10 @@ private:
     // The date type at `type` as the engine spells it.
     void UseDateColumnType(size_t type, const ado::DateType& dateType);
 
+    // A DECIMAL, VARBINARY or BINARY type right after a column's name.
+    bool IsDomainColumnType(size_t i) const;
+    // That type as the engine's own type for it (a domain on PostgreSQL).
+    void UseDomainType(size_t type);
     // A national text type (NCHAR, NVARCHAR, NTEXT) followed by the engine's mark for it.
     void MarkNationalText(size_t type);
     // A sized text type the engine spells otherwise (a domain on PostgreSQL).

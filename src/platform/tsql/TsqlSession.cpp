@@ -4,6 +4,7 @@
 #include "platform/engines/SqliteDriver.h"
 #include "platform/tsql/BatchParser.h"
 #include "platform/tsql/BatchSplitter.h"
+#include "platform/tsql/CheckConflicts.h"
 #include "platform/tsql/ColumnAdditions.h"
 #include "platform/tsql/ConstraintNames.h"
 #include "platform/tsql/ForeignKeyConflicts.h"
@@ -402,9 +403,11 @@ void TsqlSession::AbortTransactionAfter(const ado::AdoError& error) {
 }
 
 ado::AdoError TsqlSession::SqlServerError(const ado::AdoError& error, const Tokens& statement) {
-    return WithSqlServerNumbers(
-        WithForeignKeyNamed(error, statement, *m_dialect, CurrentDatabase()), statement,
-        CurrentDatabase());
+    const QString database = CurrentDatabase();
+    const ado::AdoError named = WithCheckColumnNamed(
+        WithForeignKeyNamed(error, statement, *m_dialect, database), statement, *m_dialect,
+        [this](const QString& table) { return ColumnsOf(table); }, database);
+    return WithSqlServerNumbers(named, statement, database);
 }
 
 void TsqlSession::RunUndoable(const std::function<void()>& run) {
@@ -907,6 +910,7 @@ bool TsqlSession::RunDefinition(const Tokens& statement) {
         if (!m_dialect->HasConstraint(table, constraint))
             ThrowStatementError(QStringLiteral("'%1' is not a constraint.").arg(constraint),
                                 ado::kNativeNotAConstraint, QStringLiteral("42000"));
+        if (m_dialect->DropConstraint(table, constraint)) return true;
     }
     if (StartsWith(statement, {u"CREATE", u"DEFAULT"}) && statement.size() >= 5 &&
         statement[3].IsWord(u"AS")) {

@@ -38,7 +38,8 @@ std::optional<int> VarbinaryLength(const QString& type) {
 
 std::optional<DecimalDigits> DecimalType(const QString& type) {
     static const QRegularExpression decimal(
-        QStringLiteral("^(?:DECIMAL|NUMERIC)\\s*(?:\\(\\s*(\\d+)\\s*(?:,\\s*(\\d+)\\s*)?\\))?$"),
+        QStringLiteral(
+            "^(?:DEC(?:IMAL)?|NUMERIC)\\s*(?:\\(\\s*(\\d+)\\s*(?:,\\s*(\\d+)\\s*)?\\))?$"),
         QRegularExpression::CaseInsensitiveOption);
     const QString written = type.trimmed().toUpper();
     if (written == u"MONEY") return DecimalDigits{19, 4};

@@ -104,7 +104,8 @@ TEST(TsqlTranslator, UnnamedForeignKeysTakeSqlServersNames) {
                        "ProductId INT FOREIGN KEY REFERENCES Products, Batch INT CONSTRAINT "
                        "fk_batch REFERENCES Batches, FOREIGN KEY (Batch, id) REFERENCES Lots)"),
         Target::PostgreSQL);
-    const QRegularExpression names(QStringLiteral("CONSTRAINT (\\w+) (REFERENCES|FOREIGN)"));
+    // PostgreSQL keeps each name as written, quoted.
+    const QRegularExpression names(QStringLiteral("CONSTRAINT \"(\\w+)\" (REFERENCES|FOREIGN)"));
     QStringList found;
     for (const auto& match : names.globalMatch(created))
         found << match.captured(1);
@@ -156,7 +157,7 @@ TEST(TsqlTranslator, NamesUnnamedChecksAsSqlServer) {
     EXPECT_NE(SqlServerCheckName(QStringLiteral("t"), QString(), 1),
               SqlServerCheckName(QStringLiteral("t"), QString(), 2));
     EXPECT_TRUE(Translated(QStringLiteral("ALTER TABLE t ADD CHECK (a > 0)"), Target::PostgreSQL)
-                    .contains(u"CONSTRAINT CK__t__a__"));
+                    .contains(u"CONSTRAINT \"CK__t__a__"));
     EXPECT_FALSE(Translated(QStringLiteral("ALTER TABLE t CHECK CONSTRAINT ALL"), Target::SQLite)
                      .contains(u"CK__"));
 }
@@ -206,7 +207,8 @@ TEST(TsqlTranslator, UnsupportedConstructsNameThemselves) {
           "SELECT name FROM sys.tables", "CREATE TABLE calculos (a INT, doble AS (a * 2))",
           "ALTER TABLE calculos ADD triple AS a * 3",
           "SELECT * FROM INFORMATION_SCHEMA.TABLE_CONSTRAINTS",
-          "SELECT name FROM sysindexes WHERE id = 1",
+          "SELECT name FROM sysindexes WHERE id = 1", "SELECT COLUMNPROPERTY(1, 'a', 'AllowsNull')",
+          "SELECT COLUMNPROPERTY(OBJECT_ID('t'), a, 'Precision') FROM t",
           // What SQLite lacks itself.
           "SELECT a, SUM(n) FROM t GROUP BY ROLLUP(a)",
           "SELECT GROUPING(a), SUM(n) FROM t GROUP BY GROUPING SETS ((a), ())",

@@ -4,7 +4,7 @@ ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY NONCLUSTE
 -- SQLite
 ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY (zolmarID)
 -- PostgreSQL
-ALTER TABLE clientes ADD CONSTRAINT clientes_PKEY_zolmarID PRIMARY KEY (zolmarID)
+ALTER TABLE clientes ADD CONSTRAINT "clientes_PKEY_zolmarID" PRIMARY KEY (zolmarID)
 -- result on SQLite
 -- result on PostgreSQL
 count -1

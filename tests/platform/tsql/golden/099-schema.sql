@@ -4,6 +4,6 @@ ALTER TABLE clientes ADD Precio DECIMAL(12,2) NOT NULL DEFAULT '1.5'
 -- SQLite
 ALTER TABLE clientes ADD Precio DECIMAL(12,2) NOT NULL DEFAULT '1.5'
 -- PostgreSQL
-ALTER TABLE clientes ADD Precio DECIMAL(12,2) NOT NULL DEFAULT '1.5'
+ALTER TABLE clientes ADD Precio zlx_decimal_12_2 NOT NULL DEFAULT '1.5'
 -- result
 count -1

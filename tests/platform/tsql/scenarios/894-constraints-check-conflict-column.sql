@@ -1,7 +1,5 @@
 -- The 547 text of a CHECK over one column names that column after the table, as SQL Server's
 -- does for a column's CHECK and for a table's CHECK that names one column.
--- gap sqlite: the 547 text of a CHECK ends at the table, without ", column '...'"
--- gap postgres: the 547 text of a CHECK ends at the table, without ", column '...'"
 -- run
 CREATE TABLE pedidos_cliente (id INT PRIMARY KEY, cantidad INT CONSTRAINT ck_cantidad CHECK (cantidad > 0), maximo INT)
 ALTER TABLE pedidos_cliente ADD CONSTRAINT ck_pedidos_maximo CHECK (maximo < 100)

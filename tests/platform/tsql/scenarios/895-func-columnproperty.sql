@@ -1,8 +1,6 @@
 -- COLUMNPROPERTY answers a column's properties: AllowsNull 1 or 0, IsIdentity 1 or 0, ColumnId
 -- its place, Precision and Scale those of its type, IsComputed 0; NULL for an unknown property
 -- or column.
--- gap sqlite: COLUMNPROPERTY is refused (0x80040E14, "COLUMNPROPERTY")
--- gap postgres: COLUMNPROPERTY is refused (0x80040E14, "COLUMNPROPERTY")
 -- run
 CREATE TABLE fichas (id INT IDENTITY(1, 1) PRIMARY KEY, nombre VARCHAR(30) NOT NULL, importe DECIMAL(9, 2) NULL)
 -- run
