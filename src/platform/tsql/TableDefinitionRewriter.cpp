@@ -119,8 +119,8 @@ void TableDefinitionRewriter::PrepareDefinitions() {
             m_t[i + 1].kind = TokenKind::String;
             m_t[i + 1].text = m_context.jetDates ? QStringLiteral("1899-12-30 00:00:00")
                                                  : QStringLiteral("1900-01-01 00:00:00");
-        } else if (m_t[i].IsWord(u"DEFAULT") && m_t.WordAt(i + 1, u"GETDATE") &&
-                   m_t.SymbolAt(i + 2, u"(")) {
+        } else if (m_t[i].IsWord(u"DEFAULT") && m_t.At(i + 1) &&
+                   m_t.At(i + 1)->kind == TokenKind::Word && m_t.SymbolAt(i + 2, u"(")) {
             // A call as a column's default goes in parentheses, which SQLite requires.
             m_t.insert(m_t.begin() + static_cast<std::ptrdiff_t>(m_t.Close(i + 2)) + 1,
                        Raw(QStringLiteral(")")));

@@ -1,0 +1,13 @@
+-- A column's DEFAULT may be a system function written without parentheses around it
+-- (SYSDATETIME(), GETUTCDATE(), NEWID(), SUSER_SNAME(), HOST_NAME(), CURRENT_TIMESTAMP), as
+-- SQL Server's tools script it; each row takes its own value.
+-- run
+CREATE TABLE altas (n INT, d DATETIME2 DEFAULT SYSDATETIME(), e DATETIME DEFAULT GETUTCDATE(), g UNIQUEIDENTIFIER DEFAULT NEWID(), u VARCHAR(30) DEFAULT SUSER_SNAME(), h VARCHAR(30) DEFAULT HOST_NAME(), k DATETIME DEFAULT CURRENT_TIMESTAMP)
+INSERT INTO altas (n) VALUES (1)
+INSERT INTO altas (n) VALUES (2)
+-- run
+SELECT COUNT(*), COUNT(DISTINCT g), MIN(CASE WHEN d > '20240101' AND e > '20240101' AND k > '20240101' THEN 1 ELSE 0 END), MIN(LEN(CAST(g AS VARCHAR(40)))), MIN(CASE WHEN u <> '' AND h <> '' THEN 1 ELSE 0 END) FROM altas
+-- expect
+rowset
+row 2|2|1|36|1
+end
