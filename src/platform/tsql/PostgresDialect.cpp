@@ -239,15 +239,28 @@ QString PostgresDialect::DomainColumnType(const QString& type) const {
     return TypeDomainName(type);
 }
 
-// The domains of the statement's text columns are made before it runs.
+namespace {
+
+// SQL that makes the domains `names` through `maker` (zlx_text_domain, zlx_type_domain), each
+// unless it is there.
+QString DomainsCreation(QStringView maker, const QStringList& names) {
+    QStringList calls;
+    for (const QString& name : names)
+        calls << QStringLiteral("%1('%2')").arg(maker, name);
+    return QStringLiteral("SELECT ") + calls.join(u", "_qs);
+}
+
+} // namespace
+
+// The domains of the statement's text and typed columns are made before it runs.
 bool PostgresDialect::RunDefinition(const Tokens& statement) {
     if (statement.size() < 2 || !statement[1].IsWord(u"TABLE") ||
         !(statement[0].IsWord(u"CREATE") || statement[0].IsWord(u"ALTER")))
         return false;
     if (const QStringList domains = TextDomainsOf(statement); !domains.isEmpty())
-        Access().Run(TextDomainsCreation(domains));
+        Access().Run(DomainsCreation(u"zlx_text_domain", domains));
     if (const QStringList domains = TypeDomainsOf(statement); !domains.isEmpty())
-        Access().Run(TypeDomainsCreation(domains));
+        Access().Run(DomainsCreation(u"zlx_type_domain", domains));
     return false;
 }
 

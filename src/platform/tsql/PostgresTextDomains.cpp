@@ -62,13 +62,6 @@ END $f$;
 END IF;)sql");
 }
 
-QString TextDomainsCreation(const QStringList& names) {
-    QStringList calls;
-    for (const QString& name : names)
-        calls << QStringLiteral("zlx_text_domain('%1')").arg(name);
-    return QStringLiteral("SELECT ") + calls.join(u", "_qs);
-}
-
 // A column a view reads cannot change its type: it stays as it was.
 QString OlderTextColumnsConversion() {
     return QStringLiteral(R"sql(DO $$ DECLARE c record; BEGIN

@@ -25,9 +25,6 @@ QStringList TextDomainsOf(const Tokens& statement);
 // domain `name` (one of TextDomainName's) in the current schema unless it is there.
 QString TextDomainFunction();
 
-// SQL that makes the domains `names` unless they are there.
-QString TextDomainsCreation(const QStringList& names);
-
 // SQL that turns the text columns of the current schema made before these domains (text,
 // varchar(n), and character(n) marked national, under the database collation) into them.
 QString OlderTextColumnsConversion();

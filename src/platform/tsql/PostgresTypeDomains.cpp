@@ -71,13 +71,6 @@ END $f$;
 END IF;)sql");
 }
 
-QString TypeDomainsCreation(const QStringList& names) {
-    QStringList calls;
-    for (const QString& name : names)
-        calls << QStringLiteral("zlx_type_domain('%1')").arg(name);
-    return QStringLiteral("SELECT ") + calls.join(u", "_qs);
-}
-
 QString TsqlTypeOfTypeDomain(const QString& engineType) {
     static const QRegularExpression domain(
         QStringLiteral(R"(^(?:.*\.)?zlx_(?:decimal_(\d+)_(\d+)|(var)?binary_(\d+|max))$)"));

@@ -23,9 +23,6 @@ QStringList TypeDomainsOf(const Tokens& statement);
 // domain `name` (one of TypeDomainName's) in the current schema unless it is there.
 QString TypeDomainFunction();
 
-// SQL that makes the domains `names` unless they are there.
-QString TypeDomainsCreation(const QStringList& names);
-
 // The T-SQL type of an engine type that is one of these domains (DECIMAL(9,2),
 // VARBINARY(MAX)); empty otherwise.
 QString TsqlTypeOfTypeDomain(const QString& engineType);
